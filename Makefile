@@ -1,0 +1,29 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+#
+# The one door to everything: `make demo` and `make test` set up what they need themselves.
+
+export VST3_SDK_DIR ?= $(CURDIR)/.deps/vst3sdk
+
+.PHONY: setup module demo test bench lint clean
+
+setup:
+	@tools/setup.sh
+
+module: setup
+	@tools/build.sh linux module
+	@tools/build.sh windows module
+
+demo: module
+	@tools/demo.sh
+
+test: setup
+	@tools/test.sh
+
+bench: setup
+	@tools/bench.sh
+
+lint: setup
+	@tools/lint.sh
+
+clean:
+	rm -rf build dist

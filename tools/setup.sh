@@ -1,0 +1,55 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
+#
+# Installs what is missing to build, run and test everything. Quick and silent when nothing is.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+readonly packages=(
+    g++ cmake ninja-build make python3 xz-utils ca-certificates
+    g++-mingw-w64-x86-64-posix wine64
+    googletest libbenchmark-dev libutfcpp-dev
+)
+
+missingPackages() {
+    local package
+    for package in "${packages[@]}"; do
+        dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null | grep -qx installed ||
+            echo "$package"
+    done
+}
+
+asRoot() {
+    if [ "$(id -u)" = 0 ]; then
+        "$@"
+    elif command -v sudo >/dev/null; then
+        sudo "$@"
+    else
+        echo "setup: expected to run as root or with sudo, found neither; install these packages by hand: ${missing[*]}" >&2
+        exit 1
+    fi
+}
+
+installMissing() {
+    local log
+    log=$(mktemp)
+    echo "installing ${missing[*]}"
+    if ! { asRoot apt-get update && asRoot env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -y --no-install-recommends "${missing[@]}"; } >"$log" 2>&1; then
+        tail -n 20 "$log" >&2
+        echo "setup: expected apt-get to install ${missing[*]}, it failed; see above, mend it and run 'make setup' again." >&2
+        exit 1
+    fi
+    rm -f "$log"
+}
+
+mapfile -t missing < <(missingPackages)
+[ ${#missing[@]} -eq 0 ] || installMissing
+
+readonly ownSdk="$PWD/.deps/vst3sdk"
+if [ "${VST3_SDK_DIR:-$ownSdk}" = "$ownSdk" ]; then
+    tools/fetch-sdk.sh "$ownSdk"
+elif [ ! -f "$VST3_SDK_DIR/pluginterfaces/base/funknown.h" ]; then
+    echo "setup: expected the plug-in SDK in VST3_SDK_DIR, found none in '$VST3_SDK_DIR'; point it to a folder with base/, pluginterfaces/ and public.sdk/, or unset it." >&2
+    exit 1
+fi
