@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Included ahead of everything else in the Linux build. The SDK's own choice there orders the bytes
+// of interface IDs differently and gives other result codes than on Windows; the host's interfaces
+// have one ABI, so the Linux build takes the COM one as well.
+#pragma once
+
+#include "pluginterfaces/base/fplatform.h"
+#include "pluginterfaces/base/ftypes.h"
+#include "pluginterfaces/base/smartpointer.h"
+
+#undef COM_COMPATIBLE
+#define COM_COMPATIBLE 1
+
+// The result codes in this one header follow the operating system, not COM_COMPATIBLE alone.
+#undef SMTG_OS_WINDOWS
+#define SMTG_OS_WINDOWS 1
+#include "pluginterfaces/base/funknown.h"
+#undef SMTG_OS_WINDOWS
+#define SMTG_OS_WINDOWS 0
