@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "simulator/Track.h"
+
+namespace wybeta::simulator {
+
+void* Plugin::face(const Steinberg::TUID id) {
+    const bool answers =
+        host::sameId(id, Steinberg::FUnknown_iid) ||
+        (kind_ == Kind::VoiceSynthesizer && host::sameId(id, host::IVoiceSynthesizer::iid));
+    return answers ? static_cast<host::IVoiceSynthesizer*>(this) : nullptr;
+}
+
+void Element::holdPlugin(Handle<Plugin> plugin) {
+    isPluginSlot_ = true;
+    plugin_ = std::move(plugin);
+}
+
+Steinberg::FIDString Element::typeName() {
+    return refuses("IProjectElement.typeName") ? nullptr : type_.c_str();
+}
+
+Steinberg::int32 Element::countElements() {
+    return refuses("IProjectElement.countElements")
+               ? 0
+               : static_cast<Steinberg::int32>(elements_.size());
+}
+
+host::IProjectElement* Element::element(Steinberg::int32 index) {
+    const auto place = static_cast<std::size_t>(index);
+    if (refuses("IProjectElement.element") || place >= elements_.size()) {
+        return nullptr;
+    }
+    return handOver<host::IProjectElement>(elements_[place].get());
+}
+
+Steinberg::FUnknown* Element::plugin() {
+    return refuses("IProjectPluginSlot.plugin") ? nullptr : plugin_.get();
+}
+
+void* Element::face(const Steinberg::TUID id) {
+    if (host::sameId(id, Steinberg::FUnknown_iid)) {
+        return static_cast<host::IProjectElement*>(this);
+    }
+    return isPluginSlot_ && host::sameId(id, host::IProjectPluginSlot::iid)
+               ? static_cast<host::IProjectPluginSlot*>(this)
+               : nullptr;
+}
+
+host::IProjectElement* Track::deviceElement() {
+    return refuses("IProjectTrack.deviceElement") ? nullptr
+                                                  : handOver<host::IProjectElement>(device_.get());
+}
+
+void* Track::face(const Steinberg::TUID id) {
+    return host::sameId(id, host::IProjectTrack::iid) ? static_cast<host::IProjectTrack*>(this)
+                                                      : TreeNode::face(id);
+}
+
+Handle<Element> makeDevice(const SharedState& state, Plugin::Kind plugin) {
+    const auto holder = make<Element>(state, "Instrument");
+    holder->holdPlugin(make<Plugin>(state, plugin));
+    const auto slot = make<Element>(state, "Slot");
+    slot->add(holder);
+    const auto device = make<Element>(state, "Device");
+    device->add(make<Element>(state, "Inserts"));
+    device->add(slot);
+    return device;
+}
+
+Handle<Track> makeVoiceTrack(const SharedState& state) {
+    const auto track = make<Track>(state);
+    track->setDevice(makeDevice(state, Plugin::Kind::VoiceSynthesizer));
+    return track;
+}
+
+} // namespace wybeta::simulator
