@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/Options.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace wybeta::tests {
+
+namespace {
+
+std::vector<std::string>& arguments() {
+    static std::vector<std::string> list;
+    return list;
+}
+
+} // namespace
+
+std::optional<std::string> option(std::string_view name) {
+    const std::string prefix = "--" + std::string(name) + "=";
+    for (const auto& argument : arguments()) {
+        if (argument.compare(0, prefix.size(), prefix) == 0) {
+            return argument.substr(prefix.size());
+        }
+    }
+    return std::nullopt;
+}
+
+std::filesystem::path modulePath() {
+    return option("module").value_or("");
+}
+
+} // namespace wybeta::tests
+
+int main(int argc, char** argv) {
+    testing::InitGoogleTest(&argc, argv);
+    wybeta::tests::arguments().assign(argv + 1, argv + argc);
+    return RUN_ALL_TESTS();
+}

@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace wybeta::tests {
+
+// The value of --name=VALUE on the command line of the test program, if it was given.
+std::optional<std::string> option(std::string_view name);
+
+// The built module file that black-box tests load: --module=FILE.
+std::filesystem::path modulePath();
+
+} // namespace wybeta::tests

@@ -1,0 +1,37 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
+#
+# Builds and runs every test: natively, natively with sanitizers, and built for Windows under Wine.
+# Ends with one line that counts them all.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+readonly reports=$PWD/build/test-reports
+readonly linuxModule=WyBeta.vst3/Contents/x86_64-linux/WyBeta.so
+rm -rf "$reports"
+mkdir -p "$reports"
+
+# Runs one program; a failure is kept for the summary, so that the other programs still run.
+runTests() {
+    local name=$1 folder=$2 module=$3
+    shift 3
+    echo "== $name"
+    (cd "$folder" && "$@" --module="$module" --gtest_brief=1 \
+        --gtest_output="json:../test-reports/$name.json") ||
+        echo "$name ended with status $?" | tee -a "$reports/failures"
+}
+
+for preset in linux sanitized; do
+    tools/build.sh $preset module unit_tests module_tests
+    for program in unit_tests module_tests; do
+        runTests "$preset-$program" build/$preset $linuxModule ./tests/$program
+    done
+done
+
+tools/build.sh windows module unit_tests module_tests
+for program in unit_tests module_tests; do
+    runTests "windows-$program" build/windows WyBeta.vst3 \
+        ../../tools/wine.sh tests/$program.exe
+done
+
+python3 tools/summarize_tests.py "$reports"
