@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "dictionary/PronunciationDictionary.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace wybeta::lyrics {
+
+// Syllable phoneme strings in lyric order. One is the phoneme symbols of a sung syllable joined by
+// single spaces: "k a", "ky o", "cl", "sil".
+using SyllableList = std::vector<std::string>;
+
+// The texts that a note and the notes after it are to carry, one for each note. The first is the
+// lyric followed by its first syllable in brackets, each other one a syllable in brackets; or, when
+// there is nothing to convert, the lyric alone.
+using NoteLyricList = std::vector<std::string>;
+
+// Divides a UTF-8 lyric. `noteLyrics` is replaced when the conversion completes and untouched when
+// it throws: utf8::exception for a lyric that is not valid UTF-8, std::bad_alloc. Returns whether
+// the lyric carried its phonemes in brackets.
+bool convertLyric(std::string_view lyric, NoteLyricList& noteLyrics,
+                  const dictionary::PronunciationDictionary& dictionary);
+
+// The syllables of a UTF-8 lyric without brackets: kana, and English words known to the dictionary.
+// Everything else is passed over.
+SyllableList lyricToSyllables(std::string_view lyric,
+                              const dictionary::PronunciationDictionary& dictionary);
+
+} // namespace wybeta::lyrics

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "dictionary/PronunciationDictionary.h"
+#include "host/IProjectNode.h"
+#include "host/NoteRecord.h"
+#include "lyrics/LyricsDivision.h"
+
+namespace wybeta::lyrics {
+
+// Reads a track's notes into `newRecords` and divides each typed lyric over its note and the notes
+// that follow. A lyric is typed when its note is flagged and the lyric is not the one in
+// `oldRecords`. The notes that get a new lyric are added to `division`, their records carry it
+// already; nothing is written to the host.
+//
+// `argument` is what the host passed to start the walk. `newRecords` and `division` come in empty.
+// Returns 1 when at least one lyric was divided, else 0. `oldRecords` must stay as it is, even if
+// the host calls back meanwhile.
+int convertTrackLyrics(host::IProjectNotificationArgument& argument, host::IProjectNode& track,
+                       const host::NoteRecords& oldRecords, host::NoteRecords& newRecords,
+                       LyricsDivision& division);
+
+} // namespace wybeta::lyrics
