@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "extension/WyBetaExtension.h"
 
+#include "dictionary/PronunciationDictionary.h"
+#include "editsteps/TrackTableUpkeep.h"
+#include "extension/ProjectWalk.h"
 #include "host/IProjectNode.h"
 #include "host/Query.h"
+#include "resources/ResourceTable.h"
 
 #include <utility>
 
@@ -24,6 +28,11 @@ IPtr<host::IProjectManager> findManager(host::IProjectHost& projectHost) {
     return Steinberg::owned(static_cast<host::IProjectManager*>(found));
 }
 
+dictionary::PronunciationDictionary loadEmbeddedDictionary() {
+    const auto& text = *resources::findResource("cmudict0_7butf8spll");
+    return dictionary::loadPronunciationDictionary(text.data, text.size);
+}
+
 // Puts `value` into `place` before what was there is released, since the release may call back.
 template <class I>
 void replace(IPtr<I>& place, IPtr<I> value) {
@@ -39,7 +48,9 @@ TrackTable* currentTrackTable() {
     return extension != nullptr ? &extension->trackTable_ : nullptr;
 }
 
-WyBetaExtension::WyBetaExtension() = default;
+WyBetaExtension::WyBetaExtension() {
+    dictionary::pronunciationDictionary() = loadEmbeddedDictionary();
+}
 
 WyBetaExtension::~WyBetaExtension() {
     // A host may drop the extension without having terminated it.
@@ -132,7 +143,18 @@ tresult PLUGIN_API WyBetaExtension::hookEdit(Steinberg::FUnknown* node,
     return kResultOk;
 }
 
-void WyBetaExtension::walkProject(Steinberg::FUnknown* /*argument*/,
-                                  host::IProjectEditContext* /*context*/) {}
+void WyBetaExtension::walkProject(Steinberg::FUnknown* argument,
+                                  host::IProjectEditContext* context) {
+    auto node = host::query<host::IProjectNode>(argument);
+    if (!node) {
+        return;
+    }
+    // The host may drop the extension while it is called back.
+    const auto self = Steinberg::shared<Steinberg::IPluginBase>(this);
+    ProjectWalk walk(trackTable_, static_cast<host::IProjectNotificationArgument&>(*argument),
+                     context);
+    walk.run(std::move(node));
+    editsteps::pruneTrackTable(trackTable_, walk.visited());
+}
 
 } // namespace wybeta

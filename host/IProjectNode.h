@@ -24,7 +24,8 @@ public:
 // A place in the project tree.
 class IProjectNode : public Steinberg::FUnknown {
 public:
-    virtual void PLUGIN_API unused3() {}
+    // Slot 3. As IProjectItem::isKind; the kinds asked for are "folder", "instrument" and "part".
+    virtual bool PLUGIN_API isKind(Steinberg::FIDString kind) = 0;
     virtual void PLUGIN_API unused4() {}
     virtual void PLUGIN_API unused5() {}
     virtual void PLUGIN_API unused6() {}

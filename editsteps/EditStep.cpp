@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "editsteps/EditStep.h"
+
+namespace wybeta::editsteps {
+
+Steinberg::tresult PLUGIN_API EditStep::queryInterface(const Steinberg::TUID id, void** object) {
+    if (!host::sameId(id, Steinberg::FUnknown_iid) && !host::sameId(id, host::IEditStep::iid)) {
+        *object = nullptr;
+        return Steinberg::kNoInterface;
+    }
+    addRef();
+    *object = static_cast<host::IEditStep*>(this);
+    return Steinberg::kResultOk;
+}
+
+Steinberg::uint32 PLUGIN_API EditStep::addRef() {
+    return static_cast<Steinberg::uint32>(++references_);
+}
+
+Steinberg::uint32 PLUGIN_API EditStep::release() {
+    const auto left = --references_;
+    if (left == 0) {
+        delete this;
+    }
+    return static_cast<Steinberg::uint32>(left);
+}
+
+} // namespace wybeta::editsteps

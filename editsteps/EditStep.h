@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "host/IEditStep.h"
+
+#include "pluginterfaces/base/smartpointer.h"
+
+#include <atomic>
+
+namespace wybeta::editsteps {
+
+// What both kinds of step share: identity, the reference count and the track that they belong to. A
+// step is made with one reference, and holds all that it needs: the host may call its methods in
+// any order and any number of times, even after the extension is gone.
+class EditStep : public host::IEditStep {
+public:
+    EditStep(const EditStep&) = delete;
+    EditStep& operator=(const EditStep&) = delete;
+
+    Steinberg::tresult PLUGIN_API queryInterface(const Steinberg::TUID id, void** object) final;
+    Steinberg::uint32 PLUGIN_API addRef() final;
+    Steinberg::uint32 PLUGIN_API release() final;
+
+protected:
+    // The track node is borrowed: the step never holds or releases it.
+    explicit EditStep(host::IProjectNode* trackNode) : trackNode_(trackNode) {}
+    virtual ~EditStep() = default;
+
+    host::IProjectNode* trackNode() const { return trackNode_; }
+
+    // Keeps the step alive while one of its methods calls the host, which may drop it meanwhile.
+    Steinberg::IPtr<host::IEditStep> holdSelf() { return Steinberg::shared<host::IEditStep>(this); }
+
+private:
+    std::atomic<Steinberg::int32> references_{1};
+    host::IProjectNode* trackNode_;
+};
+
+} // namespace wybeta::editsteps

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// How the track table follows the project and the host's undo history.
+#pragma once
+
+#include "editsteps/NoteChange.h"
+#include "extension/TrackTable.h"
+#include "host/IProjectNode.h"
+
+#include <string>
+#include <vector>
+
+namespace wybeta::editsteps {
+
+// Drops the entries of all tracks that are not in `visited`.
+void pruneTrackTable(TrackTable& table, std::vector<TrackKey> visited);
+
+// Writes the texts into the records from the one of `firstEvent` on, in the first list of the table
+// that has one. Texts past the end of that list are left out. Nothing happens when no record has
+// the event. The list has all the texts or, when an allocation fails, none.
+void syncTrackTableLyrics(TrackTable& table, const void* firstEvent,
+                          const std::vector<std::string>& texts);
+
+enum class CountChange { Insert, Remove };
+
+// Brings the current extension's list of a track in line with notes that came back or went. The
+// track is asked for its identity only while the table has an entry under `track`, the identity
+// that it had at first: the node is not held and may be gone with the track. Null node: nothing
+// happens.
+void applyNoteCountChange(host::IProjectNode* trackNode, TrackKey track, const NoteChanges& changes,
+                          CountChange kind);
+
+} // namespace wybeta::editsteps

@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "extension/ProjectWalk.h"
+
+#include "editsteps/ChangeNoteEventCountEditStep.h"
+#include "editsteps/LyricsDevideEditStep.h"
+#include "extension/TargetTrack.h"
+#include "host/Children.h"
+#include "host/NoteReader.h"
+#include "host/Query.h"
+#include "lyrics/LyricPass.h"
+
+#include <utility>
+
+namespace wybeta {
+
+namespace {
+
+using editsteps::ChangeNoteEventCountEditStep;
+using editsteps::LyricsDevideEditStep;
+using editsteps::NoteChanges;
+using host::IProjectNode;
+using host::NoteRecord;
+using host::NoteRecords;
+using Steinberg::IPtr;
+
+// A folder on the way down to the one that is being walked.
+struct OpenNode {
+    explicit OpenNode(IPtr<IProjectNode> opened) : node(std::move(opened)), children(node) {}
+
+    IPtr<IProjectNode> node;
+    host::Children children;
+};
+
+// Clears everything but the event.
+void clearForNextEvent(NoteRecord& record) {
+    const void* const event = record.event;
+    record = {};
+    record.event = event;
+}
+
+// Reads all events of a track that is seen for the first time. An event that is not a note gets a
+// record as well, an empty one that repeats the event of the last note before it; the lyric pass
+// passes such events over, so that the next walk sees a change of count.
+NoteRecords readAllEvents(host::IProjectNotificationArgument& argument, IProjectNode& track) {
+    NoteRecords records;
+    NoteRecord record;
+    host::Children children(&track);
+    while (const auto child = children.next()) {
+        if (!child->isKind("part")) {
+            continue;
+        }
+        const auto timeContext = Steinberg::owned(argument.timeContext(child));
+        host::Children events(host::query<IProjectNode>(child));
+        while (const auto event = events.next()) {
+            clearForNextEvent(record);
+            host::readNoteEvent(static_cast<host::IPartEvent&>(*event), timeContext, record);
+            records.push_back(record);
+        }
+    }
+    return records;
+}
+
+NoteChanges countChanges(const NoteRecords& oldRecords, const NoteRecords& newRecords) {
+    if (oldRecords.size() == newRecords.size()) {
+        return {};
+    }
+    return newRecords.size() > oldRecords.size() ? editsteps::diffNoteLists(newRecords, oldRecords)
+                                                 : editsteps::diffNoteLists(oldRecords, newRecords);
+}
+
+} // namespace
+
+// The folders that are open are kept in a list and not on the stack: they nest to any depth.
+void ProjectWalk::run(IPtr<IProjectNode> node) {
+    std::vector<OpenNode> open;
+    open.emplace_back(std::move(node));
+    while (!open.empty()) {
+        const auto child = open.back().children.next();
+        if (!child) {
+            open.pop_back();
+            continue;
+        }
+        const bool isFolder = child->isKind("folder");
+        auto childNode = host::query<IProjectNode>(child);
+        if (!childNode) {
+            continue;
+        }
+        if (isFolder) {
+            open.emplace_back(std::move(childNode));
+        } else if (const auto track = findTargetTrack(*childNode)) {
+            visitTrack(*childNode, *track);
+        }
+    }
+}
+
+void ProjectWalk::visitTrack(IProjectNode& node, host::IProjectTrack& track) {
+    visited_.push_back(&track);
+    const auto entry = table_.find(&track);
+    if (entry == table_.end()) {
+        auto records = std::make_shared<NoteRecords>(readAllEvents(argument_, node));
+        table_.insert_or_assign(&track, std::move(records));
+        return;
+    }
+    // Held for the whole update: the host may call back, and an inner walk replace the entry.
+    const SharedNoteRecords oldRecords = entry->second;
+    updateTrack(node, &track, *oldRecords);
+}
+
+void ProjectWalk::updateTrack(IProjectNode& node, TrackKey track, const NoteRecords& oldRecords) {
+    NoteRecords newRecords;
+    lyrics::LyricsDivision division;
+    const int hasDivided =
+        lyrics::convertTrackLyrics(argument_, node, oldRecords, newRecords, division);
+
+    const std::size_t newCount = newRecords.size();
+    auto changes = countChanges(oldRecords, newRecords);
+    table_.insert_or_assign(track, std::make_shared<NoteRecords>(std::move(newRecords)));
+
+    if (context_ == nullptr) {
+        return;
+    }
+    if (hasDivided != 0) {
+        handOver(Steinberg::owned(new LyricsDevideEditStep(&node, std::move(division))));
+    } else if (newCount != oldRecords.size()) {
+        const auto cause = newCount < oldRecords.size()
+                               ? ChangeNoteEventCountEditStep::Cause::NotesRemoved
+                               : ChangeNoteEventCountEditStep::Cause::NotesAdded;
+        handOver(Steinberg::owned(
+            new ChangeNoteEventCountEditStep(&node, track, std::move(changes), cause)));
+    }
+}
+
+void ProjectWalk::handOver(IPtr<host::IEditStep> step) {
+    context_->addEditStep(step);
+}
+
+} // namespace wybeta

@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "extension/TargetTrack.h"
+
+#include "host/Query.h"
+
+#include <string_view>
+
+namespace wybeta {
+
+namespace {
+
+using host::IProjectElement;
+using Steinberg::IPtr;
+
+bool hasType(IProjectElement& element, std::string_view type) {
+    const Steinberg::FIDString name = element.typeName();
+    return name != nullptr && name == type;
+}
+
+bool isVoiceSynthesizer(Steinberg::FUnknown* plugin) {
+    return host::query<host::IVoiceSynthesizer>(plugin).get() != nullptr;
+}
+
+// A slot that is empty or holds more than one element does not count, whatever is in it.
+bool holdsVoiceSynthesizer(IProjectElement& slot) {
+    if (slot.countElements() != 1) {
+        return false;
+    }
+    const auto element = Steinberg::owned(slot.element(0));
+    const auto pluginSlot = host::query<host::IProjectPluginSlot>(element);
+    return pluginSlot && isVoiceSynthesizer(pluginSlot->plugin());
+}
+
+bool hasVoiceSynthesizerSlot(IProjectElement& device) {
+    const auto count = device.countElements();
+    for (Steinberg::int32 i = 0; i < count; ++i) {
+        const auto element = Steinberg::owned(device.element(i));
+        if (element && hasType(*element, "Slot") && holdsVoiceSynthesizer(*element)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+} // namespace
+
+IPtr<host::IProjectTrack> findTargetTrack(host::IProjectNode& node) {
+    if (!node.isKind("instrument")) {
+        return {};
+    }
+    auto track = host::query<host::IProjectTrack>(&node);
+    const auto device = Steinberg::owned(track ? track->deviceElement() : nullptr);
+    return device && hasVoiceSynthesizerSlot(*device) ? track : IPtr<host::IProjectTrack>();
+}
+
+} // namespace wybeta
