@@ -1,18 +1,38 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// Runs a module file through its life in a simulated editor and prints what the editor sees.
-#include "simulator/LoadedExtension.h"
+// Loads a module file into a simulated editor, types lyrics into the notes of a song, and shows the
+// notes before, after, undone and redone.
+#include "simulator/Editor.h"
 #include "simulator/ModuleFile.h"
-#include "simulator/ProjectHost.h"
+#include "simulator/TextTable.h"
 
-#include <cstdio>
 #include <exception>
 #include <iostream>
 #include <stdexcept>
+#include <string>
+#include <vector>
 
 namespace {
 
 using namespace wybeta::simulator;
+
+struct Verse {
+    const char* typed;
+    std::size_t notes;
+};
+
+// Each is typed into the first of its notes. The last one but one has more syllables than notes.
+const std::vector<Verse> song = {
+    {"さくら", 3},
+    {"さくら さくら キャンディー", 11},
+    {"Twinkle twinkle little star", 7},
+    {"ドレミ love song", 5},
+    {"hel-lo", 3},
+    {"la[l a,l a,l a]", 3},
+    {"ス0", 1},
+    {"abandon", 2},
+    {"桜", 1},
+};
 
 Steinberg::PClassInfo2 readClassRecord(Steinberg::IPluginFactory& factory) {
     Steinberg::FUnknownPtr<Steinberg::IPluginFactory2> factory2(&factory);
@@ -26,53 +46,103 @@ Steinberg::PClassInfo2 readClassRecord(Steinberg::IPluginFactory& factory) {
 void printClassRecord(const Steinberg::PClassInfo2& record) {
     char id[64] = {};
     Steinberg::FUID(record.cid).toRegistryString(id);
-    std::cout << "class        " << record.name << " " << record.version << "\n"
-              << "id           " << id << "\n"
-              << "category     " << record.category << "\n"
-              << "cardinality  " << record.cardinality << "\n"
-              << "SDK version  " << record.sdkVersion << "\n";
+    std::cout << record.name << " " << record.version << ", category " << record.category
+              << ", SDK version " << record.sdkVersion << ", cardinality " << record.cardinality
+              << "\n"
+              << id << "\n\n";
 }
 
-void expect(bool condition, const char* sentence) {
-    if (!condition) {
+using Notes = std::vector<Handle<Event>>;
+
+Notes addNotes(Part& part, std::size_t count) {
+    Notes notes;
+    for (std::size_t i = 0; i < count; ++i) {
+        notes.push_back(make<Event>(part.state()));
+        notes.back()->startInPart = static_cast<double>(i);
+        part.add(notes.back());
+    }
+    return notes;
+}
+
+std::vector<std::string> lyricsOf(const Notes& notes) {
+    std::vector<std::string> lyrics;
+    for (const auto& note : notes) {
+        lyrics.push_back(note->lyric());
+    }
+    return lyrics;
+}
+
+void expectSame(const std::vector<std::string>& left, const std::vector<std::string>& right,
+                const char* sentence) {
+    if (left != right) {
         throw std::runtime_error(std::string("expected that ") + sentence);
     }
-    std::cout << "             " << sentence << "\n";
 }
 
-void runLifeCycle(Steinberg::IPluginFactory& factory, const SharedState& state) {
-    const auto manager = make<ProjectManager>(state);
-    manager->documents.push_back(make<Document>(state));
-    const auto projectHost = make<ProjectHost>(state, manager);
+void sing(Editor& editor, const Notes& notes, const char* typed) {
+    const auto before = lyricsOf(notes);
+    editor.type(*notes.front(), typed);
+    const auto after = lyricsOf(notes);
+    editor.undo();
+    const auto undone = lyricsOf(notes);
+    editor.redo();
+    const auto redone = lyricsOf(notes);
+    // The editor tells of changes in between; nothing may follow from it.
+    editor.notify();
 
-    const LoadedExtension extension(factory);
-    std::cout << "initialize\n";
-    extension.base().initialize(static_cast<wybeta::host::IProjectHost*>(projectHost.get()));
-    expect(manager->sinks().size() == 1, "the extension hears of project changes");
-    extension.notification().documentOpened(manager->documents[0].get());
-    expect(manager->documents[0]->sinks().size() == 1, "the extension hears of document storage");
-    std::cout << "terminate\n";
-    extension.base().terminate();
-    expect(manager->sinks().empty() && manager->documents[0]->sinks().empty(),
-           "the extension is registered nowhere any more");
+    std::cout << "typed: " << typed << "\n";
+    TextTable table({"note", "before", "after", "undone", "redone"});
+    for (std::size_t i = 0; i < notes.size(); ++i) {
+        table.add({std::to_string(i + 1), before[i], after[i], undone[i], redone[i]});
+    }
+    std::cout << table.text() << "\n";
+    expectSame(before, undone, "undo brings the old lyrics back");
+    expectSame(after, redone, "redo brings the division back");
+    expectSame(after, lyricsOf(notes), "a notification changes no lyric");
+}
+
+void singSong(Steinberg::IPluginFactory& factory) {
+    Editor editor(factory);
+    const auto state = editor.state();
+    const auto part = make<Part>(state);
+    std::vector<Notes> verses;
+    for (const auto& verse : song) {
+        verses.push_back(addNotes(*part, verse.notes));
+        // A note of its own ends each verse, so that nothing spreads into the next one.
+        verses.back().front()->flagged = true;
+    }
+    const auto track = makeVoiceTrack(state);
+    track->add(part);
+    editor.add(editor.project(), 0, track);
+
+    for (std::size_t i = 0; i < song.size(); ++i) {
+        sing(editor, verses[i], song[i].typed);
+    }
+    while (editor.undo()) {
+    }
+    editor.terminate();
 }
 
 void run(const char* path) {
     const ModuleFile module(path);
-    module.initDll();
-    const auto factory = Steinberg::owned(module.getPluginFactory());
-    printClassRecord(readClassRecord(*factory));
-    const auto state = std::make_shared<HostState>();
-    runLifeCycle(*factory, state);
-    expect(state->ledger.isBalanced(), "every reference was given back");
-    module.exitDll();
+    if (!module.initDll()) {
+        throw std::runtime_error("expected InitDll to succeed, it did not");
+    }
+    {
+        const auto factory = Steinberg::owned(module.getPluginFactory());
+        printClassRecord(readClassRecord(*factory));
+        singSong(*factory);
+    }
+    if (!module.exitDll()) {
+        throw std::runtime_error("expected ExitDll to succeed, it did not");
+    }
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
     if (argc != 2) {
-        std::fputs("usage: demo MODULE\n", stderr);
+        std::cerr << "usage: demo MODULE\n";
         return 2;
     }
     try {
@@ -80,7 +150,7 @@ int main(int argc, char** argv) {
         return 0;
     } catch (const std::exception& error) {
         std::cout.flush();
-        std::fprintf(stderr, "demo: %s\n", error.what());
+        std::cerr << "demo: " << error.what() << "\n";
         return 1;
     }
 }

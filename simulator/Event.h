@@ -23,7 +23,8 @@ public:
     double startInPart = 0;
     double duration = 1;
     Steinberg::int32 number = 0;
-    bool flagged = true;
+    // Whether a lyric typed into the note starts a division.
+    bool flagged = false;
     // When set, answers for the attributes in place of the texts below.
     std::function<Steinberg::tresult(std::string_view key, Steinberg::FVariant& value)> attributes;
 

@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "simulator/Editor.h"
+
+#include <string>
+#include <utility>
+
+namespace wybeta::simulator {
+
+Change typingChange(Event& note, std::string_view lyric) {
+    const Handle<Event> event(&note);
+    return {[event, text = std::string(lyric)] {
+                event->setLyric(text);
+                event->flagged = true;
+            },
+            [event, text = note.lyric(), flagged = note.flagged] {
+                event->setLyric(text);
+                event->flagged = flagged;
+            }};
+}
+
+Change insertion(TreeNode& parent, std::size_t index, Handle<TreeItem> item) {
+    const Handle<TreeNode> node(&parent);
+    return {[node, index, item] { node->insert(index, item); },
+            [node, item] { node->remove(*item); }};
+}
+
+Change removal(TreeNode& parent, TreeItem& item) {
+    const Handle<TreeItem> kept(&item);
+    const auto& items = parent.items();
+    std::size_t index = 0;
+    while (items[index].get() != &item) {
+        ++index;
+    }
+    auto insert = insertion(parent, index, kept);
+    return {std::move(insert.revert), std::move(insert.apply)};
+}
+
+Editor::Editor(Steinberg::IPluginFactory& factory)
+    : document_(make<Document>(state_)), manager_(make<ProjectManager>(state_)),
+      host_(make<ProjectHost>(state_, manager_)),
+      project_(make<TreeNode>(state_, "Project", "project")), extension_(factory) {
+    manager_->documents.push_back(document_);
+    extension_->base().initialize(static_cast<host::IProjectHost*>(host_.get()));
+    extension_->notification().documentOpened(document_.get());
+}
+
+Editor::~Editor() {
+    if (extension_) {
+        terminate();
+    }
+}
+
+void Editor::type(Event& note, std::string_view lyric) {
+    edit({typingChange(note, lyric)});
+}
+
+void Editor::add(TreeNode& parent, std::size_t index, Handle<TreeItem> item) {
+    edit({insertion(parent, index, std::move(item))});
+}
+
+void Editor::remove(TreeNode& parent, TreeItem& item) {
+    edit({removal(parent, item)});
+}
+
+void Editor::edit(std::vector<Change> changes) {
+    for (const auto& change : changes) {
+        change.apply();
+    }
+    const auto context = make<EditContext>(state_);
+    if (extension_) {
+        extension_->editHook().hookEdit(project_->argument(), context.get());
+    }
+    done_.push_back({std::move(changes), context->steps()});
+    undone_.clear();
+}
+
+bool Editor::undo() {
+    if (done_.empty()) {
+        return false;
+    }
+    Edit edit = std::move(done_.back());
+    done_.pop_back();
+    for (auto step = edit.steps.rbegin(); step != edit.steps.rend(); ++step) {
+        (*step)->undo();
+    }
+    for (auto change = edit.changes.rbegin(); change != edit.changes.rend(); ++change) {
+        change->revert();
+    }
+    undone_.push_back(std::move(edit));
+    return true;
+}
+
+bool Editor::redo() {
+    if (undone_.empty()) {
+        return false;
+    }
+    Edit edit = std::move(undone_.back());
+    undone_.pop_back();
+    for (const auto& change : edit.changes) {
+        change.apply();
+    }
+    for (const auto& step : edit.steps) {
+        step->redo();
+    }
+    done_.push_back(std::move(edit));
+    return true;
+}
+
+void Editor::notify() {
+    extension_->notification().projectChanged(project_->argument());
+}
+
+void Editor::terminate() {
+    extension_->notification().documentClosing(document_.get());
+    extension_->base().terminate();
+    extension_.reset();
+}
+
+} // namespace wybeta::simulator

@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "simulator/EditContext.h"
+#include "simulator/Event.h"
+#include "simulator/LoadedExtension.h"
+#include "simulator/ProjectHost.h"
+#include "simulator/Track.h"
+
+#include <functional>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace wybeta::simulator {
+
+// One step of the user's own, which the editor itself can do and undo.
+struct Change {
+    std::function<void()> apply;
+    std::function<void()> revert;
+};
+
+// An editor with one open project, one extension and an undo history, as a user works with it.
+class Editor {
+public:
+    // Creates the extension, initialises it and opens the document.
+    explicit Editor(Steinberg::IPluginFactory& factory);
+    // Terminates the extension if that has not happened yet.
+    ~Editor();
+    Editor(const Editor&) = delete;
+    Editor& operator=(const Editor&) = delete;
+
+    const SharedState& state() const { return state_; }
+    // The top of the project tree, under which the tracks and folders are.
+    TreeNode& project() const { return *project_; }
+    // The extension, until it is terminated.
+    const LoadedExtension& extension() const { return *extension_; }
+
+    // Each of these is one edit that the user can undo: the change, then the edit hook.
+    void type(Event& note, std::string_view lyric);
+    void add(TreeNode& parent, std::size_t index, Handle<TreeItem> item);
+    void remove(TreeNode& parent, TreeItem& item);
+    void edit(std::vector<Change> changes);
+
+    // Undoes or redoes the last edit. Returns false when there is none.
+    bool undo();
+    bool redo();
+    bool canUndo() const { return !done_.empty(); }
+    bool canRedo() const { return !undone_.empty(); }
+    // The extension's steps of the last edit.
+    const EditSteps& lastSteps() const { return done_.back().steps; }
+
+    // Tells the extension that the project changed, outside any edit.
+    void notify();
+
+    // Closes the document and gives the extension back. The history stays.
+    void terminate();
+
+private:
+    struct Edit {
+        std::vector<Change> changes;
+        EditSteps steps;
+    };
+
+    SharedState state_ = std::make_shared<HostState>();
+    Handle<Document> document_;
+    Handle<ProjectManager> manager_;
+    Handle<ProjectHost> host_;
+    Handle<TreeNode> project_;
+    std::optional<LoadedExtension> extension_;
+    std::vector<Edit> done_;
+    std::vector<Edit> undone_;
+};
+
+// What typing a lyric into a note changes: the text, and that the note starts a division.
+Change typingChange(Event& note, std::string_view lyric);
+Change insertion(TreeNode& parent, std::size_t index, Handle<TreeItem> item);
+Change removal(TreeNode& parent, TreeItem& item);
+
+} // namespace wybeta::simulator
