@@ -112,6 +112,7 @@ bool readPart(host::IProjectNotificationArgument& argument, host::IProjectItem& 
 int convertTrackLyrics(host::IProjectNotificationArgument& argument, host::IProjectNode& track,
                        const NoteRecords& oldRecords, NoteRecords& newRecords,
                        LyricsDivision& division) {
+    newRecords.reserve(oldRecords.size());
     LyricPass pass(oldRecords, newRecords, division);
     host::Children children(&track);
     // A child that is not a part ends the pass, where the first reading of a track goes on.

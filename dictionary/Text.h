@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace wybeta::dictionary {
+
+// White space as the C locale has it: space, TAB, LF, VT, FF and CR.
+bool isSpace(char byte);
+
+// The text without the white space at both of its ends.
+std::string_view trimmed(std::string_view text);
+
+// Cuts a text at every occurrence of the delimiter, from the left, keeping empty pieces; so there
+// is always one piece at least. With an empty delimiter it cuts at runs of white space and keeps no
+// empty pieces. A maxSplits of 0 or more is the greatest number of cuts, behind which the rest
+// stays whole; a negative one sets no limit. The pieces are views into the text.
+std::vector<std::string_view> splitText(std::string_view text, std::string_view delimiter,
+                                        int maxSplits = -1);
+
+// The pieces in order, with the separator between each two of them.
+std::string joinText(const std::vector<std::string_view>& pieces, std::string_view separator);
+
+} // namespace wybeta::dictionary

@@ -1,0 +1,388 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "dictionary/PronunciationDictionary.h"
+
+#include "resources/ResourceTable.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cctype>
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <map>
+#include <optional>
+#include <ostream>
+#include <random>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace wybeta::dictionary {
+
+namespace {
+
+using namespace std::literals;
+
+struct Row {
+    std::string word;
+    std::string phonemes;
+    std::string spelling;
+
+    friend bool operator==(const Row& a, const Row& b) {
+        return a.word == b.word && a.phonemes == b.phonemes && a.spelling == b.spelling;
+    }
+    friend std::ostream& operator<<(std::ostream& out, const Row& row) {
+        return out << testing::PrintToString(row.word) << ": "
+                   << testing::PrintToString(row.phonemes) << ", "
+                   << testing::PrintToString(row.spelling);
+    }
+};
+
+using Rows = std::vector<Row>;
+
+// Loads from bytes that end exactly where the text does and are gone afterwards.
+PronunciationDictionary load(std::string_view text) {
+    const std::vector<char> bytes(text.begin(), text.end());
+    return loadPronunciationDictionary(bytes.data(), static_cast<std::int32_t>(bytes.size()));
+}
+
+Rows rowsOf(const PronunciationDictionary& dictionary) {
+    Rows rows;
+    for (const auto item : dictionary) {
+        rows.push_back(
+            {std::string(item.word), std::string(item.phonemes), std::string(item.spelling)});
+    }
+    return rows;
+}
+
+Rows loadedRows(std::string_view text) {
+    return rowsOf(load(text));
+}
+
+const resources::Resource& realText() {
+    return *resources::findResource("cmudict0_7butf8spll");
+}
+
+const PronunciationDictionary& realDictionary() {
+    static const auto dictionary = loadPronunciationDictionary(realText().data, realText().size);
+    return dictionary;
+}
+
+using Texts = std::pair<std::string_view, std::string_view>;
+
+// The phonemes and the spelling of a word.
+std::optional<Texts> find(const PronunciationDictionary& dictionary, std::string_view word) {
+    const auto entry = dictionary.find(word);
+    return entry ? std::optional(Texts{entry->phonemes, entry->spelling}) : std::nullopt;
+}
+
+// What loading means, one plain step after the other.
+class PlainLoader {
+public:
+    static Rows load(std::string_view text) {
+        std::map<std::string, Row> rows;
+        for (const auto& line : cutIntoLines(text)) {
+            const auto fields = cutAtTabs(trim(line));
+            if (fields.size() == 3) {
+                rows[fields[0]] = {fields[0], withoutStressDigits(fields[1]), fields[2]};
+            }
+        }
+        Rows result;
+        for (const auto& [word, row] : rows) {
+            result.push_back(row);
+        }
+        return result;
+    }
+
+private:
+    static std::vector<std::string> cutIntoLines(std::string_view text) {
+        std::vector<std::string> lines;
+        std::string line;
+        bool isOpen = false;
+        for (std::size_t i = 0; i < text.size(); ++i) {
+            isOpen = text[i] != '\r' && text[i] != '\n';
+            if (isOpen) {
+                line += text[i];
+                continue;
+            }
+            lines.push_back(std::exchange(line, ""));
+            if (text.substr(i, 2) == "\r\n") {
+                ++i;
+            }
+        }
+        if (isOpen) {
+            lines.push_back(line);
+        }
+        return lines;
+    }
+
+    static std::string trim(std::string line) {
+        while (!line.empty() && std::isspace(static_cast<unsigned char>(line.back()))) {
+            line.pop_back();
+        }
+        while (!line.empty() && std::isspace(static_cast<unsigned char>(line.front()))) {
+            line.erase(0, 1);
+        }
+        return line;
+    }
+
+    static std::vector<std::string> cutAtTabs(const std::string& line) {
+        std::vector<std::string> fields(1);
+        for (const char byte : line) {
+            if (byte == '\t') {
+                fields.emplace_back();
+            } else {
+                fields.back() += byte;
+            }
+        }
+        return fields;
+    }
+
+    static std::string withoutStressDigits(const std::string& phonemes) {
+        std::string result;
+        for (const char byte : phonemes) {
+            if ("012"sv.find(byte) == std::string_view::npos) {
+                result += byte;
+            }
+        }
+        return result;
+    }
+};
+
+// --- Lines ---
+
+TEST(PronunciationDictionary, IsEmptyForAnEmptyText) {
+    EXPECT_EQ(loadedRows(""), Rows{});
+}
+
+TEST(PronunciationDictionary, IsEmptyForASizeBelowOneAndForNull) {
+    const char* const text = "a\tah0\ta\r\n";
+    for (const std::int32_t size : {0, -1, std::numeric_limits<std::int32_t>::min()}) {
+        EXPECT_EQ(loadPronunciationDictionary(text, size).size(), 0u) << size;
+    }
+    EXPECT_EQ(loadPronunciationDictionary(nullptr, 9).size(), 0u);
+}
+
+TEST(PronunciationDictionary, LoadsOneLineWithAndWithoutItsEnd) {
+    const Rows expected{{"a", "ah", "a"}};
+    for (const auto end : {"", "\r\n", "\r", "\n"}) {
+        EXPECT_EQ(loadedRows("a\tah0\ta"s + end), expected);
+    }
+}
+
+TEST(PronunciationDictionary, LoadsTheSameEntriesForEveryKindOfLineEnd) {
+    const Rows expected{{"a", "ah", "a"}, {"b", "b iy", "b"}, {"c", "s iy", "c"}};
+    EXPECT_EQ(loadedRows("a\tah0\ta\r\nb\tb iy1\tb\r\nc\ts iy1\tc\r\n"), expected);
+    EXPECT_EQ(loadedRows("a\tah0\ta\nb\tb iy1\tb\nc\ts iy1\tc\n"), expected);
+    EXPECT_EQ(loadedRows("a\tah0\ta\rb\tb iy1\tb\rc\ts iy1\tc\r"), expected);
+    EXPECT_EQ(loadedRows("a\tah0\ta\rb\tb iy1\tb\nc\ts iy1\tc"), expected);
+}
+
+TEST(PronunciationDictionary, PassesOverBlankLines) {
+    EXPECT_EQ(loadedRows("\r\n\n\r\r\n"), Rows{});
+    EXPECT_EQ(loadedRows("\n\ra\tah0\ta\r\r\n \t \n\nb\tb iy1\tb\n\n"),
+              (Rows{{"a", "ah", "a"}, {"b", "b iy", "b"}}));
+}
+
+// --- Fields ---
+
+TEST(PronunciationDictionary, PassesOverLinesWithTwoOrFourFields) {
+    EXPECT_EQ(loadedRows("word\n"
+                         "two\tah0\n"
+                         "four\tah0\tfour\tfour\n"
+                         "three\tah0\tthree\n"),
+              (Rows{{"three", "ah", "three"}}));
+}
+
+TEST(PronunciationDictionary, LosesATabAtEitherEndOfALine) {
+    EXPECT_EQ(loadedRows("two\tah0\t\n\tah0\ttwo\n"), Rows{});
+    EXPECT_EQ(loadedRows("\tthree\tah0\tthree\t\n"), (Rows{{"three", "ah", "three"}}));
+}
+
+TEST(PronunciationDictionary, KeepsAnEmptyFieldInsideALine) {
+    EXPECT_EQ(loadedRows("a\t\ta\n"), (Rows{{"a", "", "a"}}));
+    EXPECT_EQ(loadedRows("a\t\t\ta\n"), Rows{});
+}
+
+TEST(PronunciationDictionary, LosesSpacesAtTheEndsOfALineOnly) {
+    EXPECT_EQ(loadedRows(" \v\f a \t ah0 \t a \f\v \n"), (Rows{{"a ", " ah ", " a"}}));
+}
+
+TEST(PronunciationDictionary, TakesStressDigitsOutOfThePhonemesOnly) {
+    EXPECT_EQ(loadedRows("b012\tae0 b1 ah2 012 d3\tb012\n"),
+              (Rows{{"b012", "ae b ah  d3", "b012"}}));
+}
+
+TEST(PronunciationDictionary, TakesWordsAsTheyAreWritten) {
+    EXPECT_EQ(loadedRows("A\tey1\tA\na\tah0\ta\na(1)\tey1\ta . (1)\n"),
+              (Rows{{"A", "ey", "A"}, {"a", "ah", "a"}, {"a(1)", "ey", "a . (1)"}}));
+}
+
+TEST(PronunciationDictionary, TakesNulAndBytesAbove7FLikeAnyOther) {
+    EXPECT_EQ(loadedRows("a\0b\t\0\t\xFF\0\n"s), (Rows{{"a\0b"s, "\0"s, "\xFF\0"s}}));
+    EXPECT_EQ(loadedRows("\xC3\xA9\tey1\t\xC3\xA9\n"), (Rows{{"\xC3\xA9", "ey", "\xC3\xA9"}}));
+}
+
+// --- Words ---
+
+TEST(PronunciationDictionary, KeepsTheLastLineOfAWord) {
+    EXPECT_EQ(loadedRows("a\tah0\tx\na\tey1\ty\n"), (Rows{{"a", "ey", "y"}}));
+    EXPECT_EQ(loadedRows("b\tx\t1\na\tx\t2\nb\tx\t3\na\tx\t4\nb\tx\t5\n"),
+              (Rows{{"a", "x", "4"}, {"b", "x", "5"}}));
+}
+
+TEST(PronunciationDictionary, OrdersWordsByUnsignedBytes) {
+    EXPECT_EQ(loadedRows("\xFF\tx\tx\nb\tx\tx\nab\tx\tx\na\tx\tx\na_b\tx\tx\na's\tx\tx\n"
+                         "a(1)\tx\tx\nB\tx\tx\n\x80\tx\tx\n"),
+              (Rows{{"B", "x", "x"},
+                    {"a", "x", "x"},
+                    {"a's", "x", "x"},
+                    {"a(1)", "x", "x"},
+                    {"a_b", "x", "x"},
+                    {"ab", "x", "x"},
+                    {"b", "x", "x"},
+                    {"\x80", "x", "x"},
+                    {"\xFF", "x", "x"}}));
+}
+
+TEST(PronunciationDictionary, FindsExactlyTheWordsItHolds) {
+    const auto dictionary = load("b\tb iy1\tB\nd\td iy1\tD\n");
+    EXPECT_EQ(find(dictionary, "b"), (Texts{"b iy", "B"}));
+    EXPECT_EQ(find(dictionary, "d"), (Texts{"d iy", "D"}));
+    for (const auto word : {"", "a", "B", "b ", "bb", "c", "e"}) {
+        EXPECT_FALSE(dictionary.find(word)) << word;
+    }
+}
+
+TEST(PronunciationDictionary, FindsNothingWhileItIsEmpty) {
+    EXPECT_FALSE(PronunciationDictionary().find(""));
+    EXPECT_FALSE(PronunciationDictionary().find("a"));
+}
+
+TEST(PronunciationDictionary, KeepsItsEntriesWhenItIsMoved) {
+    auto first = load("a\tah0\ta\n");
+    const auto before = find(first, "a");
+    const auto second = std::move(first);
+    EXPECT_EQ(find(second, "a"), (Texts{"ah", "a"}));
+    EXPECT_EQ(before, (Texts{"ah", "a"})) << "as views into the one that was moved";
+}
+
+TEST(PronunciationDictionary, OfTheModuleIsReplacedAsAWhole) {
+    auto& dictionary = pronunciationDictionary();
+    auto original = std::exchange(dictionary, load("a\tah0\ta\n"));
+    EXPECT_EQ(&pronunciationDictionary(), &dictionary);
+    EXPECT_EQ(rowsOf(pronunciationDictionary()), (Rows{{"a", "ah", "a"}}));
+    dictionary = load("b\tb iy1\tb\n");
+    EXPECT_EQ(rowsOf(pronunciationDictionary()), (Rows{{"b", "b iy", "b"}}));
+    dictionary = std::move(original);
+}
+
+// --- Against the plain loader ---
+
+TEST(PronunciationDictionary, LoadsWordsInAnyOrderLikeThePlainLoader) {
+    constexpr int kWords = 20000;
+    std::vector<std::string> lines;
+    for (int i = 0; i < kWords; ++i) {
+        const auto word = std::to_string(i);
+        lines.push_back(word + "\tah0\t" + word + '\n');
+    }
+    const auto text = [&lines] {
+        std::string joined;
+        for (const auto& line : lines) {
+            joined += line;
+        }
+        return joined;
+    };
+
+    std::sort(lines.begin(), lines.end());
+    const Rows expected = PlainLoader::load(text());
+    ASSERT_EQ(expected.size(), std::size_t{kWords});
+    EXPECT_TRUE(loadedRows(text()) == expected) << "ascending";
+    std::reverse(lines.begin(), lines.end());
+    EXPECT_TRUE(loadedRows(text()) == expected) << "descending";
+    std::shuffle(lines.begin(), lines.end(), std::mt19937(3));
+    EXPECT_TRUE(loadedRows(text()) == expected) << "shuffled";
+}
+
+TEST(PronunciationDictionary, LoadsRandomBytesLikeThePlainLoader) {
+    const auto alphabet = "\r\n\t\t\t\t \v\f\0"
+                          "0123.ab\x7F\x80\xFF"sv;
+    std::mt19937 random(1);
+    std::size_t rows = 0;
+    for (int round = 0; round < 4000; ++round) {
+        std::string text(random() % 60, ' ');
+        for (char& byte : text) {
+            byte = alphabet[random() % alphabet.size()];
+        }
+        const Rows expected = PlainLoader::load(text);
+        ASSERT_EQ(loadedRows(text), expected) << testing::PrintToString(text);
+        rows += expected.size();
+    }
+    EXPECT_GT(rows, 1000u);
+}
+
+TEST(PronunciationDictionary, LoadsRandomLinesLikeThePlainLoader) {
+    const std::vector<std::string_view> fields{"a", "b", "ab", "b1", "\x80", "\0"sv, "ah0 . b", ""};
+    const std::vector<std::string_view> ends{"\r\n", "\n", "\r", "\n\r", " \r\n", "\t\n", "\r\n\t"};
+    std::mt19937 random(2);
+    const auto pick = [&random](const auto& list) { return list[random() % list.size()]; };
+    std::size_t rows = 0;
+    for (int round = 0; round < 3000; ++round) {
+        std::string text;
+        for (auto line = random() % 8; line > 0; --line) {
+            text += pick(fields);
+            for (auto tab = random() % 8 ? 2u : random() % 4; tab > 0; --tab) {
+                text += '\t';
+                text += pick(fields);
+            }
+            text += pick(ends);
+        }
+        const Rows expected = PlainLoader::load(text);
+        ASSERT_EQ(loadedRows(text), expected) << testing::PrintToString(text);
+        rows += expected.size();
+    }
+    EXPECT_GT(rows, 3000u);
+}
+
+// --- The text of the module ---
+
+TEST(PronunciationDictionary, LoadsTheTextOfTheModuleLikeThePlainLoader) {
+    const std::string_view text(realText().data, static_cast<std::size_t>(realText().size));
+    const Rows expected = PlainLoader::load(text);
+    EXPECT_EQ(expected.size(), 133853u);
+    EXPECT_EQ(realDictionary().size(), expected.size());
+    EXPECT_TRUE(rowsOf(realDictionary()) == expected);
+}
+
+TEST(PronunciationDictionary, HoldsAbandon) {
+    EXPECT_EQ(find(realDictionary(), "abandon"),
+              (Texts{"ah . b ae n . d ah n", "a . ba . ndo . n"}));
+}
+
+TEST(PronunciationDictionary, HoldsAlternativesAsWordsOfTheirOwn) {
+    EXPECT_EQ(find(realDictionary(), "a"), (Texts{"ah", "a"}));
+    EXPECT_EQ(find(realDictionary(), "a(1)"), (Texts{"ey", "a . (1)"}));
+}
+
+TEST(PronunciationDictionary, HoldsGorgeousWithItsExtraLetter) {
+    EXPECT_EQ(find(realDictionary(), "gorgeous"), (Texts{"g ao r . jh ah s", "go . rgeous . s"}));
+}
+
+TEST(PronunciationDictionary, FindsEveryWordOfTheTextOfTheModule) {
+    for (const auto item : realDictionary()) {
+        const auto entry = realDictionary().find(item.word);
+        ASSERT_TRUE(entry) << item.word;
+        ASSERT_EQ(entry->phonemes.data(), item.phonemes.data()) << item.word;
+        ASSERT_EQ(entry->spelling.data(), item.spelling.data()) << item.word;
+    }
+}
+
+TEST(PronunciationDictionary, IsTheSameWhenTheTextIsLoadedAgain) {
+    const auto again = loadPronunciationDictionary(realText().data, realText().size);
+    EXPECT_TRUE(rowsOf(again) == rowsOf(realDictionary()));
+}
+
+} // namespace
+} // namespace wybeta::dictionary

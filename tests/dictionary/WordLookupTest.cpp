@@ -1,0 +1,411 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "dictionary/WordLookup.h"
+
+#include "resources/ResourceTable.h"
+
+#include <gtest/gtest.h>
+#include <utf8cpp/utf8.h>
+
+#include <algorithm>
+#include <cctype>
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace wybeta::dictionary {
+namespace {
+
+using Items = std::vector<std::string>;
+
+PronunciationDictionary load(std::string_view text) {
+    return loadPronunciationDictionary(text.data(), static_cast<std::int32_t>(text.size()));
+}
+
+const PronunciationDictionary& realDictionary() {
+    static const auto dictionary = [] {
+        const auto& text = *resources::findResource("cmudict0_7butf8spll");
+        return loadPronunciationDictionary(text.data, text.size);
+    }();
+    return dictionary;
+}
+
+// What the items become when the whole lyric is one word.
+Items convert(const PronunciationDictionary& dictionary, std::u32string_view lyric,
+              Items items = {}) {
+    convertEnglishWord(dictionary, lyric, 0, static_cast<std::int32_t>(lyric.size()), items);
+    return items;
+}
+
+Items convert(std::u32string_view lyric, Items items = {}) {
+    return convert(realDictionary(), lyric, std::move(items));
+}
+
+// --- Finding a word ---
+
+TEST(ConvertEnglishWord, AppendsOneItemForEachSyllable) {
+    EXPECT_EQ(convert(U"abandon"), (Items{"ah", "b ae n", "d ah n"}));
+    EXPECT_EQ(convert(U"a"), Items{"ah"});
+}
+
+TEST(ConvertEnglishWord, TakesCapitalsAsSmallLetters) {
+    EXPECT_EQ(convert(U"Abandon"), convert(U"abandon"));
+    EXPECT_EQ(convert(U"ABANDON"), convert(U"abandon"));
+}
+
+TEST(ConvertEnglishWord, TakesNoOtherLettersAsSmallOnes) {
+    const auto dictionary =
+        load("\xC3\x89z\tey1 z\t\xC3\x89z\n"); // LATIN CAPITAL LETTER E WITH ACUTE
+    EXPECT_EQ(convert(dictionary, U"\u00C9Z"), Items{"ey z"});
+    EXPECT_EQ(convert(dictionary, U"\u00E9z"), Items{});
+}
+
+TEST(ConvertEnglishWord, AppendsBehindTheItemsThatAreThere) {
+    EXPECT_EQ(convert(U"a", {"k a"}), (Items{"k a", "ah"}));
+    EXPECT_EQ(convert(U"lo-ve", {"k a"}), (Items{"k a", "l ah", "- v"}));
+}
+
+TEST(ConvertEnglishWord, AppendsNothingForAnUnknownWord) {
+    EXPECT_EQ(convert(U"xyzzy"), Items{});
+    EXPECT_EQ(convert(U"xyzzy", {"k a", "ah"}), (Items{"k a", "ah"}));
+}
+
+TEST(ConvertEnglishWord, ChoosesAnAlternativeByItsSuffixOnly) {
+    EXPECT_EQ(convert(U"a(1)"), Items{"ey"});
+    EXPECT_EQ(convert(U"the(2)"), Items{"dh iy"});
+    EXPECT_EQ(convert(U"the"), Items{"dh ah"});
+}
+
+TEST(ConvertEnglishWord, KeepsEveryMarkButTheHyphen) {
+    EXPECT_EQ(convert(U"don't"), Items{"d ow n t"});
+    EXPECT_EQ(convert(U"'bout"), Items{"b aw t"});
+    EXPECT_EQ(convert(U"love."), Items{});
+}
+
+TEST(ConvertEnglishWord, ReadsItsRangeOfTheLyricOnly) {
+    Items items;
+    convertEnglishWord(realDictionary(), U"my love!", 3, 7, items);
+    EXPECT_EQ(items, Items{"l ah v"});
+}
+
+TEST(ConvertEnglishWord, DoesNotFindAWordWithAKanaAtItsEnd) {
+    EXPECT_EQ(convert(U"love\u30AD", {"k a"}), Items{"k a"});
+}
+
+TEST(ConvertEnglishWord, DoesNothingForARangeThatIsEmptyOrNotInTheLyric) {
+    constexpr auto kLeast = std::numeric_limits<std::int32_t>::min();
+    constexpr auto kGreatest = std::numeric_limits<std::int32_t>::max();
+    const std::pair<std::int32_t, std::int32_t> ranges[] = {
+        {0, 0}, {4, 4}, {3, 1}, {-1, 4}, {0, 5}, {5, 6}, {kLeast, kGreatest}, {kGreatest, kLeast}};
+    for (const auto& [begin, end] : ranges) {
+        Items items{"k a"};
+        convertEnglishWord(realDictionary(), U"love", begin, end, items);
+        EXPECT_EQ(items, Items{"k a"}) << begin << ".." << end;
+    }
+}
+
+TEST(ConvertEnglishWord, RaisesOnWhatIsNoCodePointAndLeavesTheItems) {
+    for (const char32_t invalid : {0xD800u, 0xDFFFu, 0x110000u, 0xFFFFFFFFu}) {
+        Items items{"k a"};
+        const std::u32string lyric{U'a', invalid};
+        EXPECT_THROW(convertEnglishWord(realDictionary(), lyric, 0, 2, items),
+                     utf8::invalid_code_point);
+        EXPECT_EQ(items, Items{"k a"});
+    }
+}
+
+// --- The word "0" ---
+
+TEST(ConvertEnglishWord, MakesZeroARestAtTheBeginning) {
+    EXPECT_EQ(convert(U"0"), Items{"sil"});
+}
+
+TEST(ConvertEnglishWord, MakesALoneSymbolARestForZero) {
+    EXPECT_EQ(convert(U"0", {"k a", "a"}), (Items{"k a", "sil"}));
+    EXPECT_EQ(convert(U"0", {"- "}), Items{"sil"});
+    EXPECT_EQ(convert(U"0", {""}), Items{"sil"});
+    EXPECT_EQ(convert(U"0", {"sil"}), Items{"sil"});
+}
+
+TEST(ConvertEnglishWord, TakesTheLastSymbolOffForZero) {
+    EXPECT_EQ(convert(U"0", {"b ae n"}), Items{"b ae"});
+    EXPECT_EQ(convert(U"0", {"k a", "k a"}), (Items{"k a", "k"}));
+    EXPECT_EQ(convert(U"0", {"- n"}), Items{"-"});
+    EXPECT_EQ(convert(U"0", {" b \t ae  n "}), Items{"b ae"});
+}
+
+TEST(ConvertEnglishWord, TakesNoOtherWordForZero) {
+    for (const auto word : {U"00", U"0-", U"-0", U"\uFF10"}) {
+        EXPECT_EQ(convert(word, {"b ae n"}), Items{"b ae n"});
+    }
+}
+
+TEST(ConvertEnglishWord, MakesRoomForZeroBeforeItLooksItUp) {
+    EXPECT_EQ(convert(load("0\tz iy1 . r ow0\tze . ro\n"), U"0", {"b ae n"}),
+              (Items{"b ae", "z iy", "r ow"}));
+}
+
+// --- Typed hyphens ---
+
+TEST(ConvertEnglishWord, CutsTheSyllableOfAHyphenBehindItsVowel) {
+    EXPECT_EQ(convert(U"lo-ve"), (Items{"l ah", "- v"}));
+}
+
+TEST(ConvertEnglishWord, KeepsTheSpaceOfAHyphenWithNothingBehindTheVowel) {
+    EXPECT_EQ(convert(U"hel-lo"), (Items{"hh ah", "l ow", "- "}));
+}
+
+TEST(ConvertEnglishWord, AppendsOneItemForEachHyphen) {
+    EXPECT_EQ(convert(U"lo--ve"), (Items{"l ah", "-", "- v"}));
+    EXPECT_EQ(convert(U"-l-o-v-e-"), (Items{"l ah", "-", "-", "-", "-", "- v"}));
+}
+
+TEST(ConvertEnglishWord, CountsAHyphenAtEitherEnd) {
+    EXPECT_EQ(convert(U"-love"), (Items{"l ah", "- v"}));
+    EXPECT_EQ(convert(U"love-"), (Items{"l ah", "- v"}));
+    EXPECT_EQ(convert(U"-abandon"), (Items{"ah", "- ", "b ae n", "d ah n"}));
+}
+
+TEST(ConvertEnglishWord, CountsAHyphenOnTheWrittenSyllableOfTheLetterBefore) {
+    EXPECT_EQ(convert(U"a-bandon"), (Items{"ah", "- ", "b ae n", "d ah n"}));
+    EXPECT_EQ(convert(U"ab-andon"), (Items{"ah", "b ae", "- n", "d ah n"}));
+    EXPECT_EQ(convert(U"aba-ndon"), (Items{"ah", "b ae", "- n", "d ah n"}));
+    EXPECT_EQ(convert(U"aban-don"), (Items{"ah", "b ae n", "d ah", "- n"}));
+    EXPECT_EQ(convert(U"a-ban--don"), (Items{"ah", "- ", "b ae n", "d ah", "-", "- n"}));
+}
+
+TEST(ConvertEnglishWord, FoldsWrittenSyllablesOntoTheLastSpokenOne) {
+    EXPECT_EQ(convert(U"abandon-"), (Items{"ah", "b ae n", "d ah", "- n"}));
+}
+
+TEST(ConvertEnglishWord, CountsAHyphenBehindAllWrittenLettersOnTheFirstSyllable) {
+    const auto dictionary = load("abc\tey1 b . s iy1\ta . b\n");
+    EXPECT_EQ(convert(dictionary, U"ab-c"), (Items{"ey b", "s iy", "- "}));
+    EXPECT_EQ(convert(dictionary, U"abc-"), (Items{"ey", "- b", "s iy"}));
+    EXPECT_EQ(convert(dictionary, U"ab-c-"), (Items{"ey", "- b", "s iy", "- "}));
+}
+
+TEST(ConvertEnglishWord, CountsBytesNotCharacters) {
+    const auto dictionary = load("\xC3\xA9z\tey1 . z iy1\t\xC3\xA9 . z\n");
+    EXPECT_EQ(convert(dictionary, U"\u00E9-z"), (Items{"ey", "- ", "z iy"}));
+    EXPECT_EQ(convert(dictionary, U"\u00E9z-"), (Items{"ey", "z iy", "- "}));
+}
+
+TEST(ConvertEnglishWord, FindsTheWordWithoutItsHyphens) {
+    EXPECT_EQ(convert(U"3-d"), (Items{"th r iy", "- ", "d iy"}));
+    EXPECT_EQ(convert(U"!exclamation-point"), Items{});
+}
+
+TEST(ConvertEnglishWord, AppendsNothingForHyphensAlone) {
+    EXPECT_EQ(convert(U"-"), Items{});
+    EXPECT_EQ(convert(U"---", {"k a"}), Items{"k a"});
+}
+
+TEST(ConvertEnglishWord, CutsASyllableWithoutANucleusBehindItsFirstSymbol) {
+    EXPECT_EQ(convert(load("kp\tk p\tkp\n"), U"k-p"), (Items{"k", "- p"}));
+}
+
+TEST(ConvertEnglishWord, CutsBehindASymbolThatBeginsAMember) {
+    EXPECT_EQ(convert(load("kt\tk t\tkt\n"), U"k-t"), (Items{"k t", "- "}));
+}
+
+// --- Odd dictionaries and long words ---
+
+TEST(ConvertEnglishWord, TakesOddEntriesAsTheyAre) {
+    const auto dictionary = load("none\t\tnone\n"
+                                 "dots\t..\t.\n"
+                                 "wide\t b   ae\v. n \twide\n");
+    EXPECT_EQ(convert(dictionary, U"none"), Items{""});
+    EXPECT_EQ(convert(dictionary, U"no-ne"), (Items{"", "- "}));
+    EXPECT_EQ(convert(dictionary, U"dots"), (Items{"", "", ""}));
+    EXPECT_EQ(convert(dictionary, U"-dots-"), (Items{"", "-", "- ", "", ""}));
+    EXPECT_EQ(convert(dictionary, U"wide"), (Items{"b   ae", "n"}));
+    EXPECT_EQ(convert(dictionary, U"w-ide"), (Items{"b ae", "- ", "n"}));
+}
+
+TEST(ConvertEnglishWord, TakesAMillionLettersAndHyphens) {
+    constexpr std::size_t kMillion = 1000000;
+    EXPECT_EQ(convert(std::u32string(kMillion, U'a')), Items{});
+    EXPECT_EQ(convert(std::u32string(kMillion, U'-')), Items{});
+
+    const Items items = convert(U"lo" + std::u32string(kMillion, U'-') + U"ve");
+    ASSERT_EQ(items.size(), kMillion + 1);
+    EXPECT_EQ(items.front(), "l ah");
+    EXPECT_EQ(items.at(1), "-");
+    EXPECT_EQ(items.back(), "- v");
+}
+
+TEST(ConvertEnglishWord, TakesAHyphenBehindEachOfManySyllables) {
+    constexpr std::size_t kSyllables = 100000;
+    std::string word;
+    std::string phonemes;
+    std::string spelling;
+    std::u32string typed;
+    for (std::size_t i = 0; i < kSyllables; ++i) {
+        word += "a";
+        phonemes += i == 0 ? "ah" : " . ah";
+        spelling += i == 0 ? "a" : " . a";
+        typed += U"a-";
+    }
+    const Items items = convert(load(word + '\t' + phonemes + '\t' + spelling), typed);
+    ASSERT_EQ(items.size(), 2 * kSyllables);
+    for (std::size_t i = 0; i < items.size(); i += 2) {
+        ASSERT_EQ(items[i], "ah") << i;
+        ASSERT_EQ(items[i + 1], "- ") << i;
+    }
+}
+
+// --- Every word of the dictionary ---
+
+std::u32string widened(std::string_view text) {
+    return {text.begin(), text.end()};
+}
+
+bool hasHyphen(std::string_view text) {
+    return text.find('-') != std::string_view::npos;
+}
+
+std::string without(std::string text, std::string_view part) {
+    for (auto at = text.find(part); at != std::string::npos; at = text.find(part, at)) {
+        text.erase(at, part.size());
+    }
+    return text;
+}
+
+std::string joinedBy(std::string_view separator, const Items& items) {
+    std::string text;
+    for (const auto& item : items) {
+        text += text.empty() ? "" : separator;
+        text += item;
+    }
+    return text;
+}
+
+TEST(ConvertEnglishWord, GivesTheSyllablesOfEveryWordWithoutAHyphen) {
+    Items items;
+    for (const auto item : realDictionary()) {
+        if (!hasHyphen(item.word)) {
+            const auto lyric = widened(item.word);
+            items.clear();
+            convertEnglishWord(realDictionary(), lyric, 0, static_cast<std::int32_t>(lyric.size()),
+                               items);
+            ASSERT_EQ(joinedBy(" . ", items), item.phonemes) << item.word;
+        }
+    }
+}
+
+TEST(ConvertEnglishWord, GivesTheSyllablesOfEveryWordInCapitals) {
+    Items items;
+    for (const auto item : realDictionary()) {
+        if (!hasHyphen(item.word)) {
+            auto lyric = widened(item.word);
+            for (char32_t& letter : lyric) {
+                letter = letter >= U'a' && letter <= U'z' ? letter - U'a' + U'A' : letter;
+            }
+            items.clear();
+            convertEnglishWord(realDictionary(), lyric, 0, static_cast<std::int32_t>(lyric.size()),
+                               items);
+            ASSERT_EQ(joinedBy(" . ", items), item.phonemes) << item.word;
+        }
+    }
+}
+
+TEST(ConvertEnglishWord, NeverReachesAnEntryWithAHyphen) {
+    int words = 0;
+    for (const auto item : realDictionary()) {
+        if (hasHyphen(item.word)) {
+            ++words;
+            const bool hasTwin =
+                realDictionary().find(without(std::string(item.word), "-")).has_value();
+            EXPECT_EQ(convert(widened(item.word)).empty(), !hasTwin) << item.word;
+        }
+    }
+    EXPECT_EQ(words, 1007);
+}
+
+// The phonemes that the items spell, with the "-" items joined back on.
+void spell(const Items& items, std::string& phonemes) {
+    phonemes.clear();
+    for (const std::string_view item : items) {
+        const std::string_view symbols = item.front() == '-' ? item.substr(2) : item;
+        if (!symbols.empty()) {
+            phonemes += phonemes.empty() ? "" : " ";
+            phonemes += symbols;
+        }
+    }
+}
+
+TEST(ConvertEnglishWord, KeepsThePhonemesOfEveryWordWithAHyphenAtEveryPlaceInside) {
+    Items items;
+    std::string spelled;
+    for (const auto item : realDictionary()) {
+        if (hasHyphen(item.word)) {
+            continue;
+        }
+        const auto phonemes = without(std::string(item.phonemes), " .");
+        const auto syllables = std::count(item.phonemes.begin(), item.phonemes.end(), '.') + 1;
+        auto lyric = U'-' + widened(item.word);
+        for (std::size_t place = 1; place < item.word.size(); ++place) {
+            std::swap(lyric[place - 1], lyric[place]); // the hyphen goes one letter on
+            items.clear();
+            convertEnglishWord(realDictionary(), lyric, 0, static_cast<std::int32_t>(lyric.size()),
+                               items);
+            spell(items, spelled);
+            ASSERT_EQ(spelled, phonemes) << item.word << " at " << place;
+            ASSERT_EQ(items.size(), static_cast<std::size_t>(syllables) + 1) << item.word;
+        }
+    }
+}
+
+// --- The nucleus ---
+
+TEST(FindSyllableNucleus, IsTheFirstVowel) {
+    EXPECT_EQ(findSyllableNucleus({"b", "ae", "n"}), 1);
+    EXPECT_EQ(findSyllableNucleus({"ah"}), 0);
+    EXPECT_EQ(findSyllableNucleus({"s", "t", "r", "eh", "ng", "k", "th", "s"}), 3);
+    EXPECT_EQ(findSyllableNucleus({"ow", "er"}), 0);
+}
+
+TEST(FindSyllableNucleus, KnowsEveryMember) {
+    for (const auto member : {"ih", "eh", "ae", "aa", "ah", "uh", "ax", "iy", "uw", "ao", "er",
+                              "ey", "ay", "oy", "ow", "aw", "a",  "i",  "u",  "e",  "o",  "N"}) {
+        EXPECT_EQ(findSyllableNucleus({"w", "f", member}), 2) << member;
+    }
+    for (const auto member : {"w", "y", "m", "ng", "v", "z", "zh", "jh", "l"}) {
+        EXPECT_EQ(findSyllableNucleus({"k", "f", member}), 2) << member;
+    }
+    for (const auto member : {"f", "s", "th", "sh", "hh"}) {
+        EXPECT_EQ(findSyllableNucleus({"k", "p", member}), 2) << member;
+    }
+}
+
+TEST(FindSyllableNucleus, PrefersAnEarlierGroupToAnEarlierSymbol) {
+    EXPECT_EQ(findSyllableNucleus({"s", "m", "ah"}), 2);
+    EXPECT_EQ(findSyllableNucleus({"s", "hh", "m"}), 2);
+}
+
+TEST(FindSyllableNucleus, TakesASymbolForEveryMemberItBegins) {
+    EXPECT_EQ(findSyllableNucleus({"k", "n"}), 1);   // as "ng"
+    EXPECT_EQ(findSyllableNucleus({"k", "t"}), 1);   // as "th"
+    EXPECT_EQ(findSyllableNucleus({"t", "n"}), 1);   // "ng" before "th"
+    EXPECT_EQ(findSyllableNucleus({"k", "j"}), 1);   // as "jh"
+    EXPECT_EQ(findSyllableNucleus({"k", "h"}), 1);   // as "hh"
+    EXPECT_EQ(findSyllableNucleus({"k", "ahx"}), 0); // a member begins it
+    EXPECT_EQ(findSyllableNucleus({"k", "nh", "s"}), 2);
+}
+
+TEST(FindSyllableNucleus, IsTheFirstSymbolWhenNoneIsKnown) {
+    EXPECT_EQ(findSyllableNucleus({"k", "p"}), 0);
+    EXPECT_EQ(findSyllableNucleus({"k", "b", "d", "g", "p", "r", "ch", "dh"}), 0);
+    EXPECT_EQ(findSyllableNucleus({}), 0);
+}
+
+TEST(FindSyllableNucleus, TakesAnEmptySymbolForAVowel) {
+    EXPECT_EQ(findSyllableNucleus({"k", ""}), 1);
+    EXPECT_EQ(findSyllableNucleus({"k", std::string_view()}), 1);
+}
+
+} // namespace
+} // namespace wybeta::dictionary
