@@ -22,7 +22,7 @@ class PronunciationDictionary {
     struct Place;
 
 public:
-    // A word with its entry, as views into the dictionary.
+    // A word with its entry. Those that the dictionary gives are views into it.
     struct Item {
         std::string_view word;
         std::string_view phonemes;

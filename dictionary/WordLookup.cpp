@@ -17,8 +17,9 @@ namespace {
 
 using Pieces = std::vector<std::string_view>;
 
-constexpr const char* kVowels[] = {"ih", "eh", "ae", "aa", "ah", "uh", "ax", "iy", "uw", "ao", "er",
-                                   "ey", "ay", "oy", "ow", "aw", "a",  "i",  "u",  "e",  "o",  "N"};
+constexpr const char* kVowelsAndN[] = {"ih", "eh", "ae", "aa", "ah", "uh", "ax", "iy",
+                                       "uw", "ao", "er", "ey", "ay", "oy", "ow", "aw",
+                                       "a",  "i",  "u",  "e",  "o",  "N"};
 constexpr const char* kVoiced[] = {"w", "y", "m", "ng", "v", "z", "zh", "jh", "l"};
 constexpr const char* kUnvoiced[] = {"f", "s", "th", "sh", "hh"};
 
@@ -63,7 +64,7 @@ Pieces syllablesOf(std::string_view divided) {
 }
 
 // Drops the last symbol of the last item, which silences a vowel; a lone symbol becomes a rest.
-void restAfter(std::vector<std::string>& items) {
+void silenceLast(std::vector<std::string>& items) {
     if (items.empty()) {
         items.emplace_back("sil");
         return;
@@ -144,7 +145,7 @@ void convertEnglishWord(const PronunciationDictionary& dictionary, std::u32strin
         lyric.substr(static_cast<std::size_t>(begin), static_cast<std::size_t>(end - begin));
     const std::string typed = typedWord(word);
     if (word == U"0") {
-        restAfter(items);
+        silenceLast(items);
     }
     const auto entry = dictionary.find(withoutHyphens(typed));
     if (entry) {
@@ -155,7 +156,7 @@ void convertEnglishWord(const PronunciationDictionary& dictionary, std::u32strin
 }
 
 std::int32_t findSyllableNucleus(const std::vector<std::string_view>& symbols) {
-    auto nucleus = findFirstOf(kVowels, symbols);
+    auto nucleus = findFirstOf(kVowelsAndN, symbols);
     if (!nucleus) {
         nucleus = findFirstOf(kVoiced, symbols);
     }

@@ -8,6 +8,8 @@
 #include <utf8cpp/utf8.h>
 
 #include <iterator>
+#include <string>
+#include <string_view>
 #include <utility>
 
 namespace wybeta::editsteps {

@@ -4,11 +4,13 @@
 #include "editsteps/EditStep.h"
 #include "lyrics/LyricsDivision.h"
 
+#include <string>
+#include <vector>
+
 namespace wybeta::editsteps {
 
 // Writes the texts of a division into its notes, and the old texts back on undo. Holds the notes,
-// so that they can come back from the host's history. The class name is spelled as the host knows
-// it.
+// so that they can come back from the host's history. The spelling of the name is kept on purpose.
 class LyricsDevideEditStep final : public EditStep {
 public:
     LyricsDevideEditStep(host::IProjectNode* trackNode, lyrics::LyricsDivision division);

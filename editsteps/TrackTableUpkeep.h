@@ -23,10 +23,11 @@ void syncTrackTableLyrics(TrackTable& table, const void* firstEvent,
 
 enum class CountChange { Insert, Remove };
 
-// Brings the current extension's list of a track in line with notes that came back or went. The
-// track is asked for its identity only while the table has an entry under `track`, the identity
-// that it had at first: the node is not held and may be gone with the track. Null node: nothing
-// happens.
+// Brings the current extension's list of a track in line with notes that came back or went. Null
+// node: nothing happens. The node is not held and may be gone with its track, so it is asked for
+// its identity only while the table has an entry under `track`, the identity that it had at first.
+// A walk after the track has gone drops that entry; before one, the host's own history keeps the
+// track.
 void applyNoteCountChange(host::IProjectNode* trackNode, TrackKey track, const NoteChanges& changes,
                           CountChange kind);
 

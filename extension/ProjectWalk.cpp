@@ -17,19 +17,10 @@ namespace {
 
 using editsteps::ChangeNoteEventCountEditStep;
 using editsteps::LyricsDevideEditStep;
-using editsteps::NoteChanges;
 using host::IProjectNode;
 using host::NoteRecord;
 using host::NoteRecords;
 using Steinberg::IPtr;
-
-// A folder on the way down to the one that is being walked.
-struct OpenNode {
-    explicit OpenNode(IPtr<IProjectNode> opened) : node(std::move(opened)), children(node) {}
-
-    IPtr<IProjectNode> node;
-    host::Children children;
-};
 
 // Clears everything but the event.
 void clearForNextEvent(NoteRecord& record) {
@@ -60,22 +51,25 @@ NoteRecords readAllEvents(host::IProjectNotificationArgument& argument, IProject
     return records;
 }
 
-NoteChanges countChanges(const NoteRecords& oldRecords, const NoteRecords& newRecords) {
-    if (oldRecords.size() == newRecords.size()) {
-        return {};
-    }
-    return newRecords.size() > oldRecords.size() ? editsteps::diffNoteLists(newRecords, oldRecords)
-                                                 : editsteps::diffNoteLists(oldRecords, newRecords);
+// The step for lists of different length.
+IPtr<host::IEditStep> makeCountStep(IProjectNode& node, TrackKey track,
+                                    const NoteRecords& oldRecords, const NoteRecords& newRecords) {
+    using Cause = ChangeNoteEventCountEditStep::Cause;
+    const bool hasGrown = newRecords.size() > oldRecords.size();
+    auto changes = hasGrown ? editsteps::diffNoteLists(newRecords, oldRecords)
+                            : editsteps::diffNoteLists(oldRecords, newRecords);
+    return Steinberg::owned<host::IEditStep>(new ChangeNoteEventCountEditStep(
+        &node, track, std::move(changes), hasGrown ? Cause::NotesAdded : Cause::NotesRemoved));
 }
 
 } // namespace
 
 // The folders that are open are kept in a list and not on the stack: they nest to any depth.
 void ProjectWalk::run(IPtr<IProjectNode> node) {
-    std::vector<OpenNode> open;
+    std::vector<host::Children> open;
     open.emplace_back(std::move(node));
     while (!open.empty()) {
-        const auto child = open.back().children.next();
+        const auto child = open.back().next();
         if (!child) {
             open.pop_back();
             continue;
@@ -109,29 +103,20 @@ void ProjectWalk::visitTrack(IProjectNode& node, host::IProjectTrack& track) {
 void ProjectWalk::updateTrack(IProjectNode& node, TrackKey track, const NoteRecords& oldRecords) {
     NoteRecords newRecords;
     lyrics::LyricsDivision division;
-    const int hasDivided =
+    const int result =
         lyrics::convertTrackLyrics(argument_, node, oldRecords, newRecords, division);
 
-    const std::size_t newCount = newRecords.size();
-    auto changes = countChanges(oldRecords, newRecords);
+    // Made first, so that a failed allocation leaves the table as it was.
+    IPtr<host::IEditStep> step;
+    if (context_ != nullptr && result == 1) {
+        step = Steinberg::owned(new LyricsDevideEditStep(&node, std::move(division)));
+    } else if (context_ != nullptr && newRecords.size() != oldRecords.size()) {
+        step = makeCountStep(node, track, oldRecords, newRecords);
+    }
     table_.insert_or_assign(track, std::make_shared<NoteRecords>(std::move(newRecords)));
-
-    if (context_ == nullptr) {
-        return;
+    if (step) {
+        context_->addEditStep(step);
     }
-    if (hasDivided != 0) {
-        handOver(Steinberg::owned(new LyricsDevideEditStep(&node, std::move(division))));
-    } else if (newCount != oldRecords.size()) {
-        const auto cause = newCount < oldRecords.size()
-                               ? ChangeNoteEventCountEditStep::Cause::NotesRemoved
-                               : ChangeNoteEventCountEditStep::Cause::NotesAdded;
-        handOver(Steinberg::owned(
-            new ChangeNoteEventCountEditStep(&node, track, std::move(changes), cause)));
-    }
-}
-
-void ProjectWalk::handOver(IPtr<host::IEditStep> step) {
-    context_->addEditStep(step);
 }
 
 } // namespace wybeta

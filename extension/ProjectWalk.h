@@ -30,7 +30,6 @@ public:
 private:
     void visitTrack(host::IProjectNode& node, host::IProjectTrack& track);
     void updateTrack(host::IProjectNode& node, TrackKey track, const host::NoteRecords& oldRecords);
-    void handOver(Steinberg::IPtr<host::IEditStep> step);
 
     TrackTable& table_;
     host::IProjectNotificationArgument& argument_;

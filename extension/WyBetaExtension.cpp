@@ -83,6 +83,7 @@ tresult PLUGIN_API WyBetaExtension::queryInterface(const Steinberg::TUID id, voi
 }
 
 tresult PLUGIN_API WyBetaExtension::initialize(Steinberg::FUnknown* context) {
+    const auto self = holdSelf();
     replace(projectHost_, host::query<host::IProjectHost>(context));
     const auto projectHost = projectHost_;
     if (!projectHost) {
@@ -97,6 +98,7 @@ tresult PLUGIN_API WyBetaExtension::initialize(Steinberg::FUnknown* context) {
 }
 
 tresult PLUGIN_API WyBetaExtension::terminate() {
+    const auto self = holdSelf();
     current_ = nullptr;
     replace(projectHost_, {});
     // Taken out of the object first, so that a host that calls back finds it terminated already.
@@ -143,14 +145,17 @@ tresult PLUGIN_API WyBetaExtension::hookEdit(Steinberg::FUnknown* node,
     return kResultOk;
 }
 
+IPtr<Steinberg::IPluginBase> WyBetaExtension::holdSelf() {
+    return Steinberg::shared<Steinberg::IPluginBase>(this);
+}
+
 void WyBetaExtension::walkProject(Steinberg::FUnknown* argument,
                                   host::IProjectEditContext* context) {
+    const auto self = holdSelf();
     auto node = host::query<host::IProjectNode>(argument);
     if (!node) {
         return;
     }
-    // The host may drop the extension while it is called back.
-    const auto self = Steinberg::shared<Steinberg::IPluginBase>(this);
     ProjectWalk walk(trackTable_, static_cast<host::IProjectNotificationArgument&>(*argument),
                      context);
     walk.run(std::move(node));

@@ -51,6 +51,8 @@ public:
 private:
     friend TrackTable* currentTrackTable();
 
+    // Keeps the extension alive while it calls the host, which may drop it meanwhile.
+    Steinberg::IPtr<Steinberg::IPluginBase> holdSelf();
     void walkProject(Steinberg::FUnknown* argument, host::IProjectEditContext* context);
 
     static WyBetaExtension* current_;

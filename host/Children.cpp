@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/Children.h"
 
+#include <utility>
+
 namespace wybeta::host {
 
 namespace {
@@ -11,8 +13,8 @@ constexpr int kMostGapsInARow = 65'536;
 
 } // namespace
 
-Children::Children(IProjectNode* node)
-    : iterator_(Steinberg::owned(node != nullptr ? node->children() : nullptr)) {}
+Children::Children(Steinberg::IPtr<IProjectNode> node)
+    : node_(std::move(node)), iterator_(Steinberg::owned(node_ ? node_->children() : nullptr)) {}
 
 Steinberg::IPtr<IProjectItem> Children::next() {
     for (int gaps = 0; iterator_ && gaps < kMostGapsInARow && !iterator_->atEnd(); ++gaps) {

@@ -10,8 +10,8 @@ namespace wybeta::host {
 // Goes through the children of a node once, skipping the places where the host has nothing to show.
 class Children {
 public:
-    // A null node has no children.
-    explicit Children(IProjectNode* node);
+    // The node is held as long as its children are gone through. A null node has none.
+    explicit Children(Steinberg::IPtr<IProjectNode> node);
 
     // Whether the host offered an iterator at all, be it an empty one.
     bool exist() const { return iterator_.get() != nullptr; }
@@ -21,6 +21,7 @@ public:
     Steinberg::IPtr<IProjectItem> next();
 
 private:
+    Steinberg::IPtr<IProjectNode> node_;
     Steinberg::IPtr<IProjectNodeIterator> iterator_;
 };
 

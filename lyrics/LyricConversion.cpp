@@ -10,6 +10,7 @@
 
 #include <iterator>
 #include <optional>
+#include <utility>
 
 namespace wybeta::lyrics {
 
