@@ -1,0 +1,203 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "extension/WyBetaExtension.h"
+#include "dictionary/PronunciationDictionary.h"
+#include "tests/SimulatedHost.h"
+
+#include <gtest/gtest.h>
+
+namespace wybeta {
+namespace {
+
+using simulator::Handle;
+using simulator::make;
+using Steinberg::kResultFalse;
+using Steinberg::kResultOk;
+
+template <class Face>
+const void* addressOf(const WyBetaExtension& extension) {
+    return static_cast<const Face*>(&extension);
+}
+
+class Extension : public testing::Test {
+protected:
+    const simulator::SharedState state = std::make_shared<simulator::HostState>();
+    const tests::SimulatedHost host{state};
+};
+
+TEST_F(Extension, KnowsItsClassByName) {
+    WyBetaExtension extension;
+    EXPECT_STREQ(extension.isA(), "WyBetaExtension");
+    EXPECT_TRUE(extension.isA("WyBetaExtension"));
+    EXPECT_FALSE(extension.isA("FObject"));
+    EXPECT_FALSE(extension.isA(nullptr));
+}
+
+TEST_F(Extension, KnowsItsBaseClassWhenAskedToConsiderIt) {
+    WyBetaExtension extension;
+    for (const bool askBaseClass : {true, false}) {
+        EXPECT_TRUE(extension.isTypeOf("WyBetaExtension", askBaseClass));
+        EXPECT_EQ(extension.isTypeOf("FObject", askBaseClass), askBaseClass);
+        EXPECT_FALSE(extension.isTypeOf("IPluginBase", askBaseClass));
+        EXPECT_FALSE(extension.isTypeOf(nullptr, askBaseClass));
+    }
+}
+
+TEST_F(Extension, StartsWithOneReference) {
+    WyBetaExtension extension;
+    EXPECT_EQ(extension.getRefCount(), 1);
+}
+
+TEST_F(Extension, PutsADictionaryOfItsOwnInThePlaceOfTheOneBefore) {
+    auto& dictionary = dictionary::pronunciationDictionary();
+    WyBetaExtension first;
+    const auto size = dictionary.size();
+    dictionary = dictionary::loadPronunciationDictionary("la\tx\tla", 7);
+    WyBetaExtension second;
+    EXPECT_EQ(dictionary.size(), size);
+    EXPECT_TRUE(dictionary.find("abandon"));
+    EXPECT_NE(dictionary.find("la").value().phonemes, "x");
+}
+
+TEST_F(Extension, LeavesTheDictionaryInPlaceWhenItIsDestroyed) {
+    { WyBetaExtension extension; }
+    EXPECT_TRUE(dictionary::pronunciationDictionary().find("abandon"));
+}
+
+TEST_F(Extension, HasItsFacesInTheOrderOfItsBases) {
+    WyBetaExtension extension;
+    EXPECT_EQ(addressOf<Steinberg::IPluginBase>(extension), &extension);
+    EXPECT_LT(addressOf<Steinberg::IPluginBase>(extension),
+              addressOf<Steinberg::FObject>(extension));
+    EXPECT_LT(addressOf<Steinberg::FObject>(extension),
+              addressOf<host::IProjectNotification3>(extension));
+    EXPECT_LT(addressOf<host::IProjectNotification3>(extension),
+              addressOf<host::IProjectStorageNotification>(extension));
+    EXPECT_LT(addressOf<host::IProjectStorageNotification>(extension),
+              addressOf<host::IProjectEditHook>(extension));
+}
+
+TEST_F(Extension, BecomesTheCurrentOneByInitialize) {
+    WyBetaExtension extension;
+    EXPECT_EQ(currentTrackTable(), nullptr);
+    extension.initialize(host.context());
+    EXPECT_NE(currentTrackTable(), nullptr);
+}
+
+TEST_F(Extension, BecomesTheCurrentOneInAHostWithoutAManager) {
+    const auto lonely = make<simulator::ProjectHost>(state, Handle<simulator::ProjectManager>());
+    WyBetaExtension extension;
+    EXPECT_EQ(extension.initialize(static_cast<host::IProjectHost*>(lonely.get())), kResultOk);
+    EXPECT_NE(currentTrackTable(), nullptr);
+}
+
+TEST_F(Extension, DoesNotBecomeTheCurrentOneInABadContext) {
+    WyBetaExtension extension;
+    EXPECT_EQ(extension.initialize(nullptr), kResultFalse);
+    EXPECT_EQ(extension.initialize(host.manager.get()), kResultFalse);
+    EXPECT_EQ(currentTrackTable(), nullptr);
+}
+
+TEST_F(Extension, StaysTheCurrentOneWhenABadContextFollows) {
+    WyBetaExtension extension;
+    extension.initialize(host.context());
+    auto* const table = currentTrackTable();
+    EXPECT_EQ(extension.initialize(nullptr), kResultFalse);
+    EXPECT_EQ(currentTrackTable(), table);
+}
+
+TEST_F(Extension, IsNoLongerTheCurrentOneAfterTerminate) {
+    WyBetaExtension extension;
+    extension.initialize(host.context());
+    extension.terminate();
+    EXPECT_EQ(currentTrackTable(), nullptr);
+}
+
+TEST_F(Extension, IsNoLongerTheCurrentOneBeforeItUnregisters) {
+    WyBetaExtension extension;
+    extension.initialize(host.context());
+    state->calls.intercept([](const simulator::HostCall& call) {
+        EXPECT_EQ(currentTrackTable(), nullptr) << call.name;
+        return simulator::Answer::Normal;
+    });
+    extension.terminate();
+}
+
+TEST_F(Extension, IsNotYetTheCurrentOneWhileItRegisters) {
+    WyBetaExtension extension;
+    state->calls.intercept([](const simulator::HostCall& call) {
+        EXPECT_EQ(currentTrackTable(), nullptr) << call.name;
+        return simulator::Answer::Normal;
+    });
+    extension.initialize(host.context());
+}
+
+TEST_F(Extension, IsNoLongerTheCurrentOneWhenItIsDestroyed) {
+    {
+        WyBetaExtension extension;
+        extension.initialize(host.context());
+    }
+    EXPECT_EQ(currentTrackTable(), nullptr);
+    EXPECT_TRUE(state->ledger.isBalanced()) << state->ledger.report();
+}
+
+TEST_F(Extension, LeavesTheCurrentOneAloneWhenAnotherIsDestroyed) {
+    WyBetaExtension current;
+    {
+        WyBetaExtension other;
+        other.initialize(host.context());
+        current.initialize(host.context());
+    }
+    EXPECT_NE(currentTrackTable(), nullptr);
+    current.terminate();
+}
+
+TEST_F(Extension, GivesTheCurrentPlaceToTheLastOneInitialised) {
+    WyBetaExtension first;
+    WyBetaExtension second;
+    first.initialize(host.context());
+    auto* const table = currentTrackTable();
+    second.initialize(host.context());
+    EXPECT_NE(currentTrackTable(), table);
+    second.terminate();
+    EXPECT_EQ(currentTrackTable(), nullptr);
+}
+
+TEST_F(Extension, KeepsItsTrackTableThroughNewsThatItIgnores) {
+    WyBetaExtension extension;
+    extension.initialize(host.context());
+    const auto records = std::make_shared<host::NoteRecords>(2);
+    currentTrackTable()->emplace(nullptr, records);
+
+    extension.ignored3(nullptr);
+    extension.ignored4(nullptr);
+    EXPECT_EQ(extension.ignored7(nullptr), kResultOk);
+    extension.ignored8(nullptr);
+    extension.storageChanged(nullptr);
+    EXPECT_EQ(*currentTrackTable(), (TrackTable{{nullptr, records}}));
+}
+
+TEST_F(Extension, KeepsItsTrackTableWhenTheChangedObjectIsNoNode) {
+    const auto document = host.openDocument();
+    WyBetaExtension extension;
+    extension.initialize(host.context());
+    const auto records = std::make_shared<host::NoteRecords>(2);
+    currentTrackTable()->emplace(nullptr, records);
+
+    extension.projectChanged(nullptr);
+    extension.projectChanged(document.get());
+    EXPECT_EQ(extension.hookEdit(nullptr, nullptr), kResultOk);
+    EXPECT_EQ(extension.hookEdit(document.get(), nullptr), kResultOk);
+    EXPECT_EQ(*currentTrackTable(), (TrackTable{{nullptr, records}}));
+}
+
+TEST_F(Extension, KeepsItsTrackTableUntilItIsDestroyed) {
+    WyBetaExtension extension;
+    extension.initialize(host.context());
+    currentTrackTable()->emplace(nullptr, std::make_shared<host::NoteRecords>(2));
+    extension.terminate();
+    extension.initialize(host.context());
+    EXPECT_EQ(currentTrackTable()->size(), 1u);
+}
+
+} // namespace
+} // namespace wybeta

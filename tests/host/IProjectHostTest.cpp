@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/IProjectHost.h"
+#include "host/IProjectManager.h"
+#include "tests/host/SlotExpectations.h"
+
+namespace wybeta::host {
+namespace {
+
+using tests::expectAnswer;
+
+TEST(IProjectHost, HandsOverAnInterfaceInSlot3) {
+    void* found = nullptr;
+    expectAnswer<3, std::int32_t(const void*, void**)>(&IProjectHost::getInterface, 5,
+                                                       IProjectManager::iid, &found);
+}
+
+} // namespace
+} // namespace wybeta::host

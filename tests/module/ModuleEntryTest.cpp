@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "simulator/ModuleFile.h"
+#include "tests/Options.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+#ifndef _WIN32
+#include <dlfcn.h>
+#endif
+
+namespace wybeta {
+namespace {
+
+using simulator::ModuleFile;
+using tests::modulePath;
+
+TEST(ModuleEntry, SucceedsForAsManyExitsAsThereWereInits) {
+    const ModuleFile module(modulePath());
+    EXPECT_TRUE(module.initDll());
+    EXPECT_TRUE(module.initDll());
+    EXPECT_TRUE(module.exitDll());
+    EXPECT_TRUE(module.exitDll());
+    EXPECT_FALSE(module.exitDll());
+}
+
+TEST(ModuleEntry, SucceedsAgainAfterAnExitTooMuchWasMadeUpFor) {
+    const ModuleFile module(modulePath());
+    EXPECT_FALSE(module.exitDll());
+    EXPECT_FALSE(module.exitDll());
+    EXPECT_TRUE(module.initDll());
+    EXPECT_TRUE(module.initDll());
+    EXPECT_TRUE(module.initDll());
+    EXPECT_TRUE(module.exitDll());
+    EXPECT_FALSE(module.exitDll());
+}
+
+TEST(ModuleEntry, StartsFromZeroWheneverTheModuleIsLoaded) {
+    for (int load = 0; load < 2; ++load) {
+        const ModuleFile module(modulePath());
+        EXPECT_TRUE(module.initDll());
+        EXPECT_TRUE(module.exitDll());
+        EXPECT_FALSE(module.exitDll());
+    }
+}
+
+TEST(ModuleEntry, OffersTheFactoryWithoutAnInit) {
+    const ModuleFile module(modulePath());
+    const auto factory = Steinberg::owned(module.getPluginFactory());
+    EXPECT_EQ(factory->countClasses(), 1);
+}
+
+TEST(ModuleFile, NamesTheFileThatItCannotLoad) {
+    try {
+        const ModuleFile module("no-such-file");
+        FAIL() << "the file was loaded";
+    } catch (const std::runtime_error& error) {
+        EXPECT_NE(std::string(error.what()).find("no-such-file"), std::string::npos)
+            << error.what();
+    }
+}
+
+#ifndef _WIN32
+TEST(ModuleEntry, CountsTheEntriesAndExitsOfLinuxAsInitsAndExits) {
+    const ModuleFile module(modulePath());
+    void* const library = dlopen(absolute(modulePath()).c_str(), RTLD_NOW);
+    const auto moduleEntry = reinterpret_cast<bool (*)(void*)>(dlsym(library, "ModuleEntry"));
+    const auto moduleExit = reinterpret_cast<bool (*)()>(dlsym(library, "ModuleExit"));
+
+    EXPECT_TRUE(moduleEntry(library));
+    EXPECT_TRUE(module.initDll());
+    EXPECT_TRUE(moduleExit());
+    EXPECT_TRUE(module.exitDll());
+    EXPECT_FALSE(moduleExit());
+    EXPECT_FALSE(module.exitDll());
+    dlclose(library);
+}
+#endif
+
+} // namespace
+} // namespace wybeta

@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/ModuleFixture.h"
+
+namespace wybeta {
+namespace {
+
+using namespace simulator;
+using Steinberg::kResultOk;
+using tests::SimulatedHost;
+
+// A host that calls the extension in the middle of a call from it.
+class Reentry : public tests::ExtensionFixture {
+protected:
+    // Acts in the first call with the name.
+    void inTheMiddleOf(std::string_view name, std::function<void()> action) {
+        state->calls.intercept([name, action, done = false](const HostCall& call) mutable {
+            if (call.name == name && !std::exchange(done, true)) {
+                action();
+            }
+            return Answer::Normal;
+        });
+    }
+
+    Steinberg::IPluginBase& base() { return extension->base(); }
+};
+
+TEST_F(Reentry, TerminatesOnceWhenTheManagerTerminatesItAgain) {
+    const auto document = host->openDocument();
+    base().initialize(host->context());
+    inTheMiddleOf("IProjectManager.removeNotification",
+                  [this] { EXPECT_EQ(base().terminate(), kResultOk); });
+    EXPECT_EQ(base().terminate(), kResultOk);
+    EXPECT_TRUE(host->manager->sinks().empty());
+    EXPECT_EQ(document->removed().size(), 1u);
+}
+
+TEST_F(Reentry, TerminatesOnceWhenADocumentTerminatesItAgain) {
+    const auto first = host->openDocument();
+    const auto second = host->openDocument();
+    base().initialize(host->context());
+    inTheMiddleOf("IProjectDocument.removeStorageNotification",
+                  [this] { EXPECT_EQ(base().terminate(), kResultOk); });
+    EXPECT_EQ(base().terminate(), kResultOk);
+    EXPECT_EQ(first->removed().size(), 1u);
+    EXPECT_EQ(second->removed().size(), 1u);
+}
+
+TEST_F(Reentry, HearsOfAnOpenDocumentInTheMiddleOfInitialize) {
+    const auto document = host->openDocument();
+    inTheMiddleOf("IProjectManager.addNotification",
+                  [&] { extension->notification().documentOpened(document.get()); });
+    EXPECT_EQ(base().initialize(host->context()), kResultOk);
+    base().terminate();
+    EXPECT_TRUE(document->sinks().empty());
+}
+
+TEST_F(Reentry, HoldsNothingAfterATerminateInTheMiddleOfInitializeAndAnotherOne) {
+    for (const char* const name :
+         {"IProjectHost.getInterface", "IProjectManager.addNotification"}) {
+        inTheMiddleOf(name, [this] { base().terminate(); });
+        EXPECT_EQ(base().initialize(host->context()), kResultOk);
+        base().terminate();
+        EXPECT_EQ(host->references(), 0) << name;
+    }
+}
+
+TEST_F(Reentry, HoldsOneHostAfterAnInitializeInTheMiddleOfInitialize) {
+    const SimulatedHost inner(state);
+    inTheMiddleOf("IProjectManager.addNotification",
+                  [&] { EXPECT_EQ(base().initialize(inner.context()), kResultOk); });
+    EXPECT_EQ(base().initialize(host->context()), kResultOk);
+    EXPECT_EQ(host->references(), 0);
+    EXPECT_EQ(inner.references(), 2);
+}
+
+TEST_F(Reentry, OutlivesAHostThatTakesItsManagerWithIt) {
+    base().initialize(host->context());
+    host.reset();
+    EXPECT_EQ(state->ledger.objectsAlive(), 2u);
+    base().terminate();
+    EXPECT_EQ(state->ledger.objectsAlive(), 0u);
+}
+
+} // namespace
+} // namespace wybeta

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Folders nest to any depth.
+#include "tests/SmallStackThread.h"
+#include "tests/session/SessionTest.h"
+
+namespace wybeta::tests {
+namespace {
+
+using Depth = SessionTest;
+
+constexpr std::size_t kStackBytes = 1024 * 1024;
+constexpr int kFolders = 100'000;
+
+TEST_F(Depth, OfAHundredThousandFoldersWalksOnAStackOfOneMebibyte) {
+    const auto track = makeTrack({{"", ""}});
+    Handle<TreeItem> item = track;
+    for (int i = 0; i < kFolders; ++i) {
+        const auto folder = make<Folder>(state());
+        folder->add(item);
+        item = folder;
+    }
+    project().add(std::move(item));
+
+    runOnStack(kStackBytes, [this, &track] {
+        editor().notify();
+        editor().type(noteAt(*track, 0), "かき");
+    });
+    EXPECT_EQ(lyricsOf(*track), (Lyrics{"かき[k a]", "[k i]"}));
+}
+
+} // namespace
+} // namespace wybeta::tests

@@ -1,0 +1,164 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/session/SessionTest.h"
+
+#include "tests/Options.h"
+
+#include <algorithm>
+#include <stdexcept>
+#include <utility>
+
+namespace wybeta::tests {
+
+namespace {
+
+// Nothing converts it, and no test types it.
+constexpr std::string_view kProbe = "？";
+
+std::vector<Event*> notesOf(const TreeNode& track) {
+    std::vector<Event*> notes;
+    for (const auto& child : track.items()) {
+        const auto* const part = dynamic_cast<const Part*>(child.get());
+        if (part == nullptr) {
+            continue;
+        }
+        for (const auto& item : part->items()) {
+            if (item) {
+                notes.push_back(&dynamic_cast<Event&>(*item));
+            }
+        }
+    }
+    return notes;
+}
+
+} // namespace
+
+Event& noteAt(const TreeNode& track, std::size_t index) {
+    return *notesOf(track).at(index);
+}
+
+Lyrics lyricsOf(const TreeNode& track) {
+    Lyrics lyrics;
+    for (const auto* note : notesOf(track)) {
+        lyrics.push_back(note->lyric());
+    }
+    return lyrics;
+}
+
+void typeInto(Event& note, std::string_view lyric) {
+    note.setLyric(lyric);
+    note.flagged = true;
+}
+
+std::unique_ptr<simulator::ModuleFile> SessionTest::module_;
+Steinberg::IPtr<Steinberg::IPluginFactory> SessionTest::factory_;
+
+void SessionTest::SetUpTestSuite() {
+    module_ = std::make_unique<simulator::ModuleFile>(modulePath());
+    module_->initDll();
+    factory_ = Steinberg::owned(module_->getPluginFactory());
+}
+
+void SessionTest::TearDownTestSuite() {
+    factory_ = nullptr;
+    module_->exitDll();
+    module_.reset();
+}
+
+SessionTest::SessionTest() : editor_(std::in_place, *factory_), state_(editor_->state()) {}
+
+void SessionTest::TearDown() {
+    state_->calls.stopIntercepting();
+    editor_.reset();
+    EXPECT_TRUE(state_->ledger.isBalanced()) << state_->ledger.report();
+    EXPECT_EQ(state_->ledger.objectsAlive(), 0u);
+}
+
+Handle<Event> SessionTest::makeNote(std::string_view lyric) const {
+    auto note = make<Event>(state_);
+    note->setLyric(lyric);
+    return note;
+}
+
+Handle<Event> SessionTest::makeOtherEvent() const {
+    return make<Event>(state_, Event::Kind::Other);
+}
+
+Handle<Part> SessionTest::makePart(const Lyrics& notes) const {
+    auto part = make<Part>(state_);
+    for (const auto& lyric : notes) {
+        part->add(makeNote(lyric));
+    }
+    return part;
+}
+
+Handle<Track> SessionTest::makeTrack(const std::vector<Lyrics>& parts) const {
+    auto track = simulator::makeVoiceTrack(state_);
+    for (const auto& notes : parts) {
+        track->add(makePart(notes));
+    }
+    return track;
+}
+
+Track& SessionTest::addTrackOf(const std::vector<Lyrics>& parts) {
+    const auto track = makeTrack(parts);
+    project().add(track);
+    return *track;
+}
+
+Track& SessionTest::addKnownTrackOf(const std::vector<Lyrics>& parts) {
+    auto& track = addTrackOf(parts);
+    editor().notify();
+    return track;
+}
+
+EditSteps SessionTest::hook(TreeNode& node) {
+    const auto context = make<EditContext>(state_);
+    editor().extension().editHook().hookEdit(node.argument(), context.get());
+    return context->steps();
+}
+
+void SessionTest::hook(const StepReceiver::Receive& receive) {
+    const auto context = make<StepReceiver>(state_, receive);
+    editor().extension().editHook().hookEdit(project().argument(), context.get());
+}
+
+Nodes SessionTest::reported(host::IEditStep& step) const {
+    const auto collector = make<simulator::ObjectCollector>(state_);
+    step.reportChangedObjects(collector.get());
+    return collector->objects();
+}
+
+Lyrics SessionTest::recordedLyrics(const Track& track) {
+    const auto notes = notesOf(track);
+    const auto lyrics = lyricsOf(track);
+    std::vector<bool> flags;
+    for (auto* const note : notes) {
+        flags.push_back(note->flagged);
+        typeInto(*note, kProbe);
+    }
+    Lyrics recorded;
+    for (const auto& step : hook()) {
+        const auto nodes = reported(*step);
+        if (!nodes.empty() && nodes.front() == notes.front()->node()) {
+            step->undo();
+            recorded = lyricsOf(track);
+        }
+    }
+    for (std::size_t i = 0; i < notes.size(); ++i) {
+        notes[i]->setLyric(lyrics[i]);
+        notes[i]->flagged = flags[i];
+    }
+    return recorded;
+}
+
+void SessionTest::onFirst(std::string_view call, std::function<void()> action) {
+    const auto pending = std::make_shared<std::function<void()>>(std::move(action));
+    state_->calls.intercept([call, pending](const HostCall& made) {
+        if (made.name == call && *pending) {
+            std::exchange(*pending, nullptr)();
+        }
+        return simulator::Answer::Normal;
+    });
+}
+
+} // namespace wybeta::tests

@@ -1,0 +1,229 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// What the extension remembers of a track, from its first sighting on.
+#include "tests/session/SessionTest.h"
+
+namespace wybeta::tests {
+namespace {
+
+class TrackTable : public SessionTest {
+protected:
+    // A track with the given parts of events, which may be null.
+    Track& addTrackOfEvents(const std::vector<std::vector<Handle<Event>>>& parts) {
+        auto& track = addTrackOf(std::vector<Lyrics>(parts.size()));
+        for (std::size_t i = 0; i < parts.size(); ++i) {
+            for (const auto& event : parts[i]) {
+                dynamic_cast<Part&>(*track.items()[i]).add(event);
+            }
+        }
+        return track;
+    }
+
+    // The steps of a hook after which nothing of the project has changed since the last walk.
+    std::size_t stepsWithoutAChange() { return hook().size(); }
+};
+
+TEST_F(TrackTable, OnlyRecordsATrackThatIsSeenForTheFirstTime) {
+    auto& track = addTrack({"", "la", ""});
+    typeInto(noteAt(track, 0), "さくら");
+    EXPECT_TRUE(hook().empty());
+    EXPECT_EQ(lyricsOf(track), (Lyrics{"さくら", "la", ""}));
+    EXPECT_EQ(recordedLyrics(track), (Lyrics{"さくら", "la", ""}));
+}
+
+TEST_F(TrackTable, IsFilledByANotificationAsByAHook) {
+    auto& track = addTrack({"la", "", "li"});
+    editor().notify();
+    EXPECT_EQ(recordedLyrics(track), (Lyrics{"la", "", "li"}));
+}
+
+TEST_F(TrackTable, LetsALaterEditDivide) {
+    auto& track = addKnownTrack({"", "", ""});
+    typeInto(noteAt(track, 0), "さくら");
+    EXPECT_EQ(hook().size(), 1u);
+    EXPECT_EQ(lyricsOf(track), (Lyrics{"さくら[s a]", "[k u]", "[r a]"}));
+}
+
+TEST_F(TrackTable, HoldsTheNotesOfAllPartsInOrder) {
+    auto& track = addKnownTrackOf({{"a", "b"}, {}, {"c"}, {"d", "e"}});
+    EXPECT_EQ(recordedLyrics(track), (Lyrics{"a", "b", "c", "d", "e"}));
+}
+
+TEST_F(TrackTable, HoldsATrackWithoutNotes) {
+    auto& track = addKnownTrackOf(std::vector<Lyrics>{});
+    EXPECT_EQ(stepsWithoutAChange(), 0u);
+    track.add(makePart({"la"}));
+    EXPECT_EQ(hook().size(), 1u);
+}
+
+TEST_F(TrackTable, HoldsATrackWithoutAnIterator) {
+    auto& track = addTrackOf(std::vector<Lyrics>{});
+    track.answerNoIteratorWhenEmpty();
+    editor().notify();
+    EXPECT_EQ(stepsWithoutAChange(), 0u);
+    track.add(makePart({"la"}));
+    EXPECT_EQ(hook().size(), 1u);
+}
+
+TEST_F(TrackTable, IsBroughtUpToDateByANotificationThatMakesNoStep) {
+    auto& track = addKnownTrack({"", ""});
+    track.add(makePart({"la"}));
+    noteAt(track, 0).setLyric("li");
+    editor().notify();
+    EXPECT_EQ(stepsWithoutAChange(), 0u);
+    EXPECT_EQ(recordedLyrics(track), (Lyrics{"li", "", "la"}));
+}
+
+TEST_F(TrackTable, HoldsTheDividedTextsAfterANotificationThatWritesNone) {
+    auto& track = addKnownTrack({"", "", ""});
+    typeInto(noteAt(track, 0), "さくら");
+    editor().notify();
+    EXPECT_EQ(lyricsOf(track), (Lyrics{"さくら", "", ""}));
+    EXPECT_EQ(recordedLyrics(track), (Lyrics{"さくら[s a]", "[k u]", "[r a]"}));
+}
+
+TEST_F(TrackTable, LeavesTheDivisionOfATextThatANotificationSawToTheNextHook) {
+    auto& track = addKnownTrack({"", "la", ""});
+    typeInto(noteAt(track, 0), "さくら");
+    editor().notify();
+
+    const auto steps = hook();
+    ASSERT_EQ(steps.size(), 1u);
+    EXPECT_EQ(lyricsOf(track), (Lyrics{"さくら[s a]", "[k u]", "[r a]"}));
+    steps[0]->undo();
+    EXPECT_EQ(lyricsOf(track), (Lyrics{"さくら[s a]", "la", ""}));
+}
+
+TEST_F(TrackTable, HoldsTheDividedTextsAfterAHook) {
+    auto& track = addKnownTrack({"", "", "", "la"});
+    typeInto(noteAt(track, 0), "さくら");
+    hook();
+    EXPECT_EQ(stepsWithoutAChange(), 0u);
+    EXPECT_EQ(recordedLyrics(track), (Lyrics{"さくら[s a]", "[k u]", "[r a]", "la"}));
+}
+
+TEST_F(TrackTable, FollowsLyricsThatAreNotDivided) {
+    auto& track = addKnownTrack({"la", "li"});
+    noteAt(track, 1).setLyric("さくら");
+    EXPECT_TRUE(hook().empty());
+    EXPECT_EQ(recordedLyrics(track), (Lyrics{"la", "さくら"}));
+}
+
+TEST_F(TrackTable, RecordsTheNotesBehindAChildThatIsNoPartOnFirstSightingOnly) {
+    auto& track = addTrack({"a", "b"});
+    track.add(make<TreeNode>(state(), "Node", "automation"));
+    track.add(makePart({"c"}));
+    editor().notify();
+
+    const auto steps = hook();
+    ASSERT_EQ(steps.size(), 1u);
+    EXPECT_FALSE(isDivision(*steps[0]));
+    EXPECT_EQ(stepsWithoutAChange(), 0u);
+    steps[0]->undo();
+    EXPECT_EQ(hook().size(), 1u);
+}
+
+TEST_F(TrackTable, RecordsTheNotesBehindAPartWithoutAnIteratorOnFirstSightingOnly) {
+    auto& track = addTrackOf({{"a"}, {}, {"c"}});
+    dynamic_cast<Part&>(*track.items()[1]).answerNoIteratorWhenEmpty();
+    editor().notify();
+    EXPECT_EQ(hook().size(), 1u);
+    EXPECT_EQ(stepsWithoutAChange(), 0u);
+}
+
+TEST_F(TrackTable, RecordsEventsThatAreNoNotesOnFirstSightingOnly) {
+    addTrackOfEvents({{makeNote("a"), makeOtherEvent(), makeNote("b")}});
+    editor().notify();
+
+    const auto steps = hook();
+    ASSERT_EQ(steps.size(), 1u);
+    EXPECT_FALSE(isDivision(*steps[0]));
+    EXPECT_EQ(stepsWithoutAChange(), 0u);
+}
+
+TEST_F(TrackTable, TakesAnEventThatIsNoNoteForTheNoteBeforeIt) {
+    addTrackOfEvents({{makeNote("a"), makeOtherEvent()}});
+    editor().notify();
+    const auto steps = hook();
+    ASSERT_EQ(steps.size(), 1u);
+
+    // The step has a record to put back, which one without an event would not be.
+    steps[0]->undo();
+    EXPECT_EQ(hook().size(), 1u);
+    steps[0]->undo();
+    steps[0]->redo();
+    EXPECT_EQ(stepsWithoutAChange(), 0u);
+}
+
+TEST_F(TrackTable, CountsEveryEventThatIsNoNote) {
+    const auto others = {makeOtherEvent(), makeOtherEvent()};
+    auto& track = addTrackOfEvents({{makeOtherEvent(), makeNote("a")}, others, {makeNote("b")}});
+    editor().notify();
+
+    // Three notes come at the same time as the three empty records go.
+    track.add(makePart({"c", "d", "e"}));
+    EXPECT_TRUE(hook().empty());
+}
+
+TEST_F(TrackTable, TakesTheRecordOfTheNoteBeforeThatOfAnEventBehindIt) {
+    auto& track = addTrackOfEvents({{makeNote("la"), makeOtherEvent()}});
+    noteAt(track, 0).flagged = true;
+    editor().notify();
+
+    const auto steps = hook();
+    ASSERT_EQ(steps.size(), 1u);
+    EXPECT_FALSE(isDivision(*steps[0]));
+}
+
+TEST_F(TrackTable, DoesNotTakeALeadingEventThatIsNoNoteForAnyNote) {
+    addTrackOfEvents({{makeOtherEvent(), makeNote("la")}});
+    editor().notify();
+    const auto steps = hook();
+    ASSERT_EQ(steps.size(), 1u);
+
+    steps[0]->undo();
+    EXPECT_EQ(hook().size(), 1u);
+    steps[0]->undo();
+    steps[0]->redo();
+    EXPECT_EQ(stepsWithoutAChange(), 0u);
+}
+
+TEST_F(TrackTable, HasNoRecordForANullEvent) {
+    addTrackOfEvents({{{}, makeNote("a"), {}, {}, makeNote("b"), {}}});
+    editor().notify();
+    EXPECT_EQ(stepsWithoutAChange(), 0u);
+}
+
+TEST_F(TrackTable, TakesALyricThatIsNoTextForEmpty) {
+    auto& track = addTrack({"a", "la"});
+    noteAt(track, 1).attributes = [](std::string_view, Steinberg::FVariant& value) {
+        value.setInt(7);
+        return Steinberg::kResultOk;
+    };
+    editor().notify();
+    noteAt(track, 1).attributes = nullptr;
+    EXPECT_EQ(recordedLyrics(track), (Lyrics{"a", ""}));
+}
+
+TEST_F(TrackTable, HoldsCharactersBeyondTheBasicPlane) {
+    auto& track = addKnownTrack({"𠮷野", "🎵"});
+    EXPECT_EQ(recordedLyrics(track), (Lyrics{"𠮷野", "🎵"}));
+}
+
+TEST_F(TrackTable, KnowsATrackByItsAddressAndNotByItsNotes) {
+    auto& track = addKnownTrack({"", ""});
+    const auto twin = makeTrack({});
+    const Handle<TreeItem> part = track.items()[0];
+    track.remove(*part);
+    twin->add(part);
+    project().add(twin);
+    typeInto(noteAt(*twin, 0), "かき");
+
+    const auto steps = hook();
+    ASSERT_EQ(steps.size(), 1u);
+    EXPECT_FALSE(isDivision(*steps[0]));
+    EXPECT_EQ(lyricsOf(*twin), (Lyrics{"かき", ""}));
+}
+
+} // namespace
+} // namespace wybeta::tests

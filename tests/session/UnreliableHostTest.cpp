@@ -1,0 +1,178 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// A host whose answers make no sense.
+#include "tests/session/SessionTest.h"
+
+#include "host/InterfaceId.h"
+
+namespace wybeta::tests {
+namespace {
+
+using simulator::Answer;
+using simulator::HostObject;
+
+// Never at its end; gives null for ever, or for a while and then one child.
+class GapIterator : public simulator::Implements<HostObject, host::IProjectNodeIterator> {
+public:
+    GapIterator(SharedState state, int gaps, TreeItem* child)
+        : Implements(std::move(state), "GapIterator"), gaps_(gaps), child_(child) {}
+
+    host::IProjectItem* PLUGIN_API next() override {
+        return --gaps_ == -1 ? child_->ownInterface() : nullptr;
+    }
+    bool PLUGIN_API atEnd() override { return false; }
+
+protected:
+    void* face(const Steinberg::TUID id) override {
+        return host::sameId(id, Steinberg::FUnknown_iid) ? this : nullptr;
+    }
+
+private:
+    int gaps_;
+    TreeItem* child_;
+};
+
+// A node whose children are behind gaps.
+template <class Node>
+class GapNode : public Node {
+public:
+    template <class... Arguments>
+    explicit GapNode(Arguments&&... arguments) : Node(std::forward<Arguments>(arguments)...) {}
+
+    int gaps = 0;
+    Handle<TreeItem> child;
+
+    host::IProjectNodeIterator* PLUGIN_API children() override {
+        const auto iterator = make<GapIterator>(this->state(), child ? gaps : -1, child.get());
+        return simulator::handOver<host::IProjectNodeIterator>(iterator.get());
+    }
+};
+
+// Says that it handed an interface over, and hands over nothing.
+class LyingNote : public Event {
+public:
+    using Event::Event;
+
+    Steinberg::tresult PLUGIN_API queryInterface(const Steinberg::TUID, void** object) override {
+        *object = nullptr;
+        return Steinberg::kResultOk;
+    }
+};
+
+class UnreliableHost : public SessionTest {
+protected:
+    static Part& partOf(const Track& track) { return dynamic_cast<Part&>(*track.items()[0]); }
+};
+
+TEST_F(UnreliableHost, HasAProjectThatNeverEnds) {
+    const auto folder = make<GapNode<Folder>>(state());
+    project().add(folder);
+    auto& track = addKnownTrack({"", ""});
+    editor().type(noteAt(track, 0), "かき");
+    EXPECT_EQ(lyricsOf(track), (Lyrics{"かき[k a]", "[k i]"}));
+    hook(*folder);
+}
+
+TEST_F(UnreliableHost, HasATrackThatNeverEnds) {
+    const auto endless = make<GapNode<Track>>(state());
+    endless->setDevice(simulator::makeDevice(state(), simulator::Plugin::Kind::VoiceSynthesizer));
+    project().add(endless);
+    auto& track = addKnownTrack({"", ""});
+    editor().type(noteAt(track, 0), "かき");
+    EXPECT_EQ(lyricsOf(track), (Lyrics{"かき[k a]", "[k i]"}));
+}
+
+TEST_F(UnreliableHost, HasAPartThatNeverEnds) {
+    auto& track = addKnownTrack({"", ""});
+    track.add(make<GapNode<Part>>(state()));
+    editor().type(noteAt(track, 0), "かき");
+    EXPECT_EQ(lyricsOf(track), (Lyrics{"かき[k a]", "[k i]"}));
+}
+
+TEST_F(UnreliableHost, HasManyGapsBeforeAChild) {
+    const auto track = makeTrack({{"", ""}});
+    const auto folder = make<GapNode<Folder>>(state());
+    folder->gaps = 1000;
+    folder->child = track;
+    project().add(folder);
+    editor().notify();
+    editor().type(noteAt(*track, 0), "かき");
+    EXPECT_EQ(lyricsOf(*track), (Lyrics{"かき[k a]", "[k i]"}));
+}
+
+TEST_F(UnreliableHost, HasANoteThatHandsOverNothing) {
+    auto& track = addKnownTrack({"", ""});
+    partOf(track).insert(1, make<LyingNote>(state()));
+    typeInto(noteAt(track, 0), "かき");
+    const auto steps = hook();
+    ASSERT_EQ(steps.size(), 1u);
+    EXPECT_EQ(lyricsOf(track), (Lyrics{"かき[k a]", "", "[k i]"}));
+}
+
+TEST_F(UnreliableHost, GivesNoTimeContexts) {
+    state()->calls.intercept([](const HostCall& call) {
+        return call.name == "IProjectNotificationArgument.timeContext" ? Answer::Refuse
+                                                                       : Answer::Normal;
+    });
+    auto& track = addKnownTrack({"", ""});
+    editor().type(noteAt(track, 0), "かき");
+    EXPECT_EQ(lyricsOf(track), (Lyrics{"かき[k a]", "[k i]"}));
+}
+
+TEST_F(UnreliableHost, RefusesToTakeAStep) {
+    state()->calls.intercept([](const HostCall& call) {
+        return call.name == "IProjectEditContext.addEditStep" ? Answer::Refuse : Answer::Normal;
+    });
+    auto& track = addKnownTrack({"", ""});
+    typeInto(noteAt(track, 0), "かき");
+    EXPECT_TRUE(hook().empty());
+    EXPECT_EQ(noteAt(track, 0).moduleReferences(), 0);
+    EXPECT_EQ(lyricsOf(track), (Lyrics{"かき", ""}));
+}
+
+TEST_F(UnreliableHost, RefusesToTakeALyric) {
+    state()->calls.intercept([](const HostCall& call) {
+        return call.name == "IProjectNoteEvent.setAttribute" ? Answer::Refuse : Answer::Normal;
+    });
+    auto& track = addKnownTrack({"", ""});
+    typeInto(noteAt(track, 0), "かき");
+    const auto steps = hook();
+    ASSERT_EQ(steps.size(), 1u);
+    steps[0]->undo();
+    steps[0]->redo();
+    EXPECT_EQ(lyricsOf(track), (Lyrics{"かき", ""}));
+}
+
+TEST_F(UnreliableHost, UndoesDivisionsOutOfOrder) {
+    auto& track = addKnownTrack({"a", "b", "c"});
+    EditSteps steps;
+    for (const char* lyric : {"かき", "さしす", "た"}) {
+        typeInto(noteAt(track, 0), lyric);
+        steps.push_back(hook().at(0));
+    }
+    steps[0]->undo();
+    steps[2]->undo();
+    steps[1]->undo();
+    EXPECT_EQ(lyricsOf(track), (Lyrics{"かき[k a]", "[k i]", "c"}));
+    EXPECT_EQ(recordedLyrics(track), lyricsOf(track));
+}
+
+TEST_F(UnreliableHost, UndoesCountStepsOutOfOrder) {
+    auto& track = addKnownTrack({"a", "b", "c", "d"});
+    EditSteps steps;
+    for (int i = 0; i < 3; ++i) {
+        partOf(track).remove(noteAt(track, 0));
+        steps.push_back(hook().at(0));
+    }
+    track.add(makePart({"e", "f"}));
+    steps.push_back(hook().at(0));
+    for (const std::size_t i : {3, 3, 0, 2, 1, 3, 0}) {
+        steps[i]->undo();
+        steps[3 - i]->redo();
+    }
+    editor().notify();
+    EXPECT_EQ(recordedLyrics(track), (Lyrics{"d", "e", "f"}));
+}
+
+} // namespace
+} // namespace wybeta::tests
