@@ -12,6 +12,8 @@ if(WYBETA_SANITIZE)
     # The host's objects have no run-time type information that this build could know, so casts to
     # their interfaces are not checked against it.
     set(sanitizers -fsanitize=address,undefined -fno-sanitize=vptr -fno-sanitize-recover=all)
+    # Instrumented code of the standard library raises this warning without cause.
+    list(APPEND sanitizers -Wno-maybe-uninitialized)
     add_compile_options(${sanitizers} -O1 -fno-omit-frame-pointer)
     add_link_options(${sanitizers})
 endif()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "simulator/Editor.h"
 
+#include <memory>
 #include <string>
 #include <utility>
 
@@ -25,20 +26,18 @@ Change insertion(TreeNode& parent, std::size_t index, Handle<TreeItem> item) {
 }
 
 Change removal(TreeNode& parent, TreeItem& item) {
+    const Handle<TreeNode> node(&parent);
     const Handle<TreeItem> kept(&item);
-    const auto& items = parent.items();
-    std::size_t index = 0;
-    while (items[index].get() != &item) {
-        ++index;
-    }
-    auto insert = insertion(parent, index, kept);
-    return {std::move(insert.revert), std::move(insert.apply)};
+    // Where the item was is known when it goes: other changes of the edit may come first.
+    const auto index = std::make_shared<std::size_t>(0);
+    return {[node, kept, index] { *index = node->remove(*kept); },
+            [node, kept, index] { node->insert(*index, kept); }};
 }
 
-Editor::Editor(Steinberg::IPluginFactory& factory)
+Editor::Editor(LoadedExtension extension)
     : document_(make<Document>(state_)), manager_(make<ProjectManager>(state_)),
       host_(make<ProjectHost>(state_, manager_)),
-      project_(make<TreeNode>(state_, "Project", "project")), extension_(factory) {
+      project_(make<TreeNode>(state_, "Project", "project")), extension_(std::move(extension)) {
     manager_->documents.push_back(document_);
     extension_->base().initialize(static_cast<host::IProjectHost*>(host_.get()));
     extension_->notification().documentOpened(document_.get());

@@ -24,7 +24,9 @@ struct Change {
 class Editor {
 public:
     // Creates the extension, initialises it and opens the document.
-    explicit Editor(Steinberg::IPluginFactory& factory);
+    explicit Editor(Steinberg::IPluginFactory& factory) : Editor(LoadedExtension(factory)) {}
+    // Works with an extension that others may hold as well, and use before and after it.
+    explicit Editor(LoadedExtension extension);
     // Terminates the extension if that has not happened yet.
     ~Editor();
     Editor(const Editor&) = delete;

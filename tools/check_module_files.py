@@ -10,7 +10,6 @@ Exit status: 0 every test passed, 1 a test failed, 2 an argument is wrong.
 """
 
 import argparse
-import json
 import struct
 import sys
 import unittest
@@ -18,6 +17,7 @@ from collections.abc import Iterator
 from pathlib import Path
 
 import make_dictionary
+import unittest_report
 
 ENTRY_POINTS = ["ExitDll", "GetPluginFactory", "InitDll"]
 LINUX_ENTRY_POINTS = ["ModuleEntry", "ModuleExit"]
@@ -172,34 +172,6 @@ class WindowsModule(DictionaryTests, unittest.TestCase):
         self.assertEqual(self.file.directory(self.file.DELAYED_IMPORTS), 0)
 
 
-def report_entry(test: unittest.TestCase, failures: dict[str, str]) -> dict[str, object]:
-    """Returns what the report says of a test that ran; `failures` goes by the ids of tests."""
-    entry = {"name": test.id().rpartition(".")[2], "result": "COMPLETED"}
-    if test.id() in failures:
-        return entry | {"failures": [{"failure": failures[test.id()]}]}
-    return entry
-
-
-def run_tests() -> dict[str, object]:
-    """Runs every test, prints the failures and returns the report."""
-    load = unittest.defaultTestLoader.loadTestsFromTestCase
-    suites = {case.__name__: list(load(case)) for case in (LinuxModule, WindowsModule)}
-    tests = [test for suite in suites.values() for test in suite]
-    runner = unittest.TextTestRunner(stream=sys.stdout, verbosity=0)
-    result = runner.run(unittest.TestSuite(tests))
-    failures = {test.id(): message for test, message in result.failures + result.errors}
-    return {
-        "tests": len(tests),
-        "failures": len(failures),
-        "errors": 0,
-        "disabled": 0,
-        "testsuites": [
-            {"name": name, "testsuite": [report_entry(test, failures) for test in suite]}
-            for name, suite in suites.items()
-        ],
-    }
-
-
 def main() -> int:
     """Reads the command line, runs the tests and writes the report; returns the exit status."""
     parser = argparse.ArgumentParser(description="Tests the two module files.")
@@ -208,9 +180,7 @@ def main() -> int:
     parser.add_argument("--report", type=Path, required=True, metavar="FILE")
     arguments = parser.parse_args()
     modules.update(linux=arguments.linux, windows=arguments.windows)
-    report = run_tests()
-    arguments.report.write_text(json.dumps(report, indent=2), encoding="utf-8")
-    return 1 if report["failures"] else 0
+    return unittest_report.run(sys.modules[__name__], arguments.report)
 
 
 if __name__ == "__main__":

@@ -1,7 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// GCC takes alarm, without cause, at the regular expressions of its own library when sanitizing.
-#pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
-
 #include "tests/session/NaiveConversion.h"
 
 #include <utf8cpp/utf8.h>

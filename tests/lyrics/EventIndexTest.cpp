@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "lyrics/EventIndex.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace wybeta::lyrics {
+namespace {
+
+using host::NoteRecord;
+using host::NoteRecords;
+
+const void* address(std::uintptr_t number) {
+    return reinterpret_cast<const void*>(number);
+}
+
+NoteRecords recordsOf(const std::vector<std::uintptr_t>& events) {
+    NoteRecords records;
+    for (const auto event : events) {
+        NoteRecord record;
+        record.event = address(event);
+        records.push_back(record);
+    }
+    return records;
+}
+
+// What a search through the list from its front finds.
+const NoteRecord* findFromFront(const NoteRecords& records, const void* event) {
+    for (const auto& record : records) {
+        if (record.event == event) {
+            return &record;
+        }
+    }
+    return nullptr;
+}
+
+TEST(EventIndex, FindsTheRecordOfAnEvent) {
+    const auto records = recordsOf({0x1000, 0x2000, 0x3000});
+    EventIndex index(records);
+    EXPECT_EQ(index.find(address(0x3000)), &records[2]);
+    EXPECT_EQ(index.find(address(0x1000)), &records[0]);
+    EXPECT_EQ(index.find(address(0x4000)), nullptr);
+}
+
+TEST(EventIndex, FindsTheFirstOfSeveralRecords) {
+    const auto records = recordsOf({0x1000, 0x2000, 0x2000, 0x1000, 0x2000});
+    EventIndex index(records);
+    EXPECT_EQ(index.find(address(0x1000)), &records[0]);
+    EXPECT_EQ(index.find(address(0x2000)), &records[1]);
+}
+
+TEST(EventIndex, FindsNothingInAnEmptyList) {
+    const NoteRecords records;
+    EventIndex index(records);
+    EXPECT_EQ(index.find(address(0x1000)), nullptr);
+    EXPECT_EQ(index.find(nullptr), nullptr);
+}
+
+TEST(EventIndex, FindsTheRecordWithoutAnEvent) {
+    const auto records = recordsOf({0x1000, 0, 0});
+    EventIndex index(records);
+    EXPECT_EQ(index.find(nullptr), &records[1]);
+}
+
+TEST(EventIndex, FindsWhatASearchFromTheFrontFinds) {
+    std::mt19937_64 random(1);
+    for (int round = 0; round < 300; ++round) {
+        const std::uint64_t spacing = std::uint64_t{1} << random() % 40;
+        const std::uint64_t events = 1 + random() % 200;
+        std::vector<std::uintptr_t> numbers(random() % 300);
+        for (auto& number : numbers) {
+            number = static_cast<std::uintptr_t>(random() % events * spacing);
+        }
+        const auto records = recordsOf(numbers);
+        EventIndex index(records);
+        for (std::uint64_t i = 0; i < events; ++i) {
+            const auto* const event = address(static_cast<std::uintptr_t>(i * spacing));
+            ASSERT_EQ(index.find(event), findFromFront(records, event)) << round << " " << i;
+        }
+    }
+}
+
+} // namespace
+} // namespace wybeta::lyrics
