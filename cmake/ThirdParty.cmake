@@ -18,7 +18,7 @@ add_library(vst3sdk STATIC
 )
 target_include_directories(vst3sdk SYSTEM PUBLIC ${VST3_SDK_DIR})
 target_compile_definitions(vst3sdk PUBLIC RELEASE=1)
-target_compile_options(vst3sdk PRIVATE -w)
+target_compile_options(vst3sdk PRIVATE -w -fvisibility=hidden)
 if(WIN32)
     target_link_libraries(vst3sdk PUBLIC ole32)
 else()
@@ -28,7 +28,6 @@ else()
     target_compile_options(vst3sdk PUBLIC
         "SHELL:$<$<COMPILE_LANGUAGE:CXX>:-include ${PROJECT_SOURCE_DIR}/host/ComAbi.h>")
 endif()
-target_compile_options(vst3sdk PRIVATE -fvisibility=hidden)
 
 # Header-only packages are reached through links, one folder each: the cross compiler must not see
 # the rest of the build machine's include folder.
@@ -40,6 +39,20 @@ function(add_header_package target folder)
     target_include_directories(${target} SYSTEM INTERFACE ${header_links}/${target})
 endfunction()
 add_header_package(utfcpp utf8cpp)
+add_header_package(cli11 CLI)
+add_header_package(nlohmann_json nlohmann)
+
+set(PUGIXML_SOURCE_DIR ${PROJECT_SOURCE_DIR}/.deps/pugixml CACHE PATH "Folder with the sources of pugixml")
+if(NOT EXISTS ${PUGIXML_SOURCE_DIR}/src/pugixml.cpp)
+    message(FATAL_ERROR
+        "Expected pugixml in PUGIXML_SOURCE_DIR (\"${PUGIXML_SOURCE_DIR}\"), found none: run 'make setup'.")
+endif()
+add_library(pugixml STATIC EXCLUDE_FROM_ALL ${PUGIXML_SOURCE_DIR}/src/pugixml.cpp)
+target_include_directories(pugixml SYSTEM PUBLIC ${PUGIXML_SOURCE_DIR}/src)
+target_compile_options(pugixml PRIVATE -w)
+
+set(ZLIB_USE_STATIC_LIBS ON)
+find_package(ZLIB REQUIRED)
 
 set(INSTALL_GTEST OFF CACHE BOOL "" FORCE)
 add_subdirectory(${GOOGLETEST_SOURCE_DIR} ${PROJECT_BINARY_DIR}/googletest EXCLUDE_FROM_ALL)

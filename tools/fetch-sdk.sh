@@ -2,8 +2,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 #
 # Puts the plug-in SDK into the folder given as the one argument, as base/, pluginterfaces/ and
-# public.sdk/. The tarballs are those of a Debian source package; the mirror is the one that this
-# machine's own apt configuration names.
+# public.sdk/. The tarballs are those of a Debian source package.
 set -euo pipefail
 
 readonly suite=trixie
@@ -22,53 +21,11 @@ fail() {
     exit 1
 }
 
+. "$(dirname "$0")/debian-source.sh"
+
 # The stamp carries the version, so a checkout that asks for another one fetches again.
 isComplete() {
     [ -f "$destination/.version-$version" ]
-}
-
-debianMirror() {
-    apt-get indextargets --format '$(REPO_URI)' 'Origin: Debian' 'Label: Debian' | head -n 1
-}
-
-# A source list of its own, so that the machine's configuration stays as it is.
-aptIn() {
-    local state=$1
-    shift
-    apt-get -qq -o Dir::Etc::sourcelist="$state/sources.list" -o Dir::Etc::sourceparts=- \
-        -o Dir::State::lists="$state/lists" -o Dir::Cache="$state/cache" \
-        -o APT::Sandbox::User=root "$@"
-}
-
-download() {
-    local state=$1 mirror
-    mirror=$(debianMirror)
-    [ -n "$mirror" ] || {
-        apt-get -qq update || true
-        mirror=$(debianMirror)
-    }
-    [ -n "$mirror" ] || fail "apt names no Debian mirror"
-    mkdir -p "$state/lists/partial" "$state/cache/archives/partial" "$state/files"
-    echo "deb-src [signed-by=/usr/share/keyrings/debian-archive-keyring.gpg] $mirror $suite main" \
-        >"$state/sources.list"
-    aptIn "$state" update >"$state/log" 2>&1 || fail "the package list of $suite did not arrive"
-    # A mirror may refuse the package's .dsc, and apt then reports a failure although the tarballs
-    # have arrived. What counts are the checksums below.
-    (cd "$state/files" && aptIn "$state" source --download-only "$package") >>"$state/log" 2>&1 || true
-}
-
-verify() {
-    local part=$1 file=$2 found
-    [ -f "$file" ] || fail "expected the tarball ${file##*/}, found none"
-    found=$(sha256sum "$file" | cut -d' ' -f1)
-    [ "$found" = "${sha256[$part]}" ] ||
-        fail "expected SHA-256 ${sha256[$part]} for ${file##*/}, found $found"
-}
-
-unpack() {
-    local part=$1 file=$2 into=$3
-    mkdir -p "$into/${folder[$part]}"
-    tar -xf "$file" -C "$into/${folder[$part]}" --strip-components=1
 }
 
 destination=${1:?usage: fetch-sdk.sh FOLDER}
@@ -77,11 +34,11 @@ isComplete && exit 0
 echo "fetching the plug-in SDK $version"
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-download "$work"
+download "$work" "$suite" "$package"
 for part in "${!sha256[@]}"; do
     tarball=$(find "$work/files" -name "${package}_${version}*.orig-$part.tar.*" | head -n 1)
-    verify "$part" "${tarball:-${package}_${version}.orig-$part.tar}"
-    unpack "$part" "$tarball" "$work/sdk"
+    verify "${tarball:-${package}_${version}.orig-$part.tar}" "${sha256[$part]}"
+    unpack "$tarball" "$work/sdk/${folder[$part]}"
 done
 rm -rf "$destination"
 mkdir -p "$(dirname "$destination")"

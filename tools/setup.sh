@@ -6,9 +6,10 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 
 readonly packages=(
-    g++ cmake ninja-build make python3 xz-utils ca-certificates
+    g++ cmake ninja-build make python3 xz-utils ca-certificates clang-format
     g++-mingw-w64-x86-64-posix wine64
     googletest libbenchmark-dev libutfcpp-dev
+    libcli11-dev nlohmann-json3-dev zlib1g-dev libz-mingw-w64-dev
 )
 
 missingPackages() {
@@ -53,3 +54,5 @@ elif [ ! -f "$VST3_SDK_DIR/pluginterfaces/base/funknown.h" ]; then
     echo "setup: expected the plug-in SDK in VST3_SDK_DIR, found none in '$VST3_SDK_DIR'; point it to a folder with base/, pluginterfaces/ and public.sdk/, or unset it." >&2
     exit 1
 fi
+
+tools/fetch-pugixml.sh "$PWD/.deps/pugixml"

@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace wybeta::simulator {
+
+// Times are counted in quarter notes from the start of the song.
+struct SongNote {
+    double start = 0;
+    double length = 1;
+    int pitch = 60;     // in semitones; 60 is the C in the middle of the keyboard
+    std::string lyric;  // UTF-8, one line
+    bool typed = false; // whether a person typed the lyric, as opposed to a division
+};
+
+struct SongTrack {
+    std::string name;
+    std::vector<SongNote> notes; // one after the other, as one singer sings them
+};
+
+struct TimeSignature {
+    int beats = 4;
+    int beatType = 4;
+
+    double measureLength() const { return 4.0 * beats / beatType; }
+};
+
+struct Song {
+    std::string title;
+    TimeSignature time;
+    double pickup = 0; // length of an incomplete first measure; 0 when the song begins with a bar
+    std::vector<SongTrack> tracks;
+};
+
+// What keeps the work on a song finite: about a week of music at a moderate tempo.
+constexpr double kLongestSong = 1'000'000;
+constexpr int kHighestPitch = 127;
+
+std::size_t countNotes(const Song& song);
+// Where the last note of the song ends.
+double endOf(const Song& song);
+// Where the first measure that is complete or begins after 'time' begins.
+double measureAfter(const Song& song, double time);
+
+// Throws BadInput when a value lies outside what a song can hold.
+void checkText(std::string_view text);
+void checkNote(const SongNote& note);
+void checkTime(const Song& song);
+
+// Whether the second note begins before the first has ended.
+bool overlap(const SongNote& first, const SongNote& second);
+
+// Throws BadInput unless the song has notes, and those of each track one after the other.
+void checkSong(const Song& song);
+
+} // namespace wybeta::simulator

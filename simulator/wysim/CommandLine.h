@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace wybeta::simulator {
+
+// What wysim is asked to do.
+struct CommandLine {
+    bool isComparison = false;
+    std::string module; // empty: the one that was built with the program
+    std::string song;
+    int verse = 1;
+    std::string script; // empty: the session is at the terminal; "-": in standard input
+    std::string svg;    // empty: no picture
+    // When not empty, there is nothing to do but show this.
+    std::string help;
+};
+
+// Throws BadInput.
+CommandLine parseCommandLine(std::vector<std::string> arguments);
+
+// The file to load for a module that the user named: inside a module folder, the library for this
+// system. With an empty name, the module beside the program or one folder up.
+std::filesystem::path moduleFile(const std::string& named);
+
+} // namespace wybeta::simulator

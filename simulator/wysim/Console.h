@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+namespace wybeta::simulator {
+
+// A terminal, and the command line, in UTF-8 on every system.
+void useUtf8Terminal();
+// The arguments behind the name of the program.
+std::vector<std::string> utf8Arguments(int argc, char** argv);
+
+bool isInputTerminal();
+bool isErrorTerminal();
+
+// Reads a line that a person types at the terminal. False at the end.
+bool readTerminalLine(std::string& line);
+
+} // namespace wybeta::simulator

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <istream>
+#include <ostream>
+#include <string>
+#include <vector>
+
+namespace wybeta::simulator {
+
+// Where a run reads and writes, and what of it is a terminal.
+struct Streams {
+    std::istream& in;
+    std::ostream& out;
+    std::ostream& err;
+    bool isInputTerminal = false;
+    bool isErrorTerminal = false;
+};
+
+// Runs wysim with the arguments behind its name and returns its exit status: 0 done, 2 bad input,
+// 1 trouble with the module.
+int runWysim(const std::vector<std::string>& arguments, const Streams& streams);
+
+} // namespace wybeta::simulator

@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/wysim/SongFixture.h"
+
+#include "tests/Options.h"
+
+#include <gtest/gtest.h>
+
+namespace wybeta::tests {
+
+namespace {
+
+TEST(Program, ShowsHelp) {
+    const auto run = runProgram({"--help"});
+    EXPECT_EQ(run.status, 0);
+    for (const auto* const option :
+         {"SONG", "--module", "--verse", "--script", "--svg", "compare"}) {
+        EXPECT_NE(run.out.find(option), std::string::npos) << option;
+    }
+}
+
+TEST(Program, EndsWithTwoOnMistakenArguments) {
+    const auto song = dataFile("plain.musicxml").u8string();
+    for (const auto& arguments :
+         std::vector<std::vector<std::string>>{{},
+                                               {"--sing"},
+                                               {song, "--verse", "0"},
+                                               {song, "--verse", "x"},
+                                               {song, "more"},
+                                               {"compare"},
+                                               {song, "--script", "missing.txt"}}) {
+        const auto run = runProgram(arguments);
+        EXPECT_EQ(run.status, 2);
+        EXPECT_EQ(run.err.substr(0, 16), "wysim: expected ") << run.err;
+    }
+}
+
+TEST(Program, EndsWithTwoAndWritesNothingOnABadSong) {
+    const TemporaryFolder folder;
+    const auto svg = folder.file("song.svg").u8string();
+    for (const auto* const name : {"no-notes.musicxml", "cut-short.musicxml", "missing.json"}) {
+        const auto song = dataFile(name).u8string();
+        const auto run = runProgram({song, "--svg", svg});
+        EXPECT_EQ(run.status, 2);
+        EXPECT_EQ(run.out, "");
+        EXPECT_EQ(run.err, "wysim: " + refusalOf(dataFile(name)) + ".\n");
+        EXPECT_TRUE(folder.isEmpty());
+    }
+}
+
+TEST(Program, EndsWithOneWhenTheModuleCannotBeLoaded) {
+    const auto song = dataFile("plain.musicxml").u8string();
+    const auto run = runProgram({song, "--module", song, "--svg", "unused.svg"});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.err.find("wysim: expected a module in the file "), 0u) << run.err;
+}
+
+TEST(Program, TakesTheVerse) {
+    const auto run = runProgram({dataFile("verses.musicxml").u8string(), "--verse", "2"}, "show 1");
+    EXPECT_NE(run.out.find("second["), std::string::npos) << run.out;
+}
+
+TEST(Program, GoesOnAfterAMistakeAndEndsWithTwo) {
+    const TemporaryFolder folder;
+    const auto script = folder.write("script.txt", "\r\nsing\r\ntype 4 la[l a]\r\n").u8string();
+    const auto run = runProgram({dataFile("plain.musicxml").u8string(), "--script", script});
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.err, "wysim: " + script +
+                           ", line 2: expected a command ('help' lists them), found 'sing'; "
+                           "nothing changed.\n");
+    EXPECT_NE(run.out.find("-> \"la[l a]\""), std::string::npos);
+}
+
+TEST(Program, WritesAPictureWithoutASession) {
+    const TemporaryFolder folder;
+    const auto svg = folder.file("さくら.svg");
+    const auto run =
+        runProgram({dataFile("plain.musicxml").u8string(), "--svg", svg.u8string()}, "bogus");
+    EXPECT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(bytesOf(svg).substr(0, 4), "<svg");
+}
+
+} // namespace
+
+} // namespace wybeta::tests

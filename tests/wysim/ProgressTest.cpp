@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "simulator/song/Progress.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+namespace wybeta::tests {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+TEST(Progress, ShowsItselfOnlyAfterASecond) {
+    std::ostringstream terminal;
+    std::chrono::steady_clock::time_point now;
+    simulator::Progress progress(terminal, [&now] { return now; });
+    progress.start("reading", 4);
+    now += 900ms;
+    progress.step();
+    EXPECT_EQ(terminal.str(), "");
+    now += 200ms;
+    progress.step();
+    EXPECT_EQ(terminal.str(), "\rreading 50 %");
+    progress.step();
+    EXPECT_EQ(terminal.str(), "\rreading 50 %");
+    now += 100ms;
+    progress.step();
+    EXPECT_EQ(terminal.str(), "\rreading 50 %\rreading 100 %");
+    progress.finish();
+    EXPECT_EQ(terminal.str(), "\rreading 50 %\rreading 100 %\r             \r");
+}
+
+TEST(Progress, LeavesNothingToTakeOffAfterQuickWork) {
+    std::ostringstream terminal;
+    {
+        simulator::Progress progress(terminal);
+        progress.start("reading", 2);
+        progress.step();
+    }
+    EXPECT_EQ(terminal.str(), "");
+}
+
+} // namespace
+
+} // namespace wybeta::tests

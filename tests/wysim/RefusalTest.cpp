@@ -1,0 +1,218 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "simulator/song/BadInput.h"
+#include "simulator/song/JsonSong.h"
+#include "simulator/song/MusicXmlReader.h"
+#include "simulator/song/SongFile.h"
+#include "tests/wysim/SongFixture.h"
+
+#include <gtest/gtest.h>
+
+namespace wybeta::tests {
+
+namespace {
+
+using simulator::BadInput;
+
+struct Refused {
+    const char* file;
+    const char* sentence;
+};
+
+class RefusedFile : public testing::TestWithParam<Refused> {};
+
+TEST_P(RefusedFile, IsRefusedWithWhatAndWhere) {
+    const auto path = dataFile(GetParam().file);
+    EXPECT_EQ(refusalOf(path), path.u8string() + ": " + GetParam().sentence);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Import, RefusedFile,
+    testing::Values(
+        Refused{"no-notes.musicxml", "expected a song with notes, found none"},
+        Refused{"no-words.musicxml", "expected words in verse 1, found no words at all"},
+        Refused{"timewise.musicxml", "expected a MusicXML score of the kind 'score-partwise', "
+                                     "found 'score-timewise'"},
+        Refused{"cut-short.musicxml", "expected well-formed XML, found error parsing start element "
+                                      "tag at line 11, column 14"},
+        Refused{"no-pitch.musicxml",
+                "expected a note with a pitch, found none at line 9, column 8"},
+        Refused{"no-duration.musicxml", "expected a number as duration, found 'long' at "
+                                        "line 9, column 8"},
+        Refused{"backup-too-far.musicxml",
+                "expected a time within the measure and the song, found one beyond at line 15, "
+                "column 8"},
+        Refused{"missing.musicxml", "expected a file that can be read, found none"},
+        Refused{".", "expected a name that ends in .musicxml, .xml, .mxl or .json, found no "
+                     "ending"}),
+    [](const auto& test) {
+        std::string name;
+        for (const char* letter = test.param.file; *letter != '\0'; ++letter) {
+            name += *letter == '-' || *letter == '.' ? '_' : *letter;
+        }
+        return name;
+    });
+
+TEST(Refusal, OfALargeFileComesWithoutReadingIt) {
+    const TemporaryFolder folder;
+    const auto path = folder.write("large.musicxml", "");
+    std::filesystem::resize_file(path, simulator::kLargestSongFile + 1);
+    EXPECT_NE(refusalOf(path).find("expected a file of at most 256 MiB, found 268435457 bytes"),
+              std::string::npos);
+}
+
+std::string scoreWith(const std::string& note) {
+    return "<score-partwise><part id='P1'><measure>" + note + "</measure></part></score-partwise>";
+}
+
+std::string noteWith(const std::string& lyric) {
+    return "<note><pitch><step>C</step><octave>4</octave></pitch><duration>1</duration><lyric>"
+           "<text>" +
+           lyric + "</text></lyric></note>";
+}
+
+simulator::Song read(const std::string& bytes) {
+    simulator::Progress progress;
+    return simulator::songFromMusicXml(bytes, 1, progress);
+}
+
+std::string refusal(const std::string& bytes) {
+    try {
+        read(bytes);
+        return {};
+    } catch (const BadInput& error) {
+        return error.what();
+    }
+}
+
+TEST(Refusal, OfXmlThatOnlyLooksWellFormed) {
+    const auto good = scoreWith(noteWith("la"));
+    ASSERT_EQ(refusal(good), "");
+    const std::string expected = "expected well-formed XML, found ";
+    EXPECT_EQ(refusal(scoreWith(noteWith("&lambda;"))),
+              expected + "the unknown entity 'lambda' at line 1, column 128");
+    EXPECT_EQ(refusal(scoreWith(noteWith("rock & roll"))),
+              expected + "a bare '&' at line 1, column 128");
+    EXPECT_EQ(refusal(scoreWith(noteWith("&#0;"))),
+              expected + "the unknown entity '#0' at line 1, column 128");
+    EXPECT_EQ(refusal(good + good), expected + "a second root element at line 1, column 187");
+    EXPECT_EQ(refusal(good + "la"),
+              expected + "text outside the root element at line 1, column 186");
+    EXPECT_EQ(refusal("<score-partwise a='1' a='2'/>"),
+              expected + "the attribute 'a' twice at line 1, column 2");
+    EXPECT_EQ(refusal(scoreWith(noteWith("\xFF"))),
+              expected + "bytes that are not UTF-8 at line 1, column 128");
+    EXPECT_EQ(refusal(scoreWith(noteWith(std::string(1, '\0')))),
+              expected + "a control character at line 1, column 128");
+    EXPECT_EQ(refusal(""), expected + "no root element");
+}
+
+TEST(Refusal, LeavesKnownEntitiesAlone) {
+    const auto song = read(scoreWith(noteWith("r&apos;n&#39;b &#x3042;<![CDATA[&lt]]>")));
+    EXPECT_EQ(song.tracks[0].notes[0].lyric, "r'n'b あ&lt");
+}
+
+TEST(Refusal, OfValuesThatNoSongCanHold) {
+    const auto withDuration = [](const std::string& duration) {
+        auto note = noteWith("la");
+        return scoreWith(note.replace(note.find(">1<") + 1, 1, duration));
+    };
+    EXPECT_EQ(refusal(withDuration("2")), "");
+    for (const auto* const duration : {"0", "-1", "1e300", "nan", "inf", "", "1 2", "0x"}) {
+        EXPECT_NE(refusal(withDuration(duration)), "") << duration;
+    }
+    for (const auto* const octave : {"10", "-2", "99999999999", "x"}) {
+        auto note = noteWith("la");
+        note.replace(note.find(">4<") + 1, 1, octave);
+        EXPECT_NE(refusal(scoreWith(note)), "") << octave;
+    }
+    EXPECT_NE(refusal(scoreWith("<attributes><divisions>0</divisions></attributes>")), "");
+}
+
+// An error or a song, whatever a file holds; anything else would end the test program.
+template <class Read>
+void readDamaged(const std::string& bytes, Read read) {
+    const auto attempt = [&read](const std::string& damaged) {
+        try {
+            read(damaged);
+        } catch (const BadInput& error) {
+            EXPECT_NE(std::string(error.what()).find("expected "), std::string::npos);
+        }
+    };
+    for (std::size_t size = 0; size < bytes.size(); ++size) {
+        attempt(bytes.substr(0, size));
+    }
+    for (std::size_t i = 0; i < bytes.size(); ++i) {
+        for (const char other : {'\0', '<', '"', '\x7F', '\xFF'}) {
+            auto damaged = bytes;
+            damaged[i] = other;
+            attempt(damaged);
+        }
+    }
+}
+
+TEST(Refusal, OrASongIsWhatADamagedScoreGives) {
+    readDamaged(bytesOf(dataFile("plain.musicxml")), read);
+}
+
+TEST(Refusal, OrASongIsWhatADamagedJsonFileGives) {
+    const auto song = readSong(dataFile("plain.musicxml"));
+    readDamaged(simulator::jsonFromSong(song), simulator::songFromJson);
+}
+
+TEST(Refusal, OrASongIsWhatADamagedCompressedScoreGives) {
+    const TemporaryFolder folder;
+    const auto read = [&folder](const std::string& bytes) {
+        readSong(folder.write("damaged.mxl", bytes));
+    };
+    readDamaged(bytesOf(dataFile("compressed.mxl")), read);
+}
+
+TEST(Refusal, OfJsonSaysWhere) {
+    const auto refusalOfJson = [](const std::string& bytes) -> std::string {
+        try {
+            simulator::songFromJson(bytes);
+            return {};
+        } catch (const BadInput& error) {
+            return error.what();
+        }
+    };
+    auto json = simulator::jsonFromSong(readSong(dataFile("plain.musicxml")));
+    EXPECT_EQ(refusalOfJson(json), "");
+    EXPECT_EQ(refusalOfJson("{\n \"format\" 1}"),
+              "expected well-formed JSON, found an error at line 2, column 11");
+    EXPECT_EQ(refusalOfJson("[]"), "expected an object, found array");
+    EXPECT_EQ(refusalOfJson("{}"), "expected a text as 'format', found none");
+    const auto replaced = [&json](const std::string& old, const std::string& text) {
+        auto changed = json;
+        return changed.replace(changed.find(old), old.size(), text);
+    };
+    EXPECT_EQ(refusalOfJson(replaced("\"pitch\":62", "\"pitch\":128")),
+              "expected a pitch from 0 to 127, found 128 at note 2 at track 1");
+    EXPECT_EQ(refusalOfJson(replaced("\"length\":1.0", "\"length\":2")),
+              "expected the notes of track 'Part 1' one after the other, found note 2 begin "
+              "before note 1 ends");
+    EXPECT_EQ(refusalOfJson(replaced("love", "lo\\nve")),
+              "expected a text of one line in UTF-8, found control characters or other bytes at "
+              "note 4 at track 1");
+    EXPECT_EQ(refusalOfJson(replaced("wysim song 1", "wysim song 2")),
+              "expected the format 'wysim song 1', found 'wysim song 2'");
+    EXPECT_EQ(refusalOfJson(replaced("\"beats\": 4", "\"beats\": 0")),
+              "expected a time signature such as 4/4, found 0/4");
+}
+
+TEST(Refusal, OfDeepNestingIsNoOverflow) {
+    constexpr int kDepth = 1'000'000;
+    EXPECT_THROW(simulator::songFromJson(std::string(kDepth, '[')), BadInput);
+    std::string begins;
+    std::string ends;
+    for (int i = 0; i < kDepth; ++i) {
+        begins += "<a>";
+        ends += "</a>";
+    }
+    EXPECT_NE(refusal(begins), "");
+    EXPECT_NE(refusal(begins + ends), "");
+}
+
+} // namespace
+
+} // namespace wybeta::tests

@@ -1,0 +1,191 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "simulator/song/JsonSong.h"
+#include "tests/wysim/SongFixture.h"
+
+#include <gtest/gtest.h>
+
+namespace wybeta::tests {
+
+namespace {
+
+// What the commands answer, without the line that tells of the song. The song is さくら over three
+// notes and love on the fourth.
+Run session(const std::string& commands) {
+    auto run = runScript(dataFile("plain.musicxml"), commands);
+    run.out.erase(0, run.out.find('\n') + 1);
+    return run;
+}
+
+constexpr auto kNothingMistaken = "";
+
+void expectAnswer(const std::string& commands, const std::string& answer) {
+    const auto run = session(commands);
+    EXPECT_EQ(run.out, answer);
+    EXPECT_EQ(run.err, kNothingMistaken);
+    EXPECT_EQ(run.status, 0);
+}
+
+TEST(SessionCommands, ShowListsTheNotes) {
+    expectAnswer("show", "> show\n"
+                         "  note  start  length  pitch  lyric\n"
+                         "  1     0      1       C4     さくら[s a]\n"
+                         "  2     1      1       D4     [k u]\n"
+                         "  3     2      1       E4     [r a]\n"
+                         "  4     3      1       F4     love[l ah v]\n");
+    expectAnswer("show 2 3", "> show 2 3\n"
+                             "  note  start  length  pitch  lyric\n"
+                             "  2     1      1       D4     [k u]\n"
+                             "  3     2      1       E4     [r a]\n");
+}
+
+TEST(SessionCommands, TypeTellsTheOldAndTheNewLyricOfEachNote) {
+    expectAnswer("type 1 abandon", "> type 1 abandon\n"
+                                   "note 1: \"さくら[s a]\" -> \"abandon[ah]\"\n"
+                                   "note 2: \"[k u]\" -> \"[b ae n]\"\n"
+                                   "note 3: \"[r a]\" -> \"[d ah n]\"\n");
+    expectAnswer("type 4 twinkle love", "> type 4 twinkle love\n"
+                                        "note 4: \"love[l ah v]\" -> "
+                                        "\"twinkle love[t w ih ng]\"\n");
+}
+
+TEST(SessionCommands, TypeEmptiesANoteWithTwoQuotationMarks) {
+    expectAnswer("type 4 \"\"", "> type 4 \"\"\nnote 4: \"love[l ah v]\" -> \"\"\n");
+}
+
+TEST(SessionCommands, AddPutsANoteInItsPlaceAndDividesItsLyric) {
+    expectAnswer("add 5 0.5 C#5 love\nshow 5", "> add 5 0.5 C#5 love\n"
+                                               "note 5 is new: \"love[l ah v]\"\n"
+                                               "> show 5\n"
+                                               "  note  start  length  pitch  lyric\n"
+                                               "  5     5      0.5     C#5    love[l ah v]\n");
+    expectAnswer("delete 2\nadd 1 1 60", "> delete 2\nnote 2 is gone: \"[k u]\"\n"
+                                         "> add 1 1 60\nnote 2 is new: \"\"\n");
+}
+
+TEST(SessionCommands, DeleteCanBeUndone) {
+    expectAnswer("delete 4\nundo", "> delete 4\nnote 4 is gone: \"love[l ah v]\"\n"
+                                   "> undo\nnote 4 is new: \"love[l ah v]\"\n");
+}
+
+TEST(SessionCommands, UndoAndRedoTellWhatComesBack) {
+    expectAnswer("type 4 la[l a]\nundo\nredo",
+                 "> type 4 la[l a]\nnote 4: \"love[l ah v]\" -> \"la[l a]\"\n"
+                 "> undo\nnote 4: \"la[l a]\" -> \"love[l ah v]\"\n"
+                 "> redo\nnote 4: \"love[l ah v]\" -> \"la[l a]\"\n");
+}
+
+TEST(SessionCommands, UndoTakesTheWordsOfTheSongBackLast) {
+    const auto run = session("undo\nundo");
+    EXPECT_NE(run.out.find("note 4: \"love[l ah v]\" -> \"\"\n"), std::string::npos);
+    EXPECT_EQ(run.err, "wysim: standard input, line 2: expected an edit to take back, found none; "
+                       "nothing changed.\n");
+}
+
+TEST(SessionCommands, NotifyChangesNoLyric) {
+    expectAnswer("notify", "> notify\nno lyric changed\n");
+}
+
+TEST(SessionCommands, TracksListsTheTracksAndGoesToOne) {
+    const auto run = runScript(dataFile("two-voices.musicxml"), "tracks 2\ntype 1 la[l a]");
+    EXPECT_EQ(run.out, dataFile("two-voices.musicxml").u8string() +
+                           ": 2 tracks, 3 notes\n"
+                           "> tracks 2\n"
+                           "  track  notes  name\n"
+                           "  1      2      Choir (voice 1)\n"
+                           "  2 *    1      Choir (voice 2)\n"
+                           "> type 1 la[l a]\n"
+                           "track 2, note 1: \"low[l ow]\" -> \"la[l a]\"\n");
+}
+
+TEST(SessionCommands, SaveWritesTheDividedSong) {
+    const TemporaryFolder folder;
+    for (const auto* const name : {"song.json", "song.musicxml", "さくら.XML"}) {
+        const auto path = folder.file(name);
+        expectAnswer("save " + path.u8string(),
+                     "> save " + path.u8string() + "\nwrote " + path.u8string() + "\n");
+        EXPECT_EQ(readSong(path).tracks[0].notes[0].lyric.substr(0, 13), "さくら[s a");
+    }
+    expectAnswer("save " + folder.file("song.svg").u8string(),
+                 "> save " + folder.file("song.svg").u8string() + "\nwrote " +
+                     folder.file("song.svg").u8string() + "\n");
+    EXPECT_EQ(bytesOf(folder.file("song.svg")).substr(0, 4), "<svg");
+}
+
+TEST(SessionCommands, SaveLeavesNothingWhereItCannotWrite) {
+    const TemporaryFolder folder;
+    EXPECT_EQ(session("save " + folder.file("no/song.json").u8string()).status, 2);
+    EXPECT_EQ(session("save " + folder.file("song.txt").u8string()).status, 2);
+    EXPECT_TRUE(folder.isEmpty());
+}
+
+TEST(SessionCommands, HistoryListsCommandsToRunAgain) {
+    expectAnswer("notify\n\n# a remark\nhistory\n!1", "> notify\nno lyric changed\n"
+                                                      "> \n"
+                                                      "> # a remark\n"
+                                                      "> history\n  1  notify\n  2  history\n"
+                                                      "> !1\nnotify\nno lyric changed\n");
+}
+
+TEST(SessionCommands, HelpNamesEveryCommand) {
+    const auto run = session("help");
+    for (const auto* const name : {"show", "tracks", "type", "add", "delete", "undo", "redo",
+                                   "notify", "save", "history", "help", "quit"}) {
+        EXPECT_NE(run.out.find(std::string("\n  ") + name), std::string::npos) << name;
+    }
+}
+
+TEST(SessionCommands, QuitEndsTheScript) {
+    expectAnswer("quit\nbogus", "> quit\n");
+}
+
+struct Mistake {
+    const char* command;
+    const char* sentence;
+};
+
+class MistakenCommand : public testing::TestWithParam<Mistake> {};
+
+TEST_P(MistakenCommand, SaysWhatIsExpectedAndChangesNothing) {
+    const TemporaryFolder folder;
+    const auto save = "save " + folder.file("song.json").u8string();
+    session(save);
+    const auto untouched = bytesOf(folder.file("song.json"));
+    const auto run = session("notify\n" + std::string(GetParam().command) + "\n" + save);
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.err, std::string("wysim: standard input, line 2: expected ") +
+                           GetParam().sentence + "; nothing changed.\n");
+    EXPECT_EQ(bytesOf(folder.file("song.json")), untouched);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    SessionCommands, MistakenCommand,
+    testing::Values(
+        Mistake{"sing", "a command ('help' lists them), found 'sing'"},
+        Mistake{"show 0", "a note from 1 to 4, found '0'"},
+        Mistake{"show 3 2", "the first note to show before the last, found it behind"},
+        Mistake{"show 1 2 3", "the command alone, found '3' behind it"},
+        Mistake{"type", "a note from 1 to 4, found nothing"},
+        Mistake{"type 5 la", "a note from 1 to 4, found '5'"},
+        Mistake{"type 1", "a text behind the note (\"\" for none), found nothing"},
+        Mistake{"type 1 \xFF", "a text of one line in UTF-8, found control characters or other "
+                               "bytes"},
+        Mistake{"add", "a start in quarter notes, found nothing"},
+        Mistake{"add -1 1 C4", "a start from 0 to 1000000 quarter notes, found -1"},
+        Mistake{"add 4 0 C4", "a length above 0 and up to 1000000 quarter notes, found 0"},
+        Mistake{"add 4 1 H4", "a pitch such as C4, F#3 or 60, found 'H4'"},
+        Mistake{"add 4 1 128", "a pitch from 0 to 127, found 128"},
+        Mistake{"add 3.5 1 C4",
+                "a time at which no other note sounds, found one at which note 4 does"},
+        Mistake{"add 2.5 0.5 C4",
+                "a time at which no other note sounds, found one at which note 3 does"},
+        Mistake{"delete 99999999999", "a note from 1 to 4, found '99999999999'"},
+        Mistake{"redo", "an undone edit to do again, found none"},
+        Mistake{"undo now", "the command alone, found 'now' behind it"},
+        Mistake{"tracks 2", "a track from 1 to 1, found '2'"},
+        Mistake{"save", "the name of a file, found nothing"},
+        Mistake{"save song", "a name that ends in .json, .musicxml, .xml or .svg, found no ending"},
+        Mistake{"!9", "a command of the history from 1 to 1, found '9'"}));
+
+} // namespace
+
+} // namespace wybeta::tests

@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/wysim/SongFixture.h"
+
+#include "simulator/song/BadInput.h"
+#include "simulator/song/Numbers.h"
+#include "simulator/song/SongFile.h"
+#include "simulator/wysim/Program.h"
+#include "tests/Options.h"
+
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <random>
+#include <sstream>
+
+namespace wybeta::tests {
+
+namespace fs = std::filesystem;
+using namespace simulator;
+
+fs::path sourceFile(const std::string& name) {
+    return fs::u8path(option("source-dir").value_or(".")) / fs::u8path(name);
+}
+
+fs::path dataFile(const std::string& name) {
+    return sourceFile("tests/wysim/data/" + name);
+}
+
+std::string bytesOf(const fs::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+Song readSong(const fs::path& path, int verse) {
+    Progress progress;
+    return readSongFile(path, verse, progress);
+}
+
+std::string refusalOf(const fs::path& path, int verse) {
+    try {
+        readSong(path, verse);
+        return {};
+    } catch (const BadInput& error) {
+        return error.what();
+    }
+}
+
+std::vector<std::string> linesOf(const Song& song) {
+    std::vector<std::string> lines;
+    for (const auto& note : song.tracks.front().notes) {
+        lines.push_back(formatNumber(note.start) + " " + formatNumber(note.length) + " " +
+                        formatPitch(note.pitch) + " " + note.lyric + (note.typed ? "*" : ""));
+    }
+    return lines;
+}
+
+TemporaryFolder::TemporaryFolder()
+    : path_(fs::temp_directory_path() / ("wysim-" + std::to_string(std::random_device()()))) {
+    fs::create_directories(path_);
+}
+
+TemporaryFolder::~TemporaryFolder() {
+    std::error_code ignored;
+    fs::remove_all(path_, ignored);
+}
+
+fs::path TemporaryFolder::write(const std::string& name, const std::string& bytes) const {
+    std::ofstream(file(name), std::ios::binary) << bytes;
+    return file(name);
+}
+
+Run runProgram(std::vector<std::string> arguments, const std::string& input) {
+    std::istringstream in(input);
+    std::ostringstream out;
+    std::ostringstream err;
+    if (std::find(arguments.begin(), arguments.end(), "--module") == arguments.end()) {
+        arguments.insert(arguments.begin(), "--module=" + modulePath().u8string());
+    }
+    const int status = runWysim(arguments, {in, out, err});
+    return {status, out.str(), err.str()};
+}
+
+Run runScript(const fs::path& song, const std::string& commands) {
+    return runProgram({song.u8string(), "--script", "-"}, commands);
+}
+
+} // namespace wybeta::tests

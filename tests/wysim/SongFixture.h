@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "simulator/song/Song.h"
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace wybeta::tests {
+
+// A file of tests/wysim/data or, named from the root, of the whole source tree.
+std::filesystem::path dataFile(const std::string& name);
+std::filesystem::path sourceFile(const std::string& name);
+std::string bytesOf(const std::filesystem::path& path);
+
+simulator::Song readSong(const std::filesystem::path& path, int verse = 1);
+// What readSong finds wrong; empty when it reads a song.
+std::string refusalOf(const std::filesystem::path& path, int verse = 1);
+
+// "start length pitch lyric" of each note of the first track, typed lyrics with a star.
+std::vector<std::string> linesOf(const simulator::Song& song);
+
+// A folder that goes when the test is over.
+class TemporaryFolder {
+public:
+    TemporaryFolder();
+    ~TemporaryFolder();
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+    std::filesystem::path file(const std::string& name) const {
+        return path_ / std::filesystem::u8path(name);
+    }
+    std::filesystem::path write(const std::string& name, const std::string& bytes) const;
+    bool isEmpty() const { return std::filesystem::is_empty(path_); }
+
+private:
+    std::filesystem::path path_;
+};
+
+// One run of wysim, with the built module unless the arguments name another.
+struct Run {
+    int status;
+    std::string out;
+    std::string err;
+};
+Run runProgram(std::vector<std::string> arguments, const std::string& input = {});
+// A session on a song with commands from standard input.
+Run runScript(const std::filesystem::path& song, const std::string& commands);
+
+} // namespace wybeta::tests
