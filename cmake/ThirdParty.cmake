@@ -42,17 +42,5 @@ add_header_package(utfcpp utf8cpp)
 add_header_package(cli11 CLI)
 add_header_package(nlohmann_json nlohmann)
 
-set(PUGIXML_SOURCE_DIR ${PROJECT_SOURCE_DIR}/.deps/pugixml CACHE PATH "Folder with the sources of pugixml")
-if(NOT EXISTS ${PUGIXML_SOURCE_DIR}/src/pugixml.cpp)
-    message(FATAL_ERROR
-        "Expected pugixml in PUGIXML_SOURCE_DIR (\"${PUGIXML_SOURCE_DIR}\"), found none: run 'make setup'.")
-endif()
-add_library(pugixml STATIC EXCLUDE_FROM_ALL ${PUGIXML_SOURCE_DIR}/src/pugixml.cpp)
-target_include_directories(pugixml SYSTEM PUBLIC ${PUGIXML_SOURCE_DIR}/src)
-target_compile_options(pugixml PRIVATE -w)
-
-set(ZLIB_USE_STATIC_LIBS ON)
-find_package(ZLIB REQUIRED)
-
 set(INSTALL_GTEST OFF CACHE BOOL "" FORCE)
 add_subdirectory(${GOOGLETEST_SOURCE_DIR} ${PROJECT_BINARY_DIR}/googletest EXCLUDE_FROM_ALL)

@@ -3,6 +3,7 @@
 #include "tests/ModuleFixture.h"
 
 #include <cstring>
+#include <stdexcept>
 
 namespace wybeta {
 namespace {
@@ -40,11 +41,20 @@ std::basic_string<Character> filled(const Character* text, std::size_t width) {
 
 class Factory : public tests::ModuleFixture {
 protected:
-    // Returns what the factory makes, which is the caller's, and null when it makes nothing.
-    IPluginBase* create(const IdBytes& classId, const IdBytes& interfaceId, tresult expected) {
+    // Throws when the factory makes nothing.
+    IPtr<IPluginBase> create(const IdBytes& interfaceId) {
+        void* object = nullptr;
+        if (factory->createInstance(asked(kClassId), asked(interfaceId), &object) != kResultOk) {
+            throw std::runtime_error("expected the factory to make an extension, it did not");
+        }
+        return owned(static_cast<IPluginBase*>(object));
+    }
+
+    void expectNothing(const IdBytes& classId, const IdBytes& interfaceId) {
         void* object = this;
-        EXPECT_EQ(factory->createInstance(asked(classId), asked(interfaceId), &object), expected);
-        return static_cast<IPluginBase*>(object);
+        EXPECT_EQ(factory->createInstance(asked(classId), asked(interfaceId), &object),
+                  kNoInterface);
+        EXPECT_EQ(object, nullptr);
     }
 };
 
@@ -126,11 +136,11 @@ TEST_F(Factory, IsMadeAnewAfterItsLastRelease) {
     EXPECT_EQ(factory->addRef(), 2u);
     EXPECT_EQ(factory->release(), 1u);
     EXPECT_EQ(factory->countClasses(), 1);
-    EXPECT_EQ(create(kClassId, tests::kPluginBaseId, kResultOk)->release(), 0u);
+    EXPECT_EQ(create(tests::kPluginBaseId).take()->release(), 0u);
 }
 
 TEST_F(Factory, MakesAnExtensionWhoseOnlyReferenceIsTheCallers) {
-    auto* const extension = create(kClassId, tests::kPluginBaseId, kResultOk);
+    auto* const extension = create(tests::kPluginBaseId).take();
     EXPECT_EQ(extension->addRef(), 2u);
     EXPECT_EQ(extension->release(), 1u);
     EXPECT_EQ(extension->release(), 0u);
@@ -139,28 +149,28 @@ TEST_F(Factory, MakesAnExtensionWhoseOnlyReferenceIsTheCallers) {
 TEST_F(Factory, MakesAnExtensionForEachFaceThatItHas) {
     for (const auto& id : {tests::kUnknownId, tests::kPluginBaseId, tests::kProjectNotificationId,
                            tests::kProjectStorageNotificationId, tests::kProjectEditHookId}) {
-        EXPECT_EQ(create(kClassId, id, kResultOk)->release(), 0u);
+        EXPECT_EQ(create(id).take()->release(), 0u);
     }
 }
 
 TEST_F(Factory, MakesAnotherExtensionEachTime) {
-    const auto first = owned(create(kClassId, tests::kPluginBaseId, kResultOk));
-    const auto second = owned(create(kClassId, tests::kPluginBaseId, kResultOk));
+    const auto first = create(tests::kPluginBaseId);
+    const auto second = create(tests::kPluginBaseId);
     EXPECT_NE(first.get(), second.get());
 }
 
 TEST_F(Factory, MakesNothingForAClassThatItDoesNotList) {
     auto classId = kClassId;
     ++classId.back();
-    EXPECT_EQ(create(classId, tests::kPluginBaseId, kNoInterface), nullptr);
+    expectNothing(classId, tests::kPluginBaseId);
 }
 
 TEST_F(Factory, MakesNothingForAFaceThatTheExtensionDoesNotHave) {
-    EXPECT_EQ(create(kClassId, tests::kProjectHostId, kNoInterface), nullptr);
+    expectNothing(kClassId, tests::kProjectHostId);
 }
 
 TEST_F(Factory, MayGoBeforeTheExtensionsThatItMade) {
-    const auto extension = owned(create(kClassId, tests::kPluginBaseId, kResultOk));
+    const auto extension = create(tests::kPluginBaseId);
     EXPECT_EQ(factory.take()->release(), 0u);
     EXPECT_EQ(extension->initialize(host->context()), kResultOk);
     EXPECT_EQ(extension->terminate(), kResultOk);
