@@ -52,8 +52,12 @@ WyBetaExtension::WyBetaExtension() {
     dictionary::pronunciationDictionary() = loadEmbeddedDictionary();
 }
 
+// The manager and the host go while all members are alive: they may call back as they are released,
+// since a host may drop the extension without having terminated it.
 WyBetaExtension::~WyBetaExtension() {
-    // A host may drop the extension without having terminated it.
+    trackTable_.clear();
+    replace(projectManager_, {});
+    replace(projectHost_, {});
     if (current_ == this) {
         current_ = nullptr;
     }
@@ -151,7 +155,10 @@ IPtr<Steinberg::IPluginBase> WyBetaExtension::holdSelf() {
 
 void WyBetaExtension::walkProject(Steinberg::FUnknown* argument,
                                   host::IProjectEditContext* context) {
+    // The host may drop any of these while it is called back.
     const auto self = holdSelf();
+    const auto keptArgument = Steinberg::shared(argument);
+    const auto keptContext = Steinberg::shared(context);
     auto node = host::query<host::IProjectNode>(argument);
     if (!node) {
         return;

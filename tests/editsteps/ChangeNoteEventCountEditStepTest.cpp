@@ -71,6 +71,7 @@ TEST_F(CountStep, DoesNothingWithoutATrackNode) {
     put(track.get(), notesNamed("abcd"));
     const auto step = makeStep(nullptr, twoChanges, Cause::NotesAdded);
     step->undo();
+    EXPECT_EQ(names(), "abcd");
     step->redo();
     EXPECT_EQ(names(), "abcd");
 }
@@ -80,6 +81,7 @@ TEST_F(CountStep, DoesNothingWhenTheNodeIsNoTrackAnyMore) {
     const auto folder = make<simulator::Folder>(state);
     const auto step = makeStep(folder.get(), twoChanges, Cause::NotesAdded);
     step->undo();
+    EXPECT_EQ(names(), "abcd");
     step->redo();
     EXPECT_EQ(names(), "abcd");
 }
@@ -98,9 +100,10 @@ TEST_F(CountStep, DoesNothingForATrackThatTheTableDoesNotKnow) {
     put(other.get(), notesNamed("abcd"));
     const auto step = makeStep(twoChanges, Cause::NotesAdded);
     step->undo();
-    step->redo();
-    EXPECT_EQ(table().size(), 1u);
     EXPECT_EQ(namesOf(*table().at(other.get())), "abcd");
+    step->redo();
+    EXPECT_EQ(namesOf(*table().at(other.get())), "abcd");
+    EXPECT_EQ(table().size(), 1u);
 }
 
 TEST_F(CountStep, AsksNothingWithoutAnExtension) {
@@ -110,9 +113,10 @@ TEST_F(CountStep, AsksNothingWithoutAnExtension) {
     terminate();
     const auto calls = state->calls.count();
     step->undo();
-    step->redo();
-    EXPECT_EQ(state->calls.count(), calls);
     EXPECT_EQ(namesOf(*records), "abcd");
+    step->redo();
+    EXPECT_EQ(namesOf(*records), "abcd");
+    EXPECT_EQ(state->calls.count(), calls);
 }
 
 TEST_F(CountStep, LeavesAListAsItIsForAWalkThatReadsIt) {

@@ -98,9 +98,9 @@ TEST_F(DivisionStep, WritesTheNewTextsTheOldOnesAndTheNewOnesAgain) {
 }
 
 TEST_F(DivisionStep, ReadsATextUpToItsFirstZero) {
-    const auto step = makeStep({"la\0li"s, "\0lu"s}, {"", "x"});
+    const auto step = makeStep({"la\0li"s, "\0lu"s, "le\0\xFF"s}, {"", "x", ""});
     step->execute();
-    EXPECT_EQ(written(), (Lyrics{"la", ""}));
+    EXPECT_EQ(written(), (Lyrics{"la", "", "le"}));
 }
 
 TEST_F(DivisionStep, WritesALongTextWhole) {
@@ -127,6 +127,13 @@ TEST_F(DivisionStep, RaisesOnUndoForAnOldTextThatIsNotUtf8) {
     step->execute();
     EXPECT_THROW(step->undo(), utf8::exception);
     EXPECT_EQ(written(), (Lyrics{"X", "B"}));
+}
+
+TEST_F(DivisionStep, RaisesForTextThatIsNotUtf8EvenWhenItsNoteIsNull) {
+    notes = {make<Event>(state), {}, make<Event>(state)};
+    const auto step = makeStepOfNotes({"A", "\xFF", "C"}, {"", "", ""});
+    EXPECT_THROW(step->execute(), utf8::exception);
+    EXPECT_EQ(written(), (Lyrics{"A", "null", ""}));
 }
 
 TEST_F(DivisionStep, PassesOverNullNotes) {

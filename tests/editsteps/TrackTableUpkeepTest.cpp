@@ -4,8 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 namespace wybeta::editsteps {
 namespace {
 
@@ -53,6 +51,23 @@ TEST(TrackTablePruning, DoesNotMindVisitsThatComeTwiceOrThatTheTableDoesNotKnow)
     table.clear();
     pruneTrackTable(table, {key(1)});
     EXPECT_TRUE(table.empty());
+}
+
+// A search through all visits for each track would not end here.
+TEST(TrackTablePruning, TakesTimeInProportionToTheTracks) {
+    constexpr std::size_t kTracks = 400'000;
+    const std::vector<char> tracks(kTracks);
+    TrackTable table;
+    std::vector<TrackKey> visited;
+    for (std::size_t i = 0; i < kTracks; ++i) {
+        const auto track = reinterpret_cast<TrackKey>(&tracks[i]);
+        table.emplace_hint(table.end(), track, nullptr);
+        if (i % 2 == 0) {
+            visited.push_back(track);
+        }
+    }
+    pruneTrackTable(table, visited);
+    EXPECT_EQ(table.size(), visited.size());
 }
 
 TEST(TrackTableLyrics, GoIntoTheRecordsFromTheFirstNoteOn) {

@@ -1,4 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "simulator/EditContext.h"
+#include "simulator/Event.h"
+#include "simulator/Track.h"
 #include "tests/ModuleFixture.h"
 
 namespace wybeta {
@@ -79,6 +82,58 @@ TEST_F(Reentry, OutlivesAHostThatTakesItsManagerWithIt) {
     EXPECT_EQ(state->ledger.objectsAlive(), 2u);
     base().terminate();
     EXPECT_EQ(state->ledger.objectsAlive(), 0u);
+}
+
+// A manager that has something to say when a reference to it is given back.
+class LastWordManager : public ProjectManager {
+public:
+    using ProjectManager::ProjectManager;
+
+    std::function<void()> lastWord;
+
+    Steinberg::uint32 PLUGIN_API release() override {
+        if (const auto say = std::exchange(lastWord, nullptr)) {
+            say();
+        }
+        return ProjectManager::release();
+    }
+};
+
+// A project with one track that sings one note.
+struct OneNoteProject {
+    explicit OneNoteProject(const SharedState& state)
+        : project(make<TreeNode>(state, "Project", "project")), note(make<Event>(state)) {
+        const auto part = make<Part>(state);
+        part->add(note);
+        const auto track = makeVoiceTrack(state);
+        track->add(part);
+        project->add(track);
+    }
+
+    Handle<TreeNode> project;
+    Handle<Event> note;
+};
+
+TEST_F(Reentry, HearsOfAChangeWhenItIsDroppedWithoutTerminate) {
+    const auto manager = make<LastWordManager>(state);
+    const auto projectHost = make<ProjectHost>(state, manager);
+    const OneNoteProject song(state);
+    base().initialize(static_cast<host::IProjectHost*>(projectHost.get()));
+    manager->lastWord = [&] { manager->sinks().front()->projectChanged(song.project->argument()); };
+    giveBackExtension();
+    EXPECT_FALSE(manager->lastWord);
+}
+
+TEST_F(Reentry, HoldsAnEditContextThatTheHostDropsMeanwhile) {
+    const OneNoteProject song(state);
+    base().initialize(host->context());
+    extension->notification().projectChanged(song.project->argument());
+    song.note->setLyric("か");
+    song.note->flagged = true;
+    auto context = make<EditContext>(state);
+    inTheMiddleOf("IPartEvent.isFlagged", [&] { context = {}; });
+    extension->editHook().hookEdit(song.project->argument(), context.get());
+    EXPECT_EQ(song.note->lyric(), "か[k a]");
 }
 
 } // namespace

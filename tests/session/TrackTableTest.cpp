@@ -175,6 +175,30 @@ TEST_F(TrackTable, TakesTheRecordOfTheNoteBeforeThatOfAnEventBehindIt) {
     EXPECT_FALSE(isDivision(*steps[0]));
 }
 
+TEST_F(TrackTable, HoldsAnEmptyRecordForAnEventThatIsNoNote) {
+    auto& track = addTrackOfEvents({{makeNote("la"), makeOtherEvent(), makeNote("b")}});
+    auto& note = noteAt(track, 0);
+    note.flagged = true;
+    note.number = -1;
+    editor().notify();
+    const auto removal = hook();
+    const auto added = makePart({"c"});
+    track.add(added);
+    const auto addition = hook();
+    ASSERT_EQ(removal.size() + addition.size(), 2u);
+
+    // With the added note goes the first one, which carries the deletion mark. What is put back
+    // then is the record of the other event, and stands for the first note.
+    track.remove(*added);
+    addition[0]->undo();
+    removal[0]->undo();
+    const auto steps = hook();
+    ASSERT_EQ(steps.size(), 1u);
+    EXPECT_EQ(reported(*steps[0]), Nodes{note.node()});
+    steps[0]->undo();
+    EXPECT_EQ(note.lyric(), "");
+}
+
 TEST_F(TrackTable, DoesNotTakeALeadingEventThatIsNoNoteForAnyNote) {
     addTrackOfEvents({{makeOtherEvent(), makeNote("la")}});
     editor().notify();
