@@ -2,6 +2,7 @@
 #include "simulator/song/MusicXmlReader.h"
 
 #include "simulator/song/BadInput.h"
+#include "simulator/song/MusicXmlWriter.h"
 #include "simulator/song/Numbers.h"
 #include "simulator/song/ScoreVoice.h"
 #include "simulator/song/XmlDocument.h"
@@ -40,8 +41,14 @@ int verseOf(xml_node lyric) {
     return parseInteger(digits).value_or(1);
 }
 
+// Whether wysim wrote the score, whose lyrics are then what a person typed, marks and all.
+bool isOwnScore(xml_node score) {
+    const auto encoding = score.child("identification").child("encoding");
+    return encoding.child_value("software") == std::string_view(kSoftware);
+}
+
 // The words of a lyric; where two share a note, an elision stands between them.
-ScoreSyllable readLyric(xml_node lyric) {
+ScoreSyllable readLyric(xml_node lyric, bool isTyped) {
     ScoreSyllable syllable;
     std::string text;
     bool isFirst = true;
@@ -59,14 +66,15 @@ ScoreSyllable readLyric(xml_node lyric) {
             isFirst = false;
         }
     }
-    syllable.text = typedText(text);
+    syllable.text = isTyped ? onOneLine(text) : typedText(text);
     return syllable;
 }
 
 // Goes through a part from measure to measure and sorts its notes by voice.
 class PartReader {
 public:
-    PartReader(const XmlDocument& document, int verse) : document_(document), verse_(verse) {}
+    PartReader(const XmlDocument& document, int verse)
+        : document_(document), verse_(verse), isOwn_(isOwnScore(document.root())) {}
 
     void readMeasure(xml_node measure) {
         start_ = end_;
@@ -115,7 +123,7 @@ private:
     }
 
     void readNote(xml_node element) {
-        if (element.child("grace") || element.child("cue")) {
+        if (element.child("grace")) {
             return;
         }
         const double length = quarters(element);
@@ -123,7 +131,7 @@ private:
             noteStart_ = now_;
             move(element, length);
         }
-        if (!element.child("rest")) {
+        if (!element.child("rest") && !element.child("cue")) {
             addNote(element, length);
         }
     }
@@ -140,7 +148,7 @@ private:
             written.endsTie = written.endsTie || type == "stop";
         }
         for (const auto lyric : element.children("lyric")) {
-            auto syllable = readLyric(lyric);
+            auto syllable = readLyric(lyric, isOwn_);
             if (!syllable.text.empty()) {
                 verses_.insert(verseOf(lyric));
             }
@@ -215,6 +223,7 @@ private:
 
     const XmlDocument& document_;
     int verse_;
+    bool isOwn_;
     double divisions_ = 1;
     double start_ = 0; // of the measure
     double now_ = 0;

@@ -214,6 +214,7 @@ std::string musicXmlFromSong(const Song& song) {
     auto score = document.append_child("score-partwise");
     score.append_attribute("version").set_value("3.1");
     addText(score.append_child("work"), "work-title", song.title);
+    addText(score.append_child("identification").append_child("encoding"), "software", kSoftware);
     auto partList = score.append_child("part-list");
     const auto divisions = divisionsFor(song);
     for (std::size_t i = 0; i < song.tracks.size(); ++i) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "simulator/song/ScoreLyric.h"
 
+#include "simulator/song/Song.h"
+
 #include <utf8cpp/utf8.h>
 
 #include <algorithm>
@@ -31,7 +33,8 @@ std::u32string withSingleSpaces(std::string_view utf8) {
     std::u32string text;
     for (auto next = utf8.begin(); next != utf8.end();) {
         const char32_t character = utf8::next(next, utf8.end());
-        if (!isOneOf(character, kSpaces)) {
+        // XML allows U+007F, which no song can hold: it becomes a blank.
+        if (!isOneOf(character, kSpaces) && isTextCharacter(character)) {
             text += character;
         } else if (text.empty() || text.back() != U' ') {
             text += U' ';

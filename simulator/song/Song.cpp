@@ -19,11 +19,6 @@ constexpr int kMostBeats = 256;
 constexpr int kShortestBeatType = 256;
 constexpr double kShortestMeasure = 0.5;
 
-// What a line of text in XML can hold.
-bool isTextCharacter(char32_t character) {
-    return character >= 0x20 && character != 0x7F && character != 0xFFFE && character != 0xFFFF;
-}
-
 bool isIn(double value, double least, double most) {
     return value >= least && value <= most;
 }
@@ -33,6 +28,10 @@ bool isPowerOfTwo(int value) {
 }
 
 } // namespace
+
+bool isTextCharacter(char32_t character) {
+    return character >= 0x20 && character != 0x7F && character != 0xFFFE && character != 0xFFFF;
+}
 
 std::size_t countNotes(const Song& song) {
     std::size_t count = 0;

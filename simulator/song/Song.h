@@ -45,6 +45,9 @@ double endOf(const Song& song);
 // Where the first measure that is complete or begins after 'time' begins.
 double measureAfter(const Song& song, double time);
 
+// Whether a line of text in a song can hold the character.
+bool isTextCharacter(char32_t character);
+
 // Throws BadInput when a value lies outside what a song can hold.
 void checkText(std::string_view text);
 void checkNote(const SongNote& note);

@@ -10,6 +10,7 @@
 
 #include <cctype>
 #include <fstream>
+#include <new>
 
 namespace wybeta::simulator {
 
@@ -71,6 +72,24 @@ Song readByEnding(const fs::path& path, int verse, Progress& progress) {
     throw BadInput::expected("a name that ends in .musicxml, .xml, .mxl or .json", quoted(ending));
 }
 
+// The file that a symbolic link leads to; any other path as it is.
+fs::path targetOf(const fs::path& path, std::error_code& error) {
+    std::error_code ignored;
+    return fs::is_symlink(path, ignored) ? fs::canonical(path, error) : path;
+}
+
+// A name beside the file that nothing has yet.
+fs::path unusedDraft(const fs::path& path) {
+    auto draft = path;
+    draft += ".part";
+    std::error_code ignored;
+    for (int number = 2; fs::exists(fs::symlink_status(draft, ignored)); ++number) {
+        draft = path;
+        draft += ".part" + std::to_string(number);
+    }
+    return draft;
+}
+
 } // namespace
 
 std::string endingOf(const fs::path& path) {
@@ -86,6 +105,9 @@ Song readSongFile(const fs::path& path, int verse, Progress& progress) {
         return readByEnding(path, verse, progress);
     } catch (const BadInput& error) {
         throw BadInput(path.u8string() + ": " + error.what());
+    } catch (const std::bad_alloc&) {
+        throw BadInput(path.u8string() +
+                       ": expected a song that fits into memory, found a larger one");
     }
 }
 
@@ -100,11 +122,19 @@ std::string songFileText(const fs::path& path, const Song& song) {
     throw BadInput::expected("a name that ends in .json, .musicxml, .xml or .svg", quoted(ending));
 }
 
+void expectOtherFile(const fs::path& path, const fs::path& song) {
+    std::error_code ignored;
+    if (fs::equivalent(path, song, ignored)) {
+        throw BadInput::expected("another file to write than the song that was opened",
+                                 path.u8string());
+    }
+}
+
 void writeFile(const fs::path& path, std::string_view text) {
-    auto draft = path;
-    draft += ".part";
     std::error_code error;
-    {
+    const auto target = targetOf(path, error);
+    const auto draft = unusedDraft(target);
+    if (!error) {
         std::ofstream file(draft, std::ios::binary);
         file.write(text.data(), static_cast<std::streamsize>(text.size()));
         if (!file.flush()) {
@@ -112,7 +142,7 @@ void writeFile(const fs::path& path, std::string_view text) {
         }
     }
     if (!error) {
-        fs::rename(draft, path, error);
+        fs::rename(draft, target, error);
     }
     if (error) {
         std::error_code ignored;

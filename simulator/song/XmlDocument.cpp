@@ -89,6 +89,9 @@ XmlDocument::XmlDocument(const std::string& bytes) : bytes_(bytes), hasPlaces_(t
     if (hasPlaces_) {
         checkBytes();
     }
+    if (result.encoding == pugi::encoding_utf16_le || result.encoding == pugi::encoding_utf16_be) {
+        checkUtf16(result.encoding == pugi::encoding_utf16_be);
+    }
     if (!result) {
         refuse(inSentence(result.description()), result.offset);
     }
@@ -128,6 +131,32 @@ void XmlDocument::checkBytes() const {
     }
 }
 
+// The parser passes over halves of surrogate pairs.
+void XmlDocument::checkUtf16(bool isBigEndian) const {
+    bool isPairOpen = false;
+    for (std::size_t i = 0; i + 1 < bytes_.size(); i += 2) {
+        const auto kind = static_cast<unsigned char>(bytes_[isBigEndian ? i : i + 1]) & 0xFC;
+        if (isPairOpen != (kind == 0xDC)) {
+            refuse("half of a surrogate pair", -1);
+        }
+        isPairOpen = kind == 0xD8;
+    }
+    if (isPairOpen || bytes_.size() % 2 != 0) {
+        refuse("half of a character at the end", -1);
+    }
+}
+
+void XmlDocument::checkCharacters(const char* text, pugi::xml_node node) const {
+    const std::string_view utf8 = text;
+    bool isRight = utf8::is_valid(utf8.begin(), utf8.end());
+    for (auto next = utf8.begin(); isRight && next != utf8.end();) {
+        isRight = isXmlCharacter(utf8::next(next, utf8.end()));
+    }
+    if (!isRight) {
+        refuse("a character that XML does not allow", node.offset_debug());
+    }
+}
+
 void XmlDocument::checkTree() {
     bool hasRoot = false;
     for (auto node = document_.first_child(); node; node = node.next_sibling()) {
@@ -161,10 +190,12 @@ void XmlDocument::checkElement(pugi::xml_node element) const {
 
 void XmlDocument::decodeTexts(pugi::xml_node node) {
     for (auto attribute : node.attributes()) {
+        checkCharacters(attribute.value(), node);
         if (std::string_view(attribute.value()).find('&') != std::string_view::npos) {
             attribute.set_value(decoded(attribute.value(), node).c_str());
         }
     }
+    checkCharacters(node.value(), node);
     if (node.type() == pugi::node_pcdata &&
         std::string_view(node.value()).find('&') != std::string_view::npos) {
         node.set_value(decoded(node.value(), node).c_str());

@@ -23,6 +23,8 @@ private:
     std::string placeAt(std::ptrdiff_t offset) const;
     [[noreturn]] void refuse(const std::string& found, std::ptrdiff_t offset) const;
     void checkBytes() const;
+    void checkUtf16(bool isBigEndian) const;
+    void checkCharacters(const char* text, pugi::xml_node node) const;
     void checkTree();
     void checkElement(pugi::xml_node element) const;
     void decodeTexts(pugi::xml_node node);

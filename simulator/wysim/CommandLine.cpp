@@ -2,10 +2,13 @@
 #include "simulator/wysim/CommandLine.h"
 
 #include "simulator/song/BadInput.h"
+#include "simulator/song/Numbers.h"
+#include "simulator/song/SongFile.h"
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <optional>
 
 #ifdef _WIN32
 #include <windows.h>
@@ -36,6 +39,31 @@ fs::path programFolder() {
 #endif
 }
 
+int verseFrom(const std::string& text, const std::string& song) {
+    const auto verse = parseInteger(text);
+    if (!verse || *verse < 1) {
+        throw BadInput::expected("a whole number of at least 1 as --verse", "'" + text + "'");
+    }
+    if (endingOf(fs::u8path(song)) == ".json") {
+        throw BadInput::expected("--verse with a score only", "it with " + song);
+    }
+    return *verse;
+}
+
+std::string scriptFrom(const std::string& name) {
+    if (name.empty()) {
+        throw BadInput::expected("the name of a file as --script", "nothing");
+    }
+    return name;
+}
+
+std::string pictureFrom(const std::string& name) {
+    if (endingOf(fs::u8path(name)) != ".svg") {
+        throw BadInput::expected("a name that ends in .svg as --svg", "'" + name + "'");
+    }
+    return name;
+}
+
 } // namespace
 
 CommandLine parseCommandLine(std::vector<std::string> arguments) {
@@ -46,13 +74,13 @@ CommandLine parseCommandLine(std::vector<std::string> arguments) {
     app.add_option("SONG", line.song, "The song to open")->type_name("");
     app.add_option("--module", line.module, "The module file or folder (default: the one built)")
         ->type_name("FILE");
-    app.add_option("--verse", line.verse, "The verse of the score to sing (default: 1)")
-        ->check(CLI::PositiveNumber)
-        ->type_name("N");
-    app.add_option("--script", line.script,
-                   "Take the commands from a file, or from - (standard input)")
+    std::optional<std::string> verse;
+    std::optional<std::string> script;
+    std::optional<std::string> svg;
+    app.add_option("--verse", verse, "The verse of the score to sing (default: 1)")->type_name("N");
+    app.add_option("--script", script, "Take the commands from a file, or from - (standard input)")
         ->type_name("FILE");
-    app.add_option("--svg", line.svg, "Write a picture of the song, before and after, at the end")
+    app.add_option("--svg", svg, "Write a picture of the song, before and after, at the end")
         ->type_name("FILE");
     auto* const compare =
         app.add_subcommand("compare", "Compare syllables with notes, word by word");
@@ -70,6 +98,18 @@ CommandLine parseCommandLine(std::vector<std::string> arguments) {
     line.isComparison = compare->parsed();
     if (line.song.empty()) {
         throw BadInput::expected("a song ('wysim --help' tells more)", "none");
+    }
+    if (line.isComparison && (script || svg)) {
+        throw BadInput::expected("'compare' without --script and --svg", "one of them");
+    }
+    if (verse) {
+        line.verse = verseFrom(*verse, line.song);
+    }
+    if (script) {
+        line.script = scriptFrom(*script);
+    }
+    if (svg) {
+        line.svg = pictureFrom(*svg);
     }
     return line;
 }

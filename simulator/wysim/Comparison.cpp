@@ -107,6 +107,9 @@ std::string nameOf(KnownBy knownBy) {
 }
 
 std::string verdictOn(const ComparedWord& word) {
+    if (word.knownBy == KnownBy::Nothing) {
+        return "-";
+    }
     return word.syllables == word.notes ? "same" : word.syllables < word.notes ? "fewer" : "more";
 }
 

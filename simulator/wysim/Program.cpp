@@ -111,8 +111,10 @@ int runCommands(Session& session, const CommandLine& line, const Streams& stream
         return Script(streams.in, "standard input", streams).run(session);
     }
     if (!line.script.empty()) {
-        std::ifstream file(std::filesystem::u8path(line.script));
-        if (!file) {
+        const auto path = std::filesystem::u8path(line.script);
+        std::ifstream file(path);
+        std::error_code ignored;
+        if (!file || std::filesystem::is_directory(path, ignored)) {
             throw BadInput::expected("a script that can be read", "none at " + line.script);
         }
         return Script(file, line.script, streams).run(session);
@@ -131,7 +133,7 @@ void tellSong(const Song& song, const std::string& file, std::ostream& out) {
 
 int runSession(const CommandLine& line, const Song& song, Editor& editor, const Streams& streams) {
     tellSong(song, line.song, streams.out);
-    Session session(editor, song, streams.out);
+    Session session(editor, song, std::filesystem::u8path(line.song), streams.out);
     const int status = runCommands(session, line, streams);
     if (!line.svg.empty()) {
         writeFile(std::filesystem::u8path(line.svg), session.picture());
@@ -148,6 +150,9 @@ int run(const CommandLine& line, const Streams& streams) {
         progress.emplace();
     }
     const auto song = readSongFile(std::filesystem::u8path(line.song), line.verse, *progress);
+    if (!line.svg.empty()) {
+        expectOtherFile(std::filesystem::u8path(line.svg), std::filesystem::u8path(line.song));
+    }
     const RunningModule module(moduleFile(line.module));
     int status = kDone;
     module.use([&](Editor& editor) {
@@ -168,9 +173,13 @@ int runWysim(const std::vector<std::string>& arguments, const Streams& streams) 
         const auto line = parseCommandLine(arguments);
         if (!line.help.empty()) {
             streams.out << line.help;
-            return kDone;
         }
-        return run(line, streams);
+        const int status = line.help.empty() ? run(line, streams) : kDone;
+        if (!streams.out.flush()) {
+            throw std::runtime_error(
+                "expected to write the output, found that it cannot be written");
+        }
+        return status;
     } catch (const BadInput& error) {
         streams.out.flush();
         streams.err << "wysim: " << error.what() << ".\n";

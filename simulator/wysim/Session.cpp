@@ -84,8 +84,8 @@ const std::vector<Session::Command> Session::kCommands = {
     {"quit", "", "end the session", &Session::quit, false},
 };
 
-Session::Session(Editor& editor, const Song& song, std::ostream& out)
-    : editor_(editor), opened_(song), song_(editor, song), out_(out) {}
+Session::Session(Editor& editor, const Song& song, std::filesystem::path file, std::ostream& out)
+    : editor_(editor), opened_(song), file_(std::move(file)), song_(editor, song), out_(out) {}
 
 void Session::run(std::string_view text) {
     text = withoutSpace(text);
@@ -176,6 +176,7 @@ void Session::type(Arguments arguments) {
     const auto lyric = lyricFrom(arguments);
     checkText(lyric);
     editor_.type(song_.note(track_, index), lyric);
+    ++edits_;
 }
 
 void Session::add(Arguments arguments) {
@@ -201,6 +202,7 @@ void Session::add(Arguments arguments) {
         changes.push_back(typingChange(*event, note.lyric));
     }
     editor_.edit(std::move(changes));
+    ++edits_;
 }
 
 void Session::expectFree(std::size_t index, const SongNote& note) const {
@@ -219,13 +221,16 @@ void Session::expectFree(std::size_t index, const SongNote& note) const {
 void Session::remove(Arguments arguments) {
     const auto index = noteIndex(arguments);
     editor_.remove(song_.part(track_), song_.note(track_, index));
+    ++edits_;
 }
 
 void Session::undo(Arguments arguments) {
     expectNothing(arguments);
-    if (!editor_.undo()) {
+    if (edits_ == 0) {
         throw BadInput::expected("an edit to take back", "none");
     }
+    editor_.undo();
+    --edits_;
 }
 
 void Session::redo(Arguments arguments) {
@@ -233,6 +238,7 @@ void Session::redo(Arguments arguments) {
     if (!editor_.redo()) {
         throw BadInput::expected("an undone edit to do again", "none");
     }
+    ++edits_;
 }
 
 void Session::notify(Arguments arguments) {
@@ -245,6 +251,7 @@ void Session::save(Arguments arguments) {
         throw BadInput::expected("the name of a file", "nothing");
     }
     const auto path = std::filesystem::u8path(std::string(arguments));
+    expectOtherFile(path, file_);
     const auto text = endingOf(path) == ".svg" ? picture() : songFileText(path, song_.song());
     writeFile(path, text);
     out_ << "wrote " << arguments << "\n";

@@ -3,7 +3,7 @@
 
 #include "simulator/wysim/OpenSong.h"
 
-#include <functional>
+#include <filesystem>
 #include <ostream>
 #include <string>
 #include <string_view>
@@ -14,8 +14,9 @@ namespace wybeta::simulator {
 // A person's work on one song, command by command. Each command answers with what has changed.
 class Session {
 public:
-    // Opens the song in the editor. The editor and the stream have to outlive this.
-    Session(Editor& editor, const Song& song, std::ostream& out);
+    // Opens the song, which was read from the file, in the editor. The editor and the stream have
+    // to outlive this.
+    Session(Editor& editor, const Song& song, std::filesystem::path file, std::ostream& out);
 
     // Runs one line; an empty one and one that begins with '#' do nothing. A mistake throws
     // BadInput, and then nothing has changed.
@@ -58,10 +59,12 @@ private:
 
     Editor& editor_;
     Song opened_;
+    std::filesystem::path file_;
     OpenSong song_;
     std::ostream& out_;
     std::size_t track_ = 0; // that commands are about
     std::vector<std::string> history_;
+    std::size_t edits_ = 0; // of the session that undo can take back; opening is none
     bool isOver_ = false;
 };
 

@@ -82,6 +82,10 @@ TEST(Import, PassesOverGraceNotes) {
     EXPECT_EQ(linesIn("grace-notes.musicxml"), Lines{"0 4 C4 plain*"});
 }
 
+TEST(Import, LeavesTimeForCueNotesThatAreNotSung) {
+    EXPECT_EQ(linesIn("cue-notes.musicxml"), (Lines{"2 2 D4 love*", "4 4 E4 me*"}));
+}
+
 TEST(Import, FollowsAChangeOfDivisions) {
     EXPECT_EQ(linesIn("divisions.musicxml"),
               (Lines{"0 2 C4 half*", "2 2 D4 too*", "4 1 C4 one*", "5 3 D4 three*"}));

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/wysim/SongFixture.h"
 
+#include "simulator/wysim/Program.h"
 #include "tests/Options.h"
 
 #include <gtest/gtest.h>
+
+#include <sstream>
 
 namespace wybeta::tests {
 
@@ -20,11 +23,20 @@ TEST(Program, ShowsHelp) {
 
 TEST(Program, EndsWithTwoOnMistakenArguments) {
     const auto song = dataFile("plain.musicxml").u8string();
+    const auto json = dataFile("plain.json").u8string();
+    const auto folder = dataFile(".").u8string();
     for (const auto& arguments :
          std::vector<std::vector<std::string>>{{},
                                                {"--sing"},
                                                {song, "--verse", "0"},
                                                {song, "--verse", "x"},
+                                               {json, "--verse", "1"},
+                                               {song, "--svg", ""},
+                                               {song, "--svg", "song.musicxml"},
+                                               {song, "--script", ""},
+                                               {song, "--script", folder},
+                                               {"compare", song, "--svg", "song.svg"},
+                                               {"compare", song, "--script", "-"},
                                                {song, "more"},
                                                {"compare"},
                                                {song, "--script", "missing.txt"}}) {
@@ -52,6 +64,30 @@ TEST(Program, EndsWithOneWhenTheModuleCannotBeLoaded) {
     const auto run = runProgram({song, "--module", song, "--svg", "unused.svg"});
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(run.err.find("wysim: expected a module in the file "), 0u) << run.err;
+}
+
+TEST(Program, ExpectsAVerseOfAtLeastOne) {
+    const auto run = runProgram({"song.musicxml", "--verse", "0"});
+    EXPECT_EQ(run.err, "wysim: expected a whole number of at least 1 as --verse, found '0'.\n");
+}
+
+TEST(Program, EndsWithOneWhenItsOutputCannotBeWritten) {
+    std::istringstream in;
+    std::ostream out(nullptr);
+    std::ostringstream err;
+    EXPECT_EQ(simulator::runWysim({"--help"}, {in, out, err}), 1);
+    EXPECT_EQ(err.str(), "wysim: expected to write the output, found that it cannot be written.\n");
+}
+
+TEST(Program, WritesNoPictureOverTheSong) {
+    const TemporaryFolder folder;
+    const auto bytes = bytesOf(dataFile("plain.musicxml"));
+    const auto song = folder.write("song.musicxml", bytes);
+    std::filesystem::create_hard_link(song, folder.file("song.svg"));
+    const auto run = runProgram({song.u8string(), "--svg", folder.file("song.svg").u8string()});
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.out, "");
+    EXPECT_EQ(bytesOf(song), bytes);
 }
 
 TEST(Program, TakesTheVerse) {

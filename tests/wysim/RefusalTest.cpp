@@ -106,6 +106,43 @@ TEST(Refusal, OfXmlThatOnlyLooksWellFormed) {
     EXPECT_EQ(refusal(""), expected + "no root element");
 }
 
+// A text in ASCII as UTF-16 or UTF-32 with its mark at the front; 'X' becomes the given unit.
+std::string wide(const std::string& ascii, std::size_t size, std::uint32_t unit) {
+    std::string bytes;
+    const auto add = [&bytes, size](std::uint32_t value) {
+        for (std::size_t i = 0; i < size; ++i) {
+            bytes += static_cast<char>(value >> (8 * i) & 0xFF);
+        }
+    };
+    add(0xFEFF);
+    for (const char letter : ascii) {
+        add(letter == 'X' ? unit : static_cast<unsigned char>(letter));
+    }
+    return bytes;
+}
+
+TEST(Refusal, OfWideTextThatIsNotUnicode) {
+    const auto score = scoreWith(noteWith("aXb"));
+    const std::string expected = "expected well-formed XML, found ";
+    ASSERT_EQ(refusal(wide(score, 2, 'c')), "");
+    ASSERT_EQ(refusal(wide(score, 4, 0x1F600)), "");
+    for (const std::uint32_t half : {0xD800, 0xDC00}) {
+        EXPECT_EQ(refusal(wide(score, 2, half)), expected + "half of a surrogate pair");
+    }
+    EXPECT_EQ(refusal(wide(score, 2, 'c') + " "), expected + "half of a character at the end");
+    for (const std::uint32_t character : {0xD800u, 0xFFFFu, 0x110000u, 0xFFFFFFFFu, 1u}) {
+        EXPECT_EQ(refusal(wide(score, 4, character)),
+                  expected + "a character that XML does not allow")
+            << character;
+    }
+}
+
+TEST(Refusal, OrABlankKeepsOutCharactersThatNoSongCanHold) {
+    EXPECT_NE(refusal(scoreWith(noteWith("a\uFFFEb"))), "");
+    EXPECT_NE(refusal(scoreWith(noteWith("a&#xFFFF;b"))), "");
+    EXPECT_EQ(read(scoreWith(noteWith("a&#x7F;b"))).tracks[0].notes[0].lyric, "a b");
+}
+
 TEST(Refusal, LeavesKnownEntitiesAlone) {
     const auto song = read(scoreWith(noteWith("r&apos;n&#39;b &#x3042;<![CDATA[&lt]]>")));
     EXPECT_EQ(song.tracks[0].notes[0].lyric, "r'n'b あ&lt");

@@ -74,10 +74,12 @@ TEST(SessionCommands, UndoAndRedoTellWhatComesBack) {
                  "> redo\nnote 4: \"love[l ah v]\" -> \"la[l a]\"\n");
 }
 
-TEST(SessionCommands, UndoTakesTheWordsOfTheSongBackLast) {
+TEST(SessionCommands, UndoLeavesTheWordsOfTheOpenedSong) {
     const auto run = session("undo\nundo");
-    EXPECT_NE(run.out.find("note 4: \"love[l ah v]\" -> \"\"\n"), std::string::npos);
-    EXPECT_EQ(run.err, "wysim: standard input, line 2: expected an edit to take back, found none; "
+    EXPECT_EQ(run.out, "> undo\n> undo\n");
+    EXPECT_EQ(run.err, "wysim: standard input, line 1: expected an edit to take back, found none; "
+                       "nothing changed.\n"
+                       "wysim: standard input, line 2: expected an edit to take back, found none; "
                        "nothing changed.\n");
 }
 
@@ -117,6 +119,39 @@ TEST(SessionCommands, SaveLeavesNothingWhereItCannotWrite) {
     EXPECT_EQ(session("save " + folder.file("song.txt").u8string()).status, 2);
     EXPECT_TRUE(folder.isEmpty());
 }
+
+TEST(SessionCommands, SaveRefusesTheSongThatWasOpened) {
+    const TemporaryFolder folder;
+    const auto bytes = bytesOf(dataFile("plain.musicxml"));
+    const auto song = folder.write("song.musicxml", bytes);
+    const auto run = runScript(song, "type 1 la\nsave " + song.u8string());
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.err, "wysim: standard input, line 2: expected another file to write than the "
+                       "song that was opened, found " +
+                           song.u8string() + "; nothing changed.\n");
+    EXPECT_EQ(bytesOf(song), bytes);
+}
+
+TEST(SessionCommands, SaveLeavesOtherFilesBesideItAsTheyAre) {
+    const TemporaryFolder folder;
+    const auto other = folder.write("song.json.part", "mine");
+    EXPECT_EQ(session("save " + folder.file("song.json").u8string()).status, 0);
+    EXPECT_EQ(bytesOf(other), "mine");
+    EXPECT_EQ(refusalOf(folder.file("song.json")), "");
+    EXPECT_FALSE(std::filesystem::exists(folder.file("song.json.part2")));
+}
+
+#ifndef _WIN32
+TEST(SessionCommands, SaveWritesToTheFileBehindASymbolicLink) {
+    const TemporaryFolder folder;
+    const auto file = folder.write("file.json", "old");
+    const auto link = folder.file("link.json");
+    std::filesystem::create_symlink(file, link);
+    EXPECT_EQ(session("save " + link.u8string()).status, 0);
+    EXPECT_TRUE(std::filesystem::is_symlink(link));
+    EXPECT_EQ(refusalOf(file), "");
+}
+#endif
 
 TEST(SessionCommands, HistoryListsCommandsToRunAgain) {
     expectAnswer("notify\n\n# a remark\nhistory\n!1", "> notify\nno lyric changed\n"
