@@ -18,9 +18,10 @@ namespace wybeta::simulator {
 namespace {
 
 // Entities are decoded here, because the parser would let unknown ones pass. What stands outside
-// the root is kept to be looked at.
-constexpr unsigned int kOptions =
-    (pugi::parse_default & ~pugi::parse_escapes) | pugi::parse_fragment;
+// the root is kept to be looked at, and so is what holds no text of the score.
+constexpr unsigned int kOptions = (pugi::parse_default & ~pugi::parse_escapes) |
+                                  pugi::parse_fragment | pugi::parse_comments |
+                                  pugi::parse_declaration | pugi::parse_doctype;
 
 bool isXmlCharacter(char32_t character) {
     const bool isControl =
@@ -63,6 +64,20 @@ std::string inSentence(const char* description) {
 
 bool isBlank(std::string_view text) {
     return text.find_first_not_of(" \t\r\n") == std::string_view::npos;
+}
+
+bool holds(std::string_view text, std::string_view mark) {
+    return text.find(mark) != std::string_view::npos;
+}
+
+// Whether the node is within an element or comes after one.
+bool isBehindElement(pugi::xml_node node) {
+    for (auto other = node.previous_sibling(); other; other = other.previous_sibling()) {
+        if (other.type() == pugi::node_element) {
+            return true;
+        }
+    }
+    return node.parent().type() == pugi::node_element;
 }
 
 bool hasText(pugi::xml_node node) {
@@ -170,9 +185,33 @@ void XmlDocument::checkTree() {
     if (!hasRoot) {
         refuse("no root element", -1);
     }
-    for (auto node = root(); node; node = following(node)) {
+    for (auto node = document_.first_child(); node; node = following(node)) {
         checkElement(node);
+        checkMarks(node);
         decodeTexts(node);
+    }
+}
+
+// The parser passes over marks that may not stand where they do. Entities are not decoded yet.
+void XmlDocument::checkMarks(pugi::xml_node node) const {
+    const std::string_view text = node.value();
+    const auto offset = node.offset_debug();
+    if (node.type() == pugi::node_comment && holds(std::string(text) + "-", "--")) {
+        refuse("'--' in a comment", offset);
+    }
+    if (node.type() == pugi::node_pcdata && holds(text, "]]>")) {
+        refuse("']]>' in a text", offset);
+    }
+    if (node.type() == pugi::node_declaration && node != document_.first_child()) {
+        refuse("an XML declaration that is not at the beginning", offset);
+    }
+    if (node.type() == pugi::node_doctype && isBehindElement(node)) {
+        refuse("a document type behind the beginning of the root element", offset);
+    }
+    for (const auto attribute : node.attributes()) {
+        if (holds(attribute.value(), "<")) {
+            refuse("'<' in the attribute '" + std::string(attribute.name()) + "'", offset);
+        }
     }
 }
 

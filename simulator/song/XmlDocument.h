@@ -27,6 +27,7 @@ private:
     void checkCharacters(const char* text, pugi::xml_node node) const;
     void checkTree();
     void checkElement(pugi::xml_node element) const;
+    void checkMarks(pugi::xml_node node) const;
     void decodeTexts(pugi::xml_node node);
     std::string decoded(const char* text, pugi::xml_node node) const;
 

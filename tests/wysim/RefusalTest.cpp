@@ -106,6 +106,28 @@ TEST(Refusal, OfXmlThatOnlyLooksWellFormed) {
     EXPECT_EQ(refusal(""), expected + "no root element");
 }
 
+TEST(Refusal, OfMarksThatMayNotStandWhereTheyDo) {
+    const auto good = scoreWith(noteWith("la"));
+    const auto found = [](const std::string& xml) {
+        const auto sentence = refusal(xml);
+        const auto begin = sentence.find("found ");
+        const auto end = sentence.find(" at line");
+        return begin == std::string::npos ? sentence : sentence.substr(begin, end - begin);
+    };
+    EXPECT_EQ(found("<!-- a - b -->" + good), "");
+    EXPECT_EQ(found("<!-- a -- b -->" + good), "found '--' in a comment");
+    EXPECT_EQ(found("<!-- a --->" + good), "found '--' in a comment");
+    EXPECT_EQ(found(scoreWith(noteWith("la]]>"))), "found ']]>' in a text");
+    EXPECT_EQ(found(scoreWith(noteWith("la]]&gt;"))), "");
+    EXPECT_EQ(found("<a b='<'/>"), "found '<' in the attribute 'b'");
+    EXPECT_EQ(found("<!DOCTYPE score-partwise>" + good), "");
+    EXPECT_EQ(found(good + "<!DOCTYPE score-partwise>"),
+              "found a document type behind the beginning of the root element");
+    EXPECT_EQ(found("<?xml version='1.0'?>" + good), "");
+    EXPECT_EQ(found("<!-- a --><?xml version='1.0'?>" + good),
+              "found an XML declaration that is not at the beginning");
+}
+
 // A text in ASCII as UTF-16 or UTF-32 with its mark at the front; 'X' becomes the given unit.
 std::string wide(const std::string& ascii, std::size_t size, std::uint32_t unit) {
     std::string bytes;
