@@ -96,24 +96,34 @@ void ProjectWalk::visitTrack(IProjectNode& node, host::IProjectTrack& track) {
         return;
     }
     // Held for the whole update: the host may call back, and an inner walk replace the entry.
-    const SharedNoteRecords oldRecords = entry->second;
+    auto oldRecords = entry->second;
     updateTrack(node, &track, *oldRecords);
+    if (oldRecords.use_count() == 1) {
+        retired_.insert_or_assign(&track, std::move(oldRecords));
+    }
+}
+
+// A list to write the new records into: the one that the last walk retired, if no inner walk has
+// it.
+SharedNoteRecords ProjectWalk::takeRetired(TrackKey track) {
+    auto& retired = retired_[track];
+    return retired ? std::exchange(retired, {}) : std::make_shared<NoteRecords>();
 }
 
 void ProjectWalk::updateTrack(IProjectNode& node, TrackKey track, const NoteRecords& oldRecords) {
-    NoteRecords newRecords;
+    auto newRecords = takeRetired(track);
     lyrics::LyricsDivision division;
     const int result =
-        lyrics::convertTrackLyrics(argument_, node, oldRecords, newRecords, division);
+        lyrics::convertTrackLyrics(argument_, node, oldRecords, *newRecords, division);
 
     // Made first, so that a failed allocation leaves the table as it was.
     IPtr<host::IEditStep> step;
     if (context_ != nullptr && result == 1) {
         step = Steinberg::owned(new LyricsDevideEditStep(&node, std::move(division)));
-    } else if (context_ != nullptr && newRecords.size() != oldRecords.size()) {
-        step = makeCountStep(node, track, oldRecords, newRecords);
+    } else if (context_ != nullptr && newRecords->size() != oldRecords.size()) {
+        step = makeCountStep(node, track, oldRecords, *newRecords);
     }
-    table_.insert_or_assign(track, std::make_shared<NoteRecords>(std::move(newRecords)));
+    table_.insert_or_assign(track, std::move(newRecords));
     if (step) {
         context_->addEditStep(step);
     }

@@ -15,11 +15,13 @@ namespace wybeta {
 // meets and, within an edit, hands the edit steps that follow to the host.
 class ProjectWalk {
 public:
-    // `argument` is what the host passed to start the walk; null `context`: no steps are made. All
-    // have to outlive the walk. The table may be changed by the host calling back meanwhile.
-    ProjectWalk(TrackTable& table, host::IProjectNotificationArgument& argument,
-                host::IProjectEditContext* context)
-        : table_(table), argument_(argument), context_(context) {}
+    // `retired` keeps the lists that the walk replaces, for the next walk to write over: a walk
+    // then allocates nothing for notes that it has seen before. `argument` is what the host passed
+    // to start the walk; null `context`: no steps are made. All have to outlive the walk. Both
+    // tables may be changed by the host calling back meanwhile.
+    ProjectWalk(TrackTable& table, TrackTable& retired,
+                host::IProjectNotificationArgument& argument, host::IProjectEditContext* context)
+        : table_(table), retired_(retired), argument_(argument), context_(context) {}
 
     // Walks depth first through the folders under the node, children in order.
     void run(Steinberg::IPtr<host::IProjectNode> node);
@@ -31,7 +33,10 @@ private:
     void visitTrack(host::IProjectNode& node, host::IProjectTrack& track);
     void updateTrack(host::IProjectNode& node, TrackKey track, const host::NoteRecords& oldRecords);
 
+    SharedNoteRecords takeRetired(TrackKey track);
+
     TrackTable& table_;
+    TrackTable& retired_;
     host::IProjectNotificationArgument& argument_;
     host::IProjectEditContext* context_;
     std::vector<TrackKey> visited_;

@@ -163,10 +163,11 @@ void WyBetaExtension::walkProject(Steinberg::FUnknown* argument,
     if (!node) {
         return;
     }
-    ProjectWalk walk(trackTable_, static_cast<host::IProjectNotificationArgument&>(*argument),
-                     context);
+    ProjectWalk walk(trackTable_, retiredLists_,
+                     static_cast<host::IProjectNotificationArgument&>(*argument), context);
     walk.run(std::move(node));
     editsteps::pruneTrackTable(trackTable_, walk.visited());
+    editsteps::pruneTrackTable(retiredLists_, walk.visited());
 }
 
 } // namespace wybeta

@@ -60,6 +60,7 @@ private:
     Steinberg::IPtr<host::IProjectHost> projectHost_;
     Steinberg::IPtr<host::IProjectManager> projectManager_;
     TrackTable trackTable_;
+    TrackTable retiredLists_;
 };
 
 } // namespace wybeta

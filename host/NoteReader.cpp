@@ -33,12 +33,10 @@ private:
     FVariant value_;
 };
 
-std::string readText(IProjectNoteEvent& note, Steinberg::FIDString key) {
+void readText(IProjectNoteEvent& note, Steinberg::FIDString key, std::string& text) {
     ReceivedAttribute attribute;
-    if (note.getAttribute(key, attribute.receiver()) != Steinberg::kResultOk) {
-        return {};
-    }
-    return utf8FromUtf16(attribute.utf16());
+    const bool isThere = note.getAttribute(key, attribute.receiver()) == Steinberg::kResultOk;
+    utf8FromUtf16(isThere ? attribute.utf16() : nullptr, text);
 }
 
 } // namespace
@@ -51,11 +49,9 @@ bool readNoteEvent(IPartEvent& event, Steinberg::FUnknown* timeContext, NoteReco
     }
     record.start = event.start(timeContext);
     record.length = event.length(timeContext);
-    if (projectEvent) {
-        record.value = projectEvent->value();
-    }
-    record.lyrics = readText(*note, "lyrics");
-    record.phoneme = readText(*note, "phoneme");
+    record.value = projectEvent ? projectEvent->value() : 0;
+    readText(*note, "lyrics", record.lyrics);
+    readText(*note, "phoneme", record.phoneme);
     record.event = &event;
     return true;
 }

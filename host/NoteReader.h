@@ -6,8 +6,8 @@
 
 namespace wybeta::host {
 
-// Reads a note event into `record`, which the caller has cleared. Returns false and leaves the
-// record untouched when the event is not a note. `timeContext` is the one of the event's part.
+// Reads a note event into `record`, over whatever it holds. Returns false and leaves the record
+// untouched when the event is not a note. `timeContext` is the one of the event's part.
 bool readNoteEvent(IPartEvent& event, Steinberg::FUnknown* timeContext, NoteRecord& record);
 
 } // namespace wybeta::host

@@ -20,6 +20,11 @@ struct NoteRecord {
 };
 
 // The events of one track, part after part, each part in its iterator's order.
-using NoteRecords = std::vector<NoteRecord>;
+struct NoteRecords : std::vector<NoteRecord> {
+    using vector::vector;
+
+    // Whether the list is known to have no event twice. Whoever adds a record has to clear it.
+    bool areDistinct = false;
+};
 
 } // namespace wybeta::host

@@ -1,15 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/Utf16.h"
 
-#include <utf8cpp/utf8.h>
+#include <utf8cpp/utf8/unchecked.h>
 
-#include <iterator>
+#include <array>
 
 namespace wybeta::host {
 
 namespace {
 
 constexpr char32_t kReplacementCharacter = 0xFFFD;
+constexpr int kMostBytes = 4; // of one code point in UTF-8
 
 bool isLeadSurrogate(char16_t unit) {
     return unit >= 0xD800 && unit <= 0xDBFF;
@@ -31,12 +32,17 @@ char32_t takeCodePoint(const char16_t*& text) {
 
 } // namespace
 
-std::string utf8FromUtf16(const char16_t* text) {
-    std::string utf8;
+// The bytes are gathered in pieces, since a lyric is short and a string slow to grow byte by byte.
+void utf8FromUtf16(const char16_t* text, std::string& utf8) {
+    utf8.clear();
+    std::array<char, 64> piece;
     while (text != nullptr && *text != 0) {
-        utf8::append(takeCodePoint(text), std::back_inserter(utf8));
+        char* end = piece.data();
+        while (*text != 0 && end + kMostBytes <= piece.data() + piece.size()) {
+            end = utf8::unchecked::append(takeCodePoint(text), end);
+        }
+        utf8.append(piece.data(), end);
     }
-    return utf8;
 }
 
 } // namespace wybeta::host

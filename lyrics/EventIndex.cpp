@@ -22,7 +22,19 @@ std::uint64_t spread(const void* event) {
 
 } // namespace
 
+void EventIndex::follow(const void* event) {
+    if (followed_ < records_.size() && records_[followed_].event == event) {
+        last_ = &records_[followed_++];
+    } else {
+        last_ = nullptr;
+        isInOrder_ = false;
+    }
+}
+
 const host::NoteRecord* EventIndex::find(const void* event) {
+    if (areDistinct_ && last_ != nullptr && last_->event == event) {
+        return last_;
+    }
     if (slots_.empty()) {
         build();
     }
@@ -32,10 +44,13 @@ const host::NoteRecord* EventIndex::find(const void* event) {
 
 void EventIndex::build() {
     slots_.resize(slotCount(records_.size()));
+    areDistinct_ = true;
     for (std::size_t i = 0; i < records_.size(); ++i) {
         auto& slot = slots_[slotOf(records_[i].event)];
         if (slot == 0) {
             slot = static_cast<std::uint32_t>(i + 1);
+        } else {
+            areDistinct_ = false;
         }
     }
 }

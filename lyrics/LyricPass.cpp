@@ -35,6 +35,32 @@ private:
     std::size_t next_ = 0;
 };
 
+// Writes a list of records over another one, so that the memory of the records and of their texts
+// is used again.
+class RecordsWriter {
+public:
+    explicit RecordsWriter(NoteRecords& records) : records_(records) {}
+
+    // The place of the next record, with what it held before.
+    NoteRecord& next() {
+        if (count_ == records_.size()) {
+            records_.emplace_back();
+        }
+        return records_[count_];
+    }
+    // Takes the record in the next place into the list.
+    void keep() { ++count_; }
+    // Drops what is left of the old list.
+    void finish(bool areDistinct) {
+        records_.resize(count_);
+        records_.areDistinct = areDistinct;
+    }
+
+private:
+    NoteRecords& records_;
+    std::size_t count_ = 0;
+};
+
 // One pass over the notes of a track. The spreading goes on from part to part.
 class LyricPass {
 public:
@@ -42,40 +68,44 @@ public:
         : oldRecords_(oldRecords), newRecords_(newRecords), division_(division) {}
 
     void readEvent(host::IPartEvent& event, Steinberg::FUnknown* timeContext) {
-        NoteRecord record;
+        NoteRecord& record = newRecords_.next();
         if (!host::readNoteEvent(event, timeContext, record)) {
             return;
         }
-        newRecords_.push_back(std::move(record));
+        newRecords_.keep();
+        oldRecords_.follow(&event);
         if (event.isFlagged()) {
-            readFlagged(event);
+            readFlagged(event, record);
         } else if (spreading_.isOn()) {
-            divideOnto(event, newRecords_.back().lyrics);
+            divideOnto(event, record, record.lyrics);
         }
     }
 
-    bool hasDivided() const { return hasDivided_; }
+    // Returns whether a lyric was divided.
+    bool finish() {
+        newRecords_.finish(oldRecords_.hasFollowedDistinct());
+        return hasDivided_;
+    }
 
 private:
     // A flagged note ends the spreading, and starts one of its own when its lyric was typed.
-    void readFlagged(host::IPartEvent& event) {
+    void readFlagged(host::IPartEvent& event, NoteRecord& record) {
         spreading_.finish();
-        const std::string& lyric = newRecords_.back().lyrics;
         // A note that the table does not know counts as one that was empty.
         const auto* const old = oldRecords_.find(&event);
         const std::string_view oldLyric = old != nullptr ? old->lyrics : std::string_view();
-        if (lyric == oldLyric) {
+        if (record.lyrics == oldLyric) {
             return;
         }
         hasDivided_ = true;
         NoteLyricList noteLyrics;
-        convertLyric(lyric, noteLyrics, dictionary::pronunciationDictionary());
+        convertLyric(record.lyrics, noteLyrics, dictionary::pronunciationDictionary());
         spreading_.start(std::move(noteLyrics));
-        divideOnto(event, oldLyric);
+        divideOnto(event, record, oldLyric);
     }
 
     // The note just read takes the next text.
-    void divideOnto(host::IPartEvent& event, std::string_view oldLyric) {
+    void divideOnto(host::IPartEvent& event, NoteRecord& record, std::string_view oldLyric) {
         std::string newLyric = spreading_.takeNext();
         if (division_.notes.empty()) {
             division_.firstEvent = &event;
@@ -83,11 +113,11 @@ private:
         division_.oldLyrics.emplace_back(oldLyric);
         division_.newLyrics.push_back(newLyric);
         division_.notes.push_back(host::query<host::IProjectNode>(&event));
-        newRecords_.back().lyrics = std::move(newLyric);
+        record.lyrics = std::move(newLyric);
     }
 
     EventIndex oldRecords_;
-    NoteRecords& newRecords_;
+    RecordsWriter newRecords_;
     LyricsDivision& division_;
     Spreading spreading_;
     bool hasDivided_ = false;
@@ -121,7 +151,7 @@ int convertTrackLyrics(host::IProjectNotificationArgument& argument, host::IProj
             break;
         }
     }
-    return pass.hasDivided() ? 1 : 0;
+    return pass.finish() ? 1 : 0;
 }
 
 } // namespace wybeta::lyrics

@@ -13,9 +13,10 @@ namespace wybeta::lyrics {
 // `oldRecords`. The notes that get a new lyric are added to `division`, their records carry it
 // already; nothing is written to the host.
 //
-// `argument` is what the host passed to start the walk. `newRecords` and `division` come in empty.
-// Returns 1 when at least one lyric was divided, else 0. `oldRecords` must stay as it is, even if
-// the host calls back meanwhile.
+// `argument` is what the host passed to start the walk. `newRecords` may hold a list that is no
+// longer needed, it is written over to use its memory again; `division` comes in empty. Returns 1
+// when at least one lyric was divided, else 0. `oldRecords` must stay as it is, even if the host
+// calls back meanwhile.
 int convertTrackLyrics(host::IProjectNotificationArgument& argument, host::IProjectNode& track,
                        const host::NoteRecords& oldRecords, host::NoteRecords& newRecords,
                        LyricsDivision& division);

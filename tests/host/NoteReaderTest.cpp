@@ -29,7 +29,8 @@ protected:
 
     const SharedState state = std::make_shared<HostState>();
     const Handle<Event> event = make<Event>(state);
-    NoteRecord record;
+    // A note is read over what the record held.
+    NoteRecord record = {1, 2, 3, "old lyric", "old phoneme", nullptr};
 };
 
 TEST_F(NoteReader, FillsTheWholeRecord) {
@@ -58,14 +59,14 @@ TEST_F(NoteReader, TakesTheTimesInTheContextOfThePart) {
 
 TEST_F(NoteReader, LeavesTheRecordUntouchedWhenTheEventIsNotANote) {
     event->setKind(Event::Kind::Other);
-    record = {1, 2, 3, "lyric", "phoneme", &record};
+    record.event = &record;
 
     EXPECT_FALSE(read());
     EXPECT_EQ(record.start, 1);
     EXPECT_EQ(record.length, 2);
     EXPECT_EQ(record.value, 3);
-    EXPECT_EQ(record.lyrics, "lyric");
-    EXPECT_EQ(record.phoneme, "phoneme");
+    EXPECT_EQ(record.lyrics, "old lyric");
+    EXPECT_EQ(record.phoneme, "old phoneme");
     EXPECT_EQ(record.event, &record);
 }
 

@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <random>
+#include <set>
+#include <vector>
 
 namespace wybeta::lyrics {
 namespace {
@@ -77,6 +79,74 @@ TEST(EventIndex, FindsWhatASearchFromTheFrontFinds) {
         for (std::uint64_t i = 0; i < events; ++i) {
             const auto* const event = address(static_cast<std::uintptr_t>(i * spacing));
             ASSERT_EQ(index.find(event), findFromFront(records, event)) << round << " " << i;
+        }
+    }
+}
+
+TEST(EventIndex, FindsWhatItFollowedInAListKnownToBeDistinct) {
+    auto records = recordsOf({0x1000, 0x2000, 0x3000});
+    records.areDistinct = true;
+    EventIndex index(records);
+    index.follow(address(0x1000));
+    index.follow(address(0x2000));
+    EXPECT_EQ(index.find(address(0x2000)), &records[1]);
+    EXPECT_EQ(index.find(address(0x3000)), &records[2]);
+    EXPECT_EQ(index.find(address(0x4000)), nullptr);
+}
+
+TEST(EventIndex, FindsTheFirstRecordOfAnEventThatItFollowedTwice) {
+    const auto records = recordsOf({0x1000, 0x2000, 0x1000});
+    EventIndex index(records);
+    for (const auto& record : records) {
+        index.follow(record.event);
+    }
+    EXPECT_EQ(index.find(address(0x1000)), &records[0]);
+    EXPECT_FALSE(index.hasFollowedDistinct());
+}
+
+TEST(EventIndex, KnowsTheEventsToBeDistinctOnceItSearchedForOne) {
+    const auto records = recordsOf({0x1000, 0x2000});
+    EventIndex index(records);
+    index.follow(address(0x1000));
+    EXPECT_FALSE(index.hasFollowedDistinct());
+    index.find(address(0x1000));
+    EXPECT_TRUE(index.hasFollowedDistinct());
+}
+
+TEST(EventIndex, DoesNotKnowAnEventToBeDistinctThatIsNotTheNextOfTheList) {
+    auto records = recordsOf({0x1000, 0x2000});
+    records.areDistinct = true;
+    for (const auto event : {0x2000, 0x3000}) {
+        EventIndex index(records);
+        index.follow(address(static_cast<std::uintptr_t>(event)));
+        EXPECT_FALSE(index.hasFollowedDistinct());
+    }
+}
+
+// Follows lists that are much like the one of the index: with events moved, left out and added.
+TEST(EventIndex, FindsWhatASearchFromTheFrontFindsWhateverItFollowed) {
+    std::mt19937_64 random(2);
+    for (int round = 0; round < 3000; ++round) {
+        std::vector<std::uintptr_t> numbers(random() % 12);
+        for (auto& number : numbers) {
+            number = static_cast<std::uintptr_t>(random() % 24 * 16);
+        }
+        auto records = recordsOf(numbers);
+        const std::set<std::uintptr_t> different(numbers.begin(), numbers.end());
+        records.areDistinct = different.size() == numbers.size() && random() % 2 == 0;
+
+        EventIndex index(records);
+        std::set<const void*> followed;
+        bool isDistinct = true;
+        for (std::size_t i = 0; i < numbers.size() + 2; ++i) {
+            const bool isSame = i < numbers.size() && random() % 8 != 0;
+            const auto* const event = isSame ? address(numbers[i]) : address(random() % 24 * 16);
+            index.follow(event);
+            isDistinct = followed.insert(event).second && isDistinct;
+            if (random() % 2 == 0) {
+                ASSERT_EQ(index.find(event), findFromFront(records, event)) << round << " " << i;
+            }
+            ASSERT_TRUE(isDistinct || !index.hasFollowedDistinct()) << round << " " << i;
         }
     }
 }

@@ -45,8 +45,10 @@ protected:
         return record;
     }
 
+    // Writes over a list that is no longer needed.
     int pass(const NoteRecords& oldRecords = {}) {
-        newRecords.clear();
+        newRecords.assign(2, {9, 9, 9, "stale", "stale", nullptr});
+        newRecords.areDistinct = true;
         division = {};
         return convertTrackLyrics(*track, *track, oldRecords, newRecords, division);
     }
@@ -153,6 +155,28 @@ TEST_F(LyricPass, DividesAClearedLyricIntoOneEmptyText) {
     EXPECT_EQ(pass({recordOf(*typed, "old")}), 1);
     EXPECT_EQ(division.newLyrics, Lyrics{""});
     EXPECT_EQ(division.oldLyrics, Lyrics{"old"});
+}
+
+TEST_F(LyricPass, KnowsTheNotesOfItsListToBeDistinctAfterItSearchedThemAll) {
+    const auto part = addPart();
+    addNote(*part, "a", true);
+    addNote(*part, "b");
+    pass();
+    EXPECT_FALSE(newRecords.areDistinct);
+    pass(NoteRecords(newRecords));
+    EXPECT_TRUE(newRecords.areDistinct);
+    addNote(*part, "c");
+    pass(NoteRecords(newRecords));
+    EXPECT_FALSE(newRecords.areDistinct);
+}
+
+TEST_F(LyricPass, NeverTakesANoteThatIsYieldedTwiceForDistinct) {
+    const auto part = addPart();
+    part->add(addNote(*part, "a", true));
+    for (int i = 0; i < 3; ++i) {
+        pass(NoteRecords(newRecords));
+        EXPECT_FALSE(newRecords.areDistinct);
+    }
 }
 
 TEST_F(LyricPass, ReturnsNothingForATrackWithoutParts) {
