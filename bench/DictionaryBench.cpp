@@ -2,60 +2,26 @@
 //
 // What loading the dictionary costs, beside the plain way of doing the same, and what looking up a
 // word costs.
+#include "bench/Heap.h"
 #include "dictionary/PronunciationDictionary.h"
 #include "dictionary/WordLookup.h"
+#include "extension/WyBetaExtension.h"
 #include "resources/ResourceTable.h"
 
 #include <benchmark/benchmark.h>
-#include <malloc.h>
 
-#include <algorithm>
 #include <cctype>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <map>
-#include <new>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace {
 
-// The bytes of all blocks that this program has from operator new, as large as they really are.
-struct Heap {
-    std::size_t used = 0;
-    std::size_t peak = 0;
-};
-
-Heap heap;
-
-} // namespace
-
-// Not inlined, or the compiler would see blocks of malloc given to operator delete, and warn.
-[[gnu::noinline]] void* operator new(std::size_t size) {
-    void* const block = std::malloc(size);
-    if (block == nullptr) {
-        throw std::bad_alloc();
-    }
-    heap.used += malloc_usable_size(block);
-    heap.peak = std::max(heap.peak, heap.used);
-    return block;
-}
-
-[[gnu::noinline]] void operator delete(void* block) noexcept {
-    heap.used -= malloc_usable_size(block);
-    std::free(block);
-}
-
-[[gnu::noinline]] void operator delete(void* block, std::size_t) noexcept {
-    operator delete(block);
-}
-
-namespace {
-
 using namespace wybeta;
+using bench::heap;
 
 // The plain way: a copy of the text, a list of its lines, a list of each line's fields, and a map
 // with a node of three texts for each word.
@@ -149,18 +115,19 @@ const resources::Resource& dictionaryText() {
 template <class Load>
 void loadAll(benchmark::State& state, Load load) {
     const auto& text = dictionaryText();
-    const std::size_t before = heap.used;
-    heap.peak = before;
+    const std::size_t before = heap().used;
+    heap().peak = before;
     {
         const auto dictionary = load(text.data, text.size);
-        state.counters["heapKept"] = static_cast<double>(heap.used - before);
-        state.counters["heapPeak"] = static_cast<double>(heap.peak - before);
+        state.counters["heapKept"] = static_cast<double>(heap().used - before);
+        state.counters["heapPeak"] = static_cast<double>(heap().peak - before);
     }
     for ([[maybe_unused]] auto _ : state) {
-        std::optional dictionary(load(text.data, text.size));
-        benchmark::DoNotOptimize(dictionary);
-        state.PauseTiming();
-        dictionary.reset();
+        {
+            const auto dictionary = load(text.data, text.size);
+            benchmark::DoNotOptimize(&dictionary);
+            state.PauseTiming();
+        }
         state.ResumeTiming();
     }
 }
@@ -174,6 +141,24 @@ void loadDictionary(benchmark::State& state) {
     loadAll(state, dictionary::loadPronunciationDictionary);
 }
 BENCHMARK(loadDictionary)->Unit(benchmark::kMillisecond);
+
+// An extension, and the dictionary that it leaves to the process.
+class Constructed {
+public:
+    Constructed(const char* /*text*/, std::int32_t /*size*/)
+        : extension_(Steinberg::owned(new WyBetaExtension)) {}
+    ~Constructed() { dictionary::pronunciationDictionary() = {}; }
+    Constructed(const Constructed&) = delete;
+    Constructed& operator=(const Constructed&) = delete;
+
+private:
+    Steinberg::IPtr<WyBetaExtension> extension_;
+};
+
+void constructExtension(benchmark::State& state) {
+    loadAll(state, [](auto... text) { return Constructed(text...); });
+}
+BENCHMARK(constructExtension)->Unit(benchmark::kMillisecond);
 
 // Every 97th word without a hyphen, changed by `change`.
 template <class Change>

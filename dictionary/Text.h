@@ -13,6 +13,17 @@ bool isSpace(char byte);
 // The text without the white space at both of its ends.
 std::string_view trimmed(std::string_view text);
 
+// Hands each piece of a text to `take`, as splitText cuts it at a delimiter that is not empty.
+template <class Take>
+void forEachPiece(std::string_view text, std::string_view delimiter, Take take) {
+    for (auto cut = text.find(delimiter); cut != std::string_view::npos;
+         cut = text.find(delimiter)) {
+        take(text.substr(0, cut));
+        text.remove_prefix(cut + delimiter.size());
+    }
+    take(text);
+}
+
 // Cuts a text at every occurrence of the delimiter, from the left, keeping empty pieces; so there
 // is always one piece at least. With an empty delimiter it cuts at runs of white space and keeps no
 // empty pieces. A maxSplits of 0 or more is the greatest number of cuts, behind which the rest

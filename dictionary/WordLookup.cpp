@@ -52,6 +52,10 @@ std::string typedWord(std::u32string_view word) {
     return typed;
 }
 
+bool hasHyphens(std::string_view word) {
+    return word.find('-') != std::string_view::npos;
+}
+
 std::string withoutHyphens(std::string word) {
     word.erase(std::remove(word.begin(), word.end(), '-'), word.end());
     return word;
@@ -116,14 +120,15 @@ void appendCut(std::vector<std::string>& items, std::string_view syllable, std::
     items.back() += " " + joinText(rest, " ");
 }
 
-std::vector<std::string> pronounce(const PronunciationEntry& entry, std::string_view typed) {
+void appendWhole(std::vector<std::string>& items, const PronunciationEntry& entry) {
+    forEachPiece(entry.phonemes, ".",
+                 [&items](std::string_view syllable) { items.emplace_back(trimmed(syllable)); });
+}
+
+void appendDivided(std::vector<std::string>& items, const PronunciationEntry& entry,
+                   std::string_view typed) {
     const Pieces syllables = syllablesOf(entry.phonemes);
-    if (typed.find('-') == std::string_view::npos) {
-        return {syllables.begin(), syllables.end()};
-    }
     const auto hyphens = countHyphens(typed, syllablesOf(entry.spelling), syllables.size());
-    std::vector<std::string> items;
-    items.reserve(syllables.size() + 1);
     for (std::size_t i = 0; i < syllables.size(); ++i) {
         if (hyphens[i] == 0) {
             items.emplace_back(syllables[i]);
@@ -131,7 +136,6 @@ std::vector<std::string> pronounce(const PronunciationEntry& entry, std::string_
             appendCut(items, syllables[i], hyphens[i]);
         }
     }
-    return items;
 }
 
 } // namespace
@@ -147,11 +151,12 @@ void convertEnglishWord(const PronunciationDictionary& dictionary, std::u32strin
     if (word == U"0") {
         silenceLast(items);
     }
-    const auto entry = dictionary.find(withoutHyphens(typed));
-    if (entry) {
-        auto pronounced = pronounce(*entry, typed);
-        items.insert(items.end(), std::make_move_iterator(pronounced.begin()),
-                     std::make_move_iterator(pronounced.end()));
+    const bool isHyphened = hasHyphens(typed);
+    const auto entry = dictionary.find(isHyphened ? withoutHyphens(typed) : typed);
+    if (entry && isHyphened) {
+        appendDivided(items, *entry, typed);
+    } else if (entry) {
+        appendWhole(items, *entry);
     }
 }
 

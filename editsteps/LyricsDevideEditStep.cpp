@@ -7,7 +7,6 @@
 
 #include <utf8cpp/utf8.h>
 
-#include <iterator>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -20,24 +19,29 @@ using Steinberg::FVariant;
 using Steinberg::kResultOk;
 using Steinberg::tresult;
 
-// A text as the host takes it. The text stays here: it must not be freed by the variant, even if
-// the host marks it as the variant's own.
+// Texts as the host takes them, one after the other in the same memory. The memory stays here: it
+// must not be freed by the variant, even if the host marks it as the variant's own.
 class TextAttribute {
 public:
-    // Takes the UTF-8 text up to its first zero byte.
-    explicit TextAttribute(const std::string& utf8) {
-        const std::string_view text = utf8.c_str();
-        utf8::utf8to16(text.begin(), text.end(), std::back_inserter(text_));
-        value_.setString16(text_.c_str());
-    }
+    TextAttribute() = default;
     ~TextAttribute() { value_.setOwner(false); }
     TextAttribute(const TextAttribute&) = delete;
     TextAttribute& operator=(const TextAttribute&) = delete;
 
-    FVariant* value() { return &value_; }
+    // Takes the UTF-8 text up to its first zero byte.
+    FVariant* set(const std::string& utf8) {
+        const std::string_view text = utf8.c_str();
+        if (utf16_.size() <= text.size()) {
+            utf16_.resize(text.size() + 1);
+        }
+        *utf8::utf8to16(text.begin(), text.end(), utf16_.begin()) = 0;
+        value_.setOwner(false);
+        value_.setString16(utf16_.data());
+        return &value_;
+    }
 
 private:
-    std::u16string text_;
+    std::vector<char16_t> utf16_;
     FVariant value_;
 };
 
@@ -77,10 +81,11 @@ LyricsDevideEditStep::reportChangedObjects(host::IEditObjectCollector* collector
 }
 
 void LyricsDevideEditStep::applyLyrics(const std::vector<std::string>& texts) const {
+    TextAttribute text;
     for (std::size_t i = 0; i < division_.notes.size(); ++i) {
-        TextAttribute text(texts[i]);
+        FVariant* const value = text.set(texts[i]);
         if (const auto note = host::query<host::IProjectNoteEvent>(division_.notes[i])) {
-            note->setAttribute("lyrics", text.value(), 0, 0);
+            note->setAttribute("lyrics", value, 0, 0);
         }
     }
 }

@@ -22,6 +22,22 @@ NoteRecords& unshared(SharedNoteRecords& records) {
     return *records;
 }
 
+// Writes the texts into the records from the position on, as far as there are records.
+void writeLyrics(NoteRecords& records, std::size_t position,
+                 const std::vector<std::string>& texts) {
+    const std::size_t count = std::min(texts.size(), records.size() - position);
+    // All memory first, so that the list is never left half written. A short text needs none.
+    for (std::size_t i = 0; i < count; ++i) {
+        if (texts[i].size() > std::string().capacity()) {
+            auto& lyrics = records[position + i].lyrics;
+            lyrics.reserve(std::max(lyrics.capacity(), texts[i].size()));
+        }
+    }
+    for (std::size_t i = 0; i < count; ++i) {
+        records[position + i].lyrics = texts[i];
+    }
+}
+
 } // namespace
 
 void pruneTrackTable(TrackTable& table, std::vector<TrackKey> visited) {
@@ -42,11 +58,7 @@ void syncTrackTableLyrics(TrackTable& table, const void* firstEvent,
             });
         if (first != shared->end()) {
             const auto position = static_cast<std::size_t>(first - shared->begin());
-            auto copies = texts;
-            auto& records = unshared(shared);
-            for (std::size_t i = 0; i < copies.size() && position + i < records.size(); ++i) {
-                records[position + i].lyrics = std::move(copies[i]);
-            }
+            writeLyrics(unshared(shared), position, texts);
             return;
         }
     }

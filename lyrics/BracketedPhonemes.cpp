@@ -1,11 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "lyrics/BracketedPhonemes.h"
 
+#include <algorithm>
+
 namespace wybeta::lyrics {
 
 namespace {
 
 constexpr auto kNone = std::string_view::npos;
+
+bool isLineEnd(char byte) {
+    return byte == '\n' || byte == '\r';
+}
 
 std::optional<BracketedPhonemes> findInLine(std::string_view line) {
     const auto close = line.rfind(']');
@@ -25,12 +31,14 @@ std::optional<BracketedPhonemes> findInLine(std::string_view line) {
 // once for each character and takes quadratic time where there is no bracket, so that a pasted text
 // would make the editor wait or overflow its stack.
 std::optional<BracketedPhonemes> findBracketedPhonemes(std::string_view lyric) {
-    for (std::size_t begin = 0; begin < lyric.size();) {
-        const auto end = lyric.find_first_of("\n\r", begin);
-        if (const auto found = findInLine(lyric.substr(begin, end - begin))) {
+    for (auto begin = lyric.begin(); begin != lyric.end();) {
+        const auto end = std::find_if(begin, lyric.end(), isLineEnd);
+        const auto line = lyric.substr(static_cast<std::size_t>(begin - lyric.begin()),
+                                       static_cast<std::size_t>(end - begin));
+        if (const auto found = findInLine(line)) {
             return found;
         }
-        begin = end == kNone ? lyric.size() : end + 1;
+        begin = end == lyric.end() ? end : end + 1;
     }
     return std::nullopt;
 }

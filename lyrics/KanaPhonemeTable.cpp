@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "lyrics/KanaPhonemeTable.h"
 
-#include <algorithm>
+#include <cstdint>
 #include <optional>
 
 namespace wybeta::lyrics {
@@ -112,8 +112,7 @@ static_assert(!kSingles.back().phonemes.empty() && !kPairs.back().phonemes.empty
 constexpr char32_t kLongVowelMark = U'ー';
 constexpr char32_t kHiraganaToKatakana = U'ァ' - U'ぁ';
 
-// The stored form of a kana; none for every other code point. The searches fold their input once,
-// so that text that is not kana never walks the table.
+// The stored form of a kana; none for every other code point.
 std::optional<char32_t> foldKana(char32_t input) {
     if (input >= U'ぁ' && input <= U'ゔ') {
         return input + kHiraganaToKatakana;
@@ -123,6 +122,39 @@ std::optional<char32_t> foldKana(char32_t input) {
     }
     return std::nullopt;
 }
+
+// The place of a stored kana in the tables below.
+constexpr std::size_t slotOf(char32_t stored) {
+    return stored == kLongVowelMark ? U'ヴ' - U'ァ' + 1 : stored - U'ァ';
+}
+constexpr std::size_t kSlots = slotOf(kLongVowelMark) + 1;
+
+// Where the sections have the entry of each kana and of each two: its position plus one, 0 where
+// they have none.
+using SinglePositions = std::array<std::uint8_t, kSlots>;
+using PairPositions = std::array<std::array<std::uint8_t, kSlots>, kSlots>;
+
+constexpr void setFirst(std::uint8_t& place, std::size_t position) {
+    if (place == 0) {
+        place = static_cast<std::uint8_t>(position + 1);
+    }
+}
+
+constexpr SinglePositions kSinglePositions = [] {
+    SinglePositions positions{};
+    for (std::size_t i = 0; i < kSingles.size(); ++i) {
+        setFirst(positions[slotOf(kSingles[i].first)], i);
+    }
+    return positions;
+}();
+
+constexpr PairPositions kPairPositions = [] {
+    PairPositions positions{};
+    for (std::size_t i = 0; i < kPairs.size(); ++i) {
+        setFirst(positions[slotOf(kPairs[i].first)][slotOf(kPairs[i].second)], i);
+    }
+    return positions;
+}();
 
 } // namespace
 
@@ -147,10 +179,8 @@ const KanaEntry* findKanaPair(std::u32string_view text, std::size_t i) {
     if (!first || !second) {
         return nullptr;
     }
-    const auto hit = std::find_if(kPairs.begin(), kPairs.end(), [&](const KanaEntry& entry) {
-        return entry.first == *first && entry.second == *second;
-    });
-    return hit != kPairs.end() ? &*hit : nullptr;
+    const auto position = kPairPositions[slotOf(*first)][slotOf(*second)];
+    return position != 0 ? &kPairs[position - 1] : nullptr;
 }
 
 const KanaEntry* findKanaSingle(std::u32string_view text, std::size_t i) {
@@ -161,9 +191,8 @@ const KanaEntry* findKanaSingle(std::u32string_view text, std::size_t i) {
     if (!kana) {
         return nullptr;
     }
-    const auto hit = std::find_if(kSingles.begin(), kSingles.end(),
-                                  [&](const KanaEntry& entry) { return entry.first == *kana; });
-    return hit != kSingles.end() ? &*hit : nullptr;
+    const auto position = kSinglePositions[slotOf(*kana)];
+    return position != 0 ? &kSingles[position - 1] : nullptr;
 }
 
 } // namespace wybeta::lyrics

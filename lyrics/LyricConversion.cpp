@@ -8,7 +8,8 @@
 
 #include <utf8cpp/utf8.h>
 
-#include <iterator>
+#include <algorithm>
+#include <array>
 #include <optional>
 #include <utility>
 
@@ -19,40 +20,68 @@ namespace {
 using dictionary::PronunciationDictionary;
 
 std::string inBrackets(std::string_view text, std::string_view syllable) {
-    std::string lyric;
-    lyric.reserve(text.size() + syllable.size() + 2);
-    return lyric.append(text).append("[").append(syllable).append("]");
+    // Filled with what it ends in.
+    std::string lyric(text.size() + syllable.size() + 2, ']');
+    auto at = std::copy(text.begin(), text.end(), lyric.begin());
+    *at++ = '[';
+    std::copy(syllable.begin(), syllable.end(), at);
+    return lyric;
 }
 
-// Spreads the syllables, of which there is at least one, over as many notes.
-template <class Syllables>
-NoteLyricList toNoteLyrics(std::string_view text, const Syllables& syllables) {
+NoteLyricList takeAsWritten(const BracketedPhonemes& bracketed) {
+    const std::string_view phonemes = bracketed.phonemes;
     NoteLyricList noteLyrics;
-    noteLyrics.reserve(syllables.size());
-    for (const auto& syllable : syllables) {
-        noteLyrics.push_back(inBrackets(noteLyrics.empty() ? text : "", syllable));
+    noteLyrics.reserve(static_cast<std::size_t>(std::count(phonemes.begin(), phonemes.end(), ',')) +
+                       1);
+    dictionary::forEachPiece(phonemes, ",", [&](std::string_view syllable) {
+        noteLyrics.push_back(
+            inBrackets(noteLyrics.empty() ? bracketed.text : "", dictionary::trimmed(syllable)));
+    });
+    return noteLyrics;
+}
+
+// The list of syllables becomes that of the notes' texts.
+NoteLyricList convertText(std::string_view lyric, const PronunciationDictionary& dictionary) {
+    NoteLyricList noteLyrics = lyricToSyllables(lyric, dictionary);
+    if (noteLyrics.empty()) {
+        noteLyrics.emplace_back(lyric);
+        return noteLyrics;
+    }
+    std::string_view text = lyric;
+    for (auto& syllable : noteLyrics) {
+        syllable = inBrackets(std::exchange(text, {}), syllable);
     }
     return noteLyrics;
 }
 
-NoteLyricList takeAsWritten(const BracketedPhonemes& bracketed) {
-    auto syllables = dictionary::splitText(bracketed.phonemes, ",");
-    for (auto& syllable : syllables) {
-        syllable = dictionary::trimmed(syllable);
+// Whether a byte of UTF-8 is the first one of its code point.
+bool beginsCodePoint(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0) != 0x80;
+}
+
+// The code points of a text. Those of a lyric of common length need no heap.
+class CodePoints {
+public:
+    explicit CodePoints(std::string_view utf8) {
+        char32_t* begin = few_.data();
+        if (utf8.size() > few_.size()) {
+            many_.resize(
+                static_cast<std::size_t>(std::count_if(utf8.begin(), utf8.end(), beginsCodePoint)));
+            begin = many_.data();
+        }
+        const char32_t* const end = utf8::utf8to32(utf8.begin(), utf8.end(), begin);
+        view_ = {begin, static_cast<std::size_t>(end - begin)};
     }
-    return toNoteLyrics(bracketed.text, syllables);
-}
+    CodePoints(const CodePoints&) = delete;
+    CodePoints& operator=(const CodePoints&) = delete;
 
-NoteLyricList convertText(std::string_view lyric, const PronunciationDictionary& dictionary) {
-    const auto syllables = lyricToSyllables(lyric, dictionary);
-    return syllables.empty() ? NoteLyricList{std::string(lyric)} : toNoteLyrics(lyric, syllables);
-}
+    std::u32string_view view() const { return view_; }
 
-std::u32string decode(std::string_view utf8) {
-    std::u32string text;
-    utf8::utf8to32(utf8.begin(), utf8.end(), std::back_inserter(text));
-    return text;
-}
+private:
+    std::array<char32_t, 128> few_;
+    std::u32string many_;
+    std::u32string_view view_;
+};
 
 // Whether an English word can begin with the character.
 bool startsWord(char32_t character) {
@@ -66,6 +95,7 @@ public:
         : text_(text), dictionary_(dictionary) {}
 
     SyllableList run() {
+        syllables_.reserve(std::min(text_.size(), kMostReserved));
         for (std::size_t i = 0; i < text_.size(); ++i) {
             i += readAt(i);
         }
@@ -102,6 +132,9 @@ private:
         }
     }
 
+    // A character seldom gives more than one syllable, and a long text may give none at all.
+    static constexpr std::size_t kMostReserved = 1'000'000;
+
     std::u32string_view text_;
     const PronunciationDictionary& dictionary_;
     std::optional<std::size_t> wordStart_;
@@ -118,7 +151,8 @@ bool convertLyric(std::string_view lyric, NoteLyricList& noteLyrics,
 }
 
 SyllableList lyricToSyllables(std::string_view lyric, const PronunciationDictionary& dictionary) {
-    return LyricScan(decode(lyric), dictionary).run();
+    const CodePoints codePoints(lyric);
+    return LyricScan(codePoints.view(), dictionary).run();
 }
 
 } // namespace wybeta::lyrics

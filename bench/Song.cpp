@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "bench/Song.h"
+
+#include "simulator/ModuleFile.h"
+
+namespace wybeta::bench {
+
+namespace {
+
+using namespace simulator;
+
+Steinberg::IPluginFactory& factory() {
+    static const ModuleFile module("WyBeta.vst3/Contents/x86_64-linux/WyBeta.so");
+    static const auto factory = Steinberg::owned(module.getPluginFactory());
+    return *factory;
+}
+
+} // namespace
+
+Song::Song(std::size_t notes, std::size_t flaggedEvery)
+    : editor_(factory()), part_(make<Part>(editor_.state())) {
+    for (std::size_t i = 0; i < notes; ++i) {
+        const auto note = make<Event>(editor_.state());
+        note->setLyric("さくら");
+        note->flagged = i % flaggedEvery == 0;
+        part_->add(note);
+    }
+    const auto track = makeVoiceTrack(editor_.state());
+    track->add(part_);
+    editor_.project().add(track);
+    editor_.notify();
+}
+
+Event& Song::note(std::size_t position) {
+    return static_cast<Event&>(*part_->items()[position]);
+}
+
+void Song::setLyrics(const char* lyric) {
+    for (const auto& item : part_->items()) {
+        static_cast<Event&>(*item).setLyric(lyric);
+    }
+}
+
+} // namespace wybeta::bench
