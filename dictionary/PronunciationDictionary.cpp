@@ -4,6 +4,7 @@
 #include "dictionary/Text.h"
 
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 namespace wybeta::dictionary {
@@ -53,13 +54,29 @@ char* copyWithoutStressDigits(std::string_view phonemes, char* out) {
     return out;
 }
 
+constexpr std::size_t kFirstBytes = 0x10000;
+
+// The first two bytes of a word that is not empty, as a number that is in order with the words.
+std::size_t firstBytes(std::string_view word) {
+    const auto byteAt = [word](std::size_t i) {
+        return i < word.size() ? static_cast<unsigned char>(word[i]) : 0u;
+    };
+    return byteAt(0) << 8 | byteAt(1);
+}
+
 } // namespace
 
 std::optional<PronunciationEntry> PronunciationDictionary::find(std::string_view word) const {
-    const auto place = std::lower_bound(
-        places_.begin(), places_.end(), word,
-        [this](const Place& element, std::string_view key) { return wordAt(element) < key; });
-    if (place == places_.end() || wordAt(*place) != word) {
+    if (places_.empty() || word.empty()) {
+        return std::nullopt;
+    }
+    const auto* const begin = places_.data() + starts_[firstBytes(word)];
+    const auto* const end = places_.data() + starts_[firstBytes(word) + 1];
+    const auto* const place =
+        std::lower_bound(begin, end, word, [this](const Place& element, std::string_view key) {
+            return wordAt(element) < key;
+        });
+    if (place == end || wordAt(*place) != word) {
         return std::nullopt;
     }
     const Item item = itemAt(*place);
@@ -86,6 +103,7 @@ PronunciationDictionary::PronunciationDictionary(std::string_view text) {
     packed_.resize(static_cast<std::size_t>(out - packed_.data()));
     packed_.shrink_to_fit();
     merge(std::move(late));
+    countStarts();
 }
 
 // Writes the item at `out` and moves `out` behind it.
@@ -122,6 +140,14 @@ void PronunciationDictionary::merge(std::vector<Place> late) {
     merged.insert(merged.end(), rest, places_.cend());
     merged.shrink_to_fit();
     places_ = std::move(merged);
+}
+
+void PronunciationDictionary::countStarts() {
+    starts_.resize(kFirstBytes + 1);
+    for (const Place& place : places_) {
+        ++starts_[firstBytes(wordAt(place)) + 1];
+    }
+    std::partial_sum(starts_.begin(), starts_.end(), starts_.begin());
 }
 
 PronunciationDictionary::Item PronunciationDictionary::itemAt(const Place& place) const {

@@ -72,6 +72,7 @@ private:
 
     Place pack(const Item& item, char*& out);
     void merge(std::vector<Place> late);
+    void countStarts();
 
     std::string_view packed(std::uint32_t begin, std::uint32_t end) const {
         return {packed_.data() + begin, end - begin};
@@ -81,6 +82,8 @@ private:
 
     std::vector<char> packed_;
     std::vector<Place> places_; // ascending by word
+    // How many words come before those with each two first bytes: a search begins between few.
+    std::vector<std::uint32_t> starts_;
 };
 
 // Loads a text of `size` bytes, which may be gone after the call. A null text or a size below 1

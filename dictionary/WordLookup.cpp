@@ -46,9 +46,12 @@ char toLower(char byte) {
 std::string typedWord(std::u32string_view word) {
     std::string typed;
     for (const char32_t character : word) {
-        utf8::append(character, std::back_inserter(typed));
+        if (character < 0x80) {
+            typed.push_back(toLower(static_cast<char>(character)));
+        } else {
+            utf8::append(character, std::back_inserter(typed));
+        }
     }
-    std::transform(typed.begin(), typed.end(), typed.begin(), toLower);
     return typed;
 }
 

@@ -108,6 +108,8 @@ private:
     std::size_t readAt(std::size_t i) {
         if (text_[i] == U' ') {
             closeWord(i);
+        } else if (startsWord(text_[i])) {
+            wordStart_ = wordStart_.value_or(i);
         } else if (const auto* const pair = findKanaPair(text_, i)) {
             // The word takes the pair's first kana with it, and so is not found in the dictionary:
             // a word written directly against a two-kana syllable is not sung.
@@ -117,8 +119,6 @@ private:
         } else if (const auto* const single = findKanaSingle(text_, i)) {
             closeWord(i);
             syllables_.emplace_back(single->phonemes);
-        } else if (!wordStart_ && startsWord(text_[i])) {
-            wordStart_ = i;
         }
         return 0;
     }
