@@ -40,6 +40,9 @@ public:
     void drop();
 
 protected:
+    // The face that answers to the ID, without a reference; null when there is none.
+    virtual void* face(const Steinberg::TUID id) = 0;
+
     Steinberg::uint32 take();
     Steinberg::uint32 giveBack();
 
@@ -102,7 +105,7 @@ public:
     using Base::Base;
 
     Steinberg::tresult PLUGIN_API queryInterface(const Steinberg::TUID id, void** object) override {
-        *object = this->refuses("queryInterface") ? nullptr : face(id);
+        *object = this->refuses("queryInterface") ? nullptr : this->face(id);
         if (*object == nullptr) {
             return Steinberg::kNoInterface;
         }
@@ -112,10 +115,6 @@ public:
 
     Steinberg::uint32 PLUGIN_API addRef() override { return this->take(); }
     Steinberg::uint32 PLUGIN_API release() override { return this->giveBack(); }
-
-protected:
-    // The face that answers to the ID, without a reference; null when there is none.
-    virtual void* face(const Steinberg::TUID id) = 0;
 };
 
 // Hands an object over with a reference that the module has to give back; null stays null.

@@ -63,10 +63,7 @@ TEST_F(EditStep, IsADivisionAloneWhenTheCountChangedAsWell) {
     auto& track = addKnownTrack({"", ""});
     change(track, true);
     change(track, false);
-    const auto steps = hook();
-    ASSERT_EQ(steps.size(), 1u);
-    EXPECT_TRUE(isDivision(*steps[0]));
-    EXPECT_TRUE(hook().empty());
+    expectOneStep(StepKind::Division);
 }
 
 TEST_F(EditStep, ComesWithOneReferenceAndIsReleasedByItsMaker) {

@@ -35,10 +35,7 @@ protected:
         state()->calls.stopIntercepting();
         editor().notify();
         typeInto(noteAt(track, 0), noteAt(track, 0).lyric() + "ん");
-        const auto steps = hook();
-        ASSERT_EQ(steps.size(), 1u);
-        EXPECT_TRUE(isDivision(*steps[0]));
-        EXPECT_TRUE(hook().empty());
+        expectOneStep(StepKind::Division);
     }
 };
 

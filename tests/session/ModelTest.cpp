@@ -20,7 +20,7 @@ TEST_F(RandomSessions, GoAsTheNaiveModelHasThem) {
     const std::uint32_t first = numericOption("seed", 1);
     const std::uint32_t count = numericOption("sessions", 6000);
     for (std::uint32_t i = 0; i < count; ++i) {
-        const std::string difference = RandomSession(*extension, first + i).run();
+        const std::string difference = RandomSession(*extension, Random(first + i)).run();
         ASSERT_TRUE(difference.empty())
             << difference << "\nRepeat with --seed=" << first + i << " --sessions=1";
     }

@@ -4,6 +4,7 @@
 #include "tests/session/SessionText.h"
 
 #include <stdexcept>
+#include <utility>
 
 namespace wybeta::tests {
 
@@ -33,8 +34,8 @@ const std::vector<RandomSession::Action> RandomSession::kActions = {
     {3, &RandomSession::moveSomething},
 };
 
-RandomSession::RandomSession(LoadedExtension extension, std::uint32_t seed)
-    : random_(seed), editor_(std::move(extension)), state_(editor_->state()),
+RandomSession::RandomSession(LoadedExtension extension, Random random)
+    : random_(std::move(random)), editor_(std::move(extension)), state_(editor_->state()),
       project_(editor_->project(), random_), model_(project_.model) {
     // Lets the extension forget the tracks of earlier sessions.
     editor_->notify();
@@ -51,7 +52,7 @@ std::string RandomSession::run() {
     try {
         const bool terminates = random_.oneIn(4);
         const std::size_t lastActions = random_.below(8) + 1;
-        for (std::size_t i = 0; i < kActionCount; ++i) {
+        for (std::size_t i = 0; i < kActionCount && !random_.isUsedUp(); ++i) {
             if (terminates && i + lastActions == kActionCount) {
                 terminate();
             }

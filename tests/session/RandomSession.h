@@ -5,19 +5,18 @@
 #include "tests/session/MirroredProject.h"
 #include "tests/session/RandomLyrics.h"
 
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
 
 namespace wybeta::tests {
 
-// A user at work for a while, in the simulated editor and on the naive model. The seed alone
-// decides what happens.
+// A user at work for a while, in the simulated editor and on the naive model. The random
+// choices alone decide what happens; where bytes stand for them, it ends when they are used up.
 class RandomSession {
 public:
     // The extension may have been through sessions before, but is with no editor now.
-    RandomSession(simulator::LoadedExtension extension, std::uint32_t seed);
+    RandomSession(simulator::LoadedExtension extension, Random random);
     ~RandomSession();
     RandomSession(const RandomSession&) = delete;
     RandomSession& operator=(const RandomSession&) = delete;

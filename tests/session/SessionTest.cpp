@@ -128,6 +128,13 @@ Nodes SessionTest::reported(host::IEditStep& step) const {
     return collector->objects();
 }
 
+void SessionTest::expectOneStep(StepKind kind) {
+    const auto steps = hook();
+    ASSERT_EQ(steps.size(), 1u);
+    EXPECT_EQ(isDivision(*steps[0]), kind == StepKind::Division);
+    EXPECT_TRUE(hook().empty());
+}
+
 Lyrics SessionTest::recordedLyrics(const Track& track) {
     const auto notes = notesOf(track);
     const auto lyrics = lyricsOf(track);

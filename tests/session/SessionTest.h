@@ -95,6 +95,10 @@ protected:
     // A division reports its notes; a count step has nothing to report.
     bool isDivision(host::IEditStep& step) const { return !reported(step).empty(); }
 
+    // Expects that the edit hook makes one step, of that kind, and none when it is run again.
+    enum class StepKind { Division, Count };
+    void expectOneStep(StepKind kind);
+
     // What the track table holds for the notes of a track, found out by typing into all of them at
     // once and looking at what undo brings back. Notes that the table does not know come out empty,
     // a track that it does not know gives no texts at all. Leaves the table as if it had known the

@@ -21,6 +21,18 @@ protected:
 
     // The steps of a hook after which nothing of the project has changed since the last walk.
     std::size_t stepsWithoutAChange() { return hook().size(); }
+
+    // Expects a step that has a record to put back and to take out again, as one for a record
+    // without an event would not have.
+    void expectStepWithARecord() {
+        const auto steps = hook();
+        ASSERT_EQ(steps.size(), 1u);
+        steps[0]->undo();
+        EXPECT_EQ(hook().size(), 1u);
+        steps[0]->undo();
+        steps[0]->redo();
+        EXPECT_EQ(stepsWithoutAChange(), 0u);
+    }
 };
 
 TEST_F(TrackTable, OnlyRecordsATrackThatIsSeenForTheFirstTime) {
@@ -127,32 +139,19 @@ TEST_F(TrackTable, RecordsTheNotesBehindAPartWithoutAnIteratorOnFirstSightingOnl
     auto& track = addTrackOf({{"a"}, {}, {"c"}});
     dynamic_cast<Part&>(*track.items()[1]).answerNoIteratorWhenEmpty();
     editor().notify();
-    EXPECT_EQ(hook().size(), 1u);
-    EXPECT_EQ(stepsWithoutAChange(), 0u);
+    expectOneStep(StepKind::Count);
 }
 
 TEST_F(TrackTable, RecordsEventsThatAreNoNotesOnFirstSightingOnly) {
     addTrackOfEvents({{makeNote("a"), makeOtherEvent(), makeNote("b")}});
     editor().notify();
-
-    const auto steps = hook();
-    ASSERT_EQ(steps.size(), 1u);
-    EXPECT_FALSE(isDivision(*steps[0]));
-    EXPECT_EQ(stepsWithoutAChange(), 0u);
+    expectOneStep(StepKind::Count);
 }
 
 TEST_F(TrackTable, TakesAnEventThatIsNoNoteForTheNoteBeforeIt) {
     addTrackOfEvents({{makeNote("a"), makeOtherEvent()}});
     editor().notify();
-    const auto steps = hook();
-    ASSERT_EQ(steps.size(), 1u);
-
-    // The step has a record to put back, which one without an event would not be.
-    steps[0]->undo();
-    EXPECT_EQ(hook().size(), 1u);
-    steps[0]->undo();
-    steps[0]->redo();
-    EXPECT_EQ(stepsWithoutAChange(), 0u);
+    expectStepWithARecord();
 }
 
 TEST_F(TrackTable, CountsEveryEventThatIsNoNote) {
@@ -169,10 +168,7 @@ TEST_F(TrackTable, TakesTheRecordOfTheNoteBeforeThatOfAnEventBehindIt) {
     auto& track = addTrackOfEvents({{makeNote("la"), makeOtherEvent()}});
     noteAt(track, 0).flagged = true;
     editor().notify();
-
-    const auto steps = hook();
-    ASSERT_EQ(steps.size(), 1u);
-    EXPECT_FALSE(isDivision(*steps[0]));
+    expectOneStep(StepKind::Count);
 }
 
 TEST_F(TrackTable, HoldsAnEmptyRecordForAnEventThatIsNoNote) {
@@ -202,14 +198,7 @@ TEST_F(TrackTable, HoldsAnEmptyRecordForAnEventThatIsNoNote) {
 TEST_F(TrackTable, DoesNotTakeALeadingEventThatIsNoNoteForAnyNote) {
     addTrackOfEvents({{makeOtherEvent(), makeNote("la")}});
     editor().notify();
-    const auto steps = hook();
-    ASSERT_EQ(steps.size(), 1u);
-
-    steps[0]->undo();
-    EXPECT_EQ(hook().size(), 1u);
-    steps[0]->undo();
-    steps[0]->redo();
-    EXPECT_EQ(stepsWithoutAChange(), 0u);
+    expectStepWithARecord();
 }
 
 TEST_F(TrackTable, HasNoRecordForANullEvent) {
@@ -242,10 +231,7 @@ TEST_F(TrackTable, KnowsATrackByItsAddressAndNotByItsNotes) {
     twin->add(part);
     project().add(twin);
     typeInto(noteAt(*twin, 0), "かき");
-
-    const auto steps = hook();
-    ASSERT_EQ(steps.size(), 1u);
-    EXPECT_FALSE(isDivision(*steps[0]));
+    expectOneStep(StepKind::Count);
     EXPECT_EQ(lyricsOf(*twin), (Lyrics{"かき", ""}));
 }
 

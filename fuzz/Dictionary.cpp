@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The input is a dictionary text. It has to load as the naive dictionary has it, in the same order,
+// and every word and piece of the text has to be found, or not found, likewise.
+#include "dictionary/PronunciationDictionary.h"
+#include "fuzz/Check.h"
+#include "fuzz/NaiveDictionary.h"
+
+#include <algorithm>
+#include <memory>
+
+namespace wybeta::fuzz {
+
+namespace {
+
+using dictionary::PronunciationDictionary;
+
+// Has the whole text in a block of its own, so that a read beyond its end is noticed.
+PronunciationDictionary load(std::string_view text) {
+    const auto bytes = std::make_unique<char[]>(text.size());
+    text.copy(bytes.get(), text.size());
+    return dictionary::loadPronunciationDictionary(bytes.get(),
+                                                   static_cast<std::int32_t>(text.size()));
+}
+
+void checkItems(const PronunciationDictionary& found, const tests::NaiveWords& expected) {
+    check(found.size() == expected.size(), "another number of words");
+    auto item = found.begin();
+    for (const auto& [word, entry] : expected) {
+        check(item != found.end(), "fewer words than the dictionary says");
+        checkEqual(std::string((*item).word), word);
+        checkEqual(std::string((*item).phonemes), entry.phonemes);
+        checkEqual(std::string((*item).spelling), entry.spelling);
+        ++item;
+    }
+    check(!(item != found.end()), "more words than the dictionary says");
+}
+
+void checkSearch(const PronunciationDictionary& dictionary, const tests::NaiveWords& expected,
+                 const std::string& word) {
+    const auto found = dictionary.find(word);
+    const auto entry = expected.find(word);
+    check(found.has_value() == (entry != expected.end()), "a word is found in only one of them");
+    if (found) {
+        checkEqual(std::string(found->phonemes), entry->second.phonemes);
+        checkEqual(std::string(found->spelling), entry->second.spelling);
+    }
+}
+
+void checkSearches(const PronunciationDictionary& dictionary, const tests::NaiveWords& expected,
+                   std::string_view text) {
+    for (const auto& [word, entry] : expected) {
+        checkSearch(dictionary, expected, word);
+        checkSearch(dictionary, expected, word + '\0');
+        checkSearch(dictionary, expected, word.substr(0, word.size() / 2));
+    }
+    for (std::size_t begin = 0; begin < text.size();) {
+        const auto end = std::min(text.find_first_of(" \t\r\n", begin), text.size());
+        checkSearch(dictionary, expected, std::string(text.substr(begin, end - begin)));
+        begin = end + 1;
+    }
+}
+
+} // namespace
+
+} // namespace wybeta::fuzz
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    using namespace wybeta::fuzz;
+    const auto text = textOf(data, size);
+    const auto dictionary = load(text);
+    const auto expected = naiveDictionary(text);
+    checkItems(dictionary, expected);
+    checkSearches(dictionary, expected, text);
+    return 0;
+}

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The input is a project file of wysim. It is refused with BadInput, or is a song that keeps
+// through writing and reading.
+#include "fuzz/SongChecks.h"
+
+namespace wybeta::fuzz {
+
+namespace {
+
+void readSong(const std::string& bytes) {
+    simulator::Song song;
+    try {
+        song = simulator::songFromJson(bytes);
+    } catch (const simulator::BadInput&) {
+        return;
+    }
+    checkReadSong(song);
+}
+
+} // namespace
+
+} // namespace wybeta::fuzz
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    wybeta::fuzz::readSong(std::string(wybeta::fuzz::textOf(data, size)));
+    return 0;
+}

@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The input is a lyric, in UTF-8 or not. It has to be divided into the same texts as by the naive
+// conversion, or refused with an error of the same kind, which leaves the texts of before.
+#include "lyrics/LyricConversion.h"
+#include "fuzz/Check.h"
+#include "fuzz/NaiveDictionary.h"
+#include "resources/ResourceTable.h"
+
+#include <utf8cpp/utf8.h>
+
+#include <optional>
+
+namespace wybeta::fuzz {
+
+namespace {
+
+// Words as the English dictionary has none: without a vowel, without a symbol, with a symbol that
+// only begins like one of a group, and with a division that fits badly.
+constexpr auto kOddWords = "nt\tn t\tn . t\n"
+                           "kp\tk p\tk . p\n"
+                           "zs\tt s . k w ih\tz\n"
+                           "q\t . .k  t. \tq . q\n"
+                           "v0\tp\v b . d g\tv . 0\n"
+                           "\xC3\xA9\ta0x1 . m\t\xC3 . \xA9\n"
+                           "b\xE6\xBC\xA2\tb . i2y\tb . \xE6\xBC\xA2\n";
+
+struct Dictionaries {
+    dictionary::PronunciationDictionary real;
+    tests::NaiveWords naive;
+};
+
+Dictionaries load() {
+    const auto* const resource = resources::findResource("cmudict0_7butf8spll");
+    check(resource != nullptr, "no dictionary in the library");
+    const auto text =
+        std::string(resource->data, static_cast<std::size_t>(resource->size)) + kOddWords;
+    return {dictionary::loadPronunciationDictionary(text.data(),
+                                                    static_cast<std::int32_t>(text.size())),
+            naiveDictionary(text)};
+}
+
+std::optional<lyrics::NoteLyricList> expectedLyrics(const std::string& lyric,
+                                                    const tests::NaiveWords& words) {
+    try {
+        return tests::naiveNoteLyrics(lyric, words);
+    } catch (const utf8::exception&) {
+        return std::nullopt;
+    }
+}
+
+void checkLyric(const std::string& lyric, const Dictionaries& dictionaries) {
+    const lyrics::NoteLyricList before = {"before"};
+    auto found = before;
+    bool isRefused = false;
+    try {
+        lyrics::convertLyric(lyric, found, dictionaries.real);
+    } catch (const utf8::exception&) {
+        isRefused = true;
+    }
+    const auto expected = expectedLyrics(lyric, dictionaries.naive);
+    check(isRefused == !expected.has_value(), "a lyric is refused by only one of them");
+    checkEqual(found, expected.value_or(before));
+}
+
+} // namespace
+
+} // namespace wybeta::fuzz
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    using namespace wybeta::fuzz;
+    static const Dictionaries dictionaries = load();
+    checkLyric(std::string(textOf(data, size)), dictionaries);
+    return 0;
+}

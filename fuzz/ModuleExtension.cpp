@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "fuzz/ModuleExtension.h"
+
+#include "module/ModuleEntry.h"
+
+namespace wybeta::fuzz {
+
+const simulator::LoadedExtension& moduleExtension() {
+    static const auto factory = Steinberg::owned(GetPluginFactory());
+    static const simulator::LoadedExtension extension(*factory);
+    return extension;
+}
+
+} // namespace wybeta::fuzz

@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The input is a score in MusicXML, or a compressed one when it begins like a zip file. It is
+// refused with BadInput, or is a song that keeps through writing and reading: as a project file to
+// the byte, as a score in all that a score's grid of times can say.
+#include "fuzz/SongChecks.h"
+#include "simulator/song/MusicXmlWriter.h"
+#include "simulator/song/SongFile.h"
+
+#include <unistd.h>
+
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+
+namespace wybeta::fuzz {
+
+namespace {
+
+using simulator::Song;
+namespace fs = std::filesystem;
+
+// A file in memory where the system has such; gone at the end of the process.
+class ScratchFile {
+public:
+    explicit ScratchFile(const char* ending) {
+        const fs::path memory = "/dev/shm";
+        path_ = (fs::is_directory(memory) ? memory : fs::temp_directory_path()) /
+                ("wybeta-fuzz-" + std::to_string(getpid()) + ending);
+    }
+    ~ScratchFile() {
+        std::error_code ignored;
+        fs::remove(path_, ignored);
+    }
+    ScratchFile(const ScratchFile&) = delete;
+    ScratchFile& operator=(const ScratchFile&) = delete;
+
+    const fs::path& write(std::string_view bytes) const {
+        std::ofstream file(path_, std::ios::binary);
+        file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+        return path_;
+    }
+
+private:
+    fs::path path_;
+};
+
+Song readScore(std::string_view bytes) {
+    static const ScratchFile plain(".musicxml");
+    static const ScratchFile compressed(".mxl");
+    const bool isZip = bytes.substr(0, 2) == "PK";
+    simulator::Progress progress;
+    return simulator::readSongFile((isZip ? compressed : plain).write(bytes), 1, progress);
+}
+
+// Whether the time is one that every score of wysim can hold exactly.
+bool isOnGrid(double time) {
+    const double ticks = time * 480;
+    return std::abs(ticks - std::round(ticks)) < 1e-6;
+}
+
+// Times beyond the grid are rounded in a score, and a long song takes too long to write.
+bool keepsAsScore(const Song& song) {
+    for (const auto& track : song.tracks) {
+        for (const auto& note : track.notes) {
+            if (!isOnGrid(note.start) || !isOnGrid(note.length) || note.start + note.length > 500) {
+                return false;
+            }
+        }
+    }
+    return isOnGrid(song.pickup) && isOnGrid(song.time.measureLength());
+}
+
+// What a score holds of a song, with times in ticks, since fractions don't add up to the last bit.
+std::vector<std::string> described(const Song& song) {
+    const auto ticks = [](double time) { return std::to_string(std::llround(time * 480)); };
+    std::vector<std::string> lines = {song.title, std::to_string(song.time.beats) + "/" +
+                                                      std::to_string(song.time.beatType) + " " +
+                                                      ticks(song.pickup)};
+    for (const auto& track : song.tracks) {
+        lines.push_back(track.name);
+        for (const auto& note : track.notes) {
+            lines.push_back(ticks(note.start) + " " + ticks(note.length) + " " +
+                            std::to_string(note.pitch) + (note.typed ? " typed " : " ") +
+                            note.lyric);
+        }
+    }
+    return lines;
+}
+
+void checkScore(const Song& song) {
+    try {
+        checkEqual(described(readScore(simulator::musicXmlFromSong(song))), described(song));
+    } catch (const simulator::BadInput& error) {
+        fail(std::string("a score that was written is refused: ") + error.what());
+    }
+}
+
+void readSong(std::string_view bytes) {
+    Song song;
+    try {
+        song = readScore(bytes);
+    } catch (const simulator::BadInput&) {
+        return;
+    }
+    checkReadSong(song);
+    if (keepsAsScore(song)) {
+        checkScore(song);
+    }
+}
+
+} // namespace
+
+} // namespace wybeta::fuzz
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    wybeta::fuzz::readSong(wybeta::fuzz::textOf(data, size));
+    return 0;
+}

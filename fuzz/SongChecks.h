@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "fuzz/Check.h"
+#include "simulator/song/BadInput.h"
+#include "simulator/song/JsonSong.h"
+
+namespace wybeta::fuzz {
+
+// What has to hold of every song that was read: it is within the bounds of a song, and its project
+// file is read again as the same song.
+inline void checkReadSong(const simulator::Song& song) {
+    try {
+        simulator::checkSong(song);
+        for (const auto& track : song.tracks) {
+            for (const auto& note : track.notes) {
+                simulator::checkNote(note);
+            }
+        }
+        const auto text = simulator::jsonFromSong(song);
+        checkEqual(simulator::jsonFromSong(simulator::songFromJson(text)), text);
+    } catch (const simulator::BadInput& error) {
+        fail(std::string("a song that was read is refused: ") + error.what());
+    }
+}
+
+} // namespace wybeta::fuzz
