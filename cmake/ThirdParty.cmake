@@ -19,6 +19,7 @@ add_library(vst3sdk STATIC
 target_include_directories(vst3sdk SYSTEM PUBLIC ${VST3_SDK_DIR})
 target_compile_definitions(vst3sdk PUBLIC RELEASE=1)
 target_compile_options(vst3sdk PRIVATE -w -fvisibility=hidden)
+target_link_libraries(vst3sdk PUBLIC hardening reproducible)
 if(WIN32)
     target_link_libraries(vst3sdk PUBLIC ole32)
 else()

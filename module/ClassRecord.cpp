@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "module/ClassRecord.h"
 
+#include "module/Identity.h"
+
 namespace wybeta {
 
 namespace {
@@ -13,15 +15,15 @@ constexpr Steinberg::int32 kOneInstance = 1;
 } // namespace
 
 const Steinberg::PFactoryInfo& factoryInfo() {
-    static const Steinberg::PFactoryInfo info("WY Beta",
+    static const Steinberg::PFactoryInfo info(WYBETA_VENDOR,
                                               "https://example.org/wy-beta-lyric-division", "",
                                               Steinberg::PFactoryInfo::kUnicode);
     return info;
 }
 
 const Steinberg::PClassInfo2& classRecord() {
-    static const Steinberg::PClassInfo2 record(kClassId, kOneInstance, "Service", "WY Beta", 0, "",
-                                               "", "3.0.3", "4.1");
+    static const Steinberg::PClassInfo2 record(kClassId, kOneInstance, "Service", WYBETA_NAME, 0,
+                                               "", "", WYBETA_VERSION, "4.1");
     return record;
 }
 

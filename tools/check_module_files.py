@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Tests of the two module files as they lie on the disk: format, exports, imports, dictionary text.
+"""Tests of the two module files as they lie on the disk: format, exports, imports, dictionary text,
+and what they do against someone who makes an editor run over a buffer.
 
 Usage: check_module_files.py LINUX_MODULE WINDOWS_MODULE --report FILE
 
@@ -49,9 +50,20 @@ class ElfFile(Image):
     """A shared library for Linux."""
 
     DYNAMIC_SYMBOLS = 11
+    FOR_LOADER, STACK, READ_ONLY_ONCE_LOADED = 2, 0x6474E551, 0x6474E552
+    EXECUTABLE = 1
+    FLAGS, BIND_NOW = 30, 8
 
-    def defined_symbols(self) -> Iterator[str]:
-        """Yields the names that the dynamic loader can find in the file."""
+    def defined_symbols(self) -> list[str]:
+        """Returns the names that the dynamic loader can find in the file."""
+        return [name for name, is_defined in self.symbols() if is_defined]
+
+    def needed_symbols(self) -> list[str]:
+        """Returns the names that the dynamic loader has to find elsewhere."""
+        return [name for name, is_defined in self.symbols() if not is_defined]
+
+    def symbols(self) -> Iterator[tuple[str, bool]]:
+        """Yields the names that the dynamic loader deals with, and whether the file defines them."""
         for section in self.sections():
             _, kind, _, _, offset, size, link, _, _, entry_size = self.numbers("IIQQQQIIQQ", section)
             if kind != self.DYNAMIC_SYMBOLS:
@@ -59,8 +71,25 @@ class ElfFile(Image):
             (names,) = self.numbers("Q", self.sections()[link] + 24)
             for symbol in range(offset + entry_size, offset + size, entry_size):
                 name, _, _, defined_in = self.numbers("IBBH", symbol)
-                if defined_in != 0:
-                    yield self.text(names + name)
+                yield self.text(names + name), defined_in != 0
+
+    def segments(self) -> dict[int, int]:
+        """Returns the flags of the segments by their kinds."""
+        return dict(self.numbers("II", header) for header in self.segment_headers())
+
+    def loader_entries(self) -> dict[int, int]:
+        """Returns what the file tells the dynamic loader, by tag."""
+        for header in self.segment_headers():
+            kind, _, offset, _, _, size = self.numbers("IIQQQQ", header)
+            if kind == self.FOR_LOADER:
+                return dict(self.numbers("QQ", entry) for entry in range(offset, offset + size, 16))
+        return {}
+
+    def segment_headers(self) -> range:
+        """Returns the offsets of the segment headers."""
+        (first,) = self.numbers("Q", 32)
+        size, count = self.numbers("HH", 54)
+        return range(first, first + count * size, size)
 
     def sections(self) -> range:
         """Returns the offsets of the section headers."""
@@ -72,7 +101,10 @@ class ElfFile(Image):
 class PeFile(Image):
     """A library for Windows. Addresses are counted from where the file is loaded."""
 
-    EXPORTS, IMPORTS, DELAYED_IMPORTS = 0, 1, 13
+    EXPORTS, IMPORTS, RELOCATIONS, DELAYED_IMPORTS = 0, 1, 5, 13
+    HIGH_ENTROPY_ADDRESS, ANY_ADDRESS, DATA_IS_NOT_CODE = 0x20, 0x40, 0x100
+    RELOCATIONS_STRIPPED = 0x1
+    ADDRESS_OF_64_BITS = 10
 
     def header(self) -> int:
         """Returns the offset of the header, which begins with a signature."""
@@ -91,6 +123,53 @@ class PeFile(Image):
         while name := self.numbers("I", entry + 12)[0]:
             yield self.text(self.offset(name))
             entry += 20
+
+    def base(self) -> int:
+        """Returns the address that the file is loaded at when it is free and may not vary."""
+        return self.numbers("Q", self.header() + 24 + 24)[0]
+
+    def characteristics(self) -> int:
+        """Returns the flags that say what kind of file it is."""
+        return self.numbers("H", self.header() + 22)[0]
+
+    def time_stamp(self) -> int:
+        """Returns when the file was made, in seconds since 1970; 0 when it does not say."""
+        return self.numbers("I", self.header() + 8)[0]
+
+    def loading_characteristics(self) -> int:
+        """Returns the flags that say how the file may be loaded."""
+        return self.numbers("H", self.header() + 24 + 70)[0]
+
+    def loaded_size(self) -> int:
+        """Returns how many bytes the file takes when it is loaded."""
+        return self.numbers("I", self.header() + 24 + 56)[0]
+
+    def relocations(self) -> Iterator[int]:
+        """Yields where an address lies that changes with where the file is loaded."""
+        block = self.offset(self.directory(self.RELOCATIONS))
+        end = block + self.numbers("I", self.header() + 24 + 112 + 8 * self.RELOCATIONS + 4)[0]
+        while block < end:
+            page, size = self.numbers("II", block)
+            for entry in self.numbers(f"{(size - 8) // 2}H", block + 8):
+                # The rest only fills a block up.
+                if entry >> 12 == self.ADDRESS_OF_64_BITS:
+                    yield page + (entry & 0xFFF)
+            block += size
+
+    def symbols(self) -> set[str]:
+        """Returns the names in the symbol table that the linker leaves for debuggers."""
+        first, count = self.numbers("II", self.header() + 12)
+        names = first + 18 * count
+        symbols, index = set(), 0
+        while index < count:
+            symbol = first + 18 * index
+            is_short, name = self.numbers("II", symbol)
+            if is_short:
+                symbols.add(self.data[symbol : symbol + 8].rstrip(b"\0").decode("ascii"))
+            else:
+                symbols.add(self.text(names + name))
+            index += 1 + self.data[symbol + 17]
+        return symbols
 
     def directory(self, index: int) -> int:
         """Returns the address of a directory, 0 when the file has none of this kind."""
@@ -129,6 +208,9 @@ class DictionaryTests:
     def test_its_dictionary_text_is_followed_by_a_zero_byte(self) -> None:
         self.assertEqual(self.file.data[self.dictionary_start() + DICTIONARY_SIZE], 0)
 
+    def test_it_is_at_most_a_quarter_larger_than_the_dictionary_text(self) -> None:
+        self.assertLessEqual(len(self.file.data), 1.25 * DICTIONARY_SIZE)
+
 
 class LinuxModule(DictionaryTests, unittest.TestCase):
     """The module for Linux."""
@@ -144,6 +226,26 @@ class LinuxModule(DictionaryTests, unittest.TestCase):
         symbols = sorted(self.file.defined_symbols())
         self.assertEqual(symbols, sorted(ENTRY_POINTS + LINUX_ENTRY_POINTS))
 
+    def test_its_tables_of_addresses_are_read_only_once_it_is_loaded(self) -> None:
+        self.assertIn(self.file.READ_ONLY_ONCE_LOADED, self.file.segments(), "found no such part")
+
+    def test_it_finds_every_function_when_it_is_loaded_and_none_later(self) -> None:
+        flags = self.file.loader_entries().get(self.file.FLAGS, 0)
+        self.assertTrue(flags & self.file.BIND_NOW, f"found the flags {flags:#x}")
+
+    def test_its_stack_cannot_be_executed(self) -> None:
+        flags = self.file.segments()[self.file.STACK]
+        self.assertFalse(flags & self.file.EXECUTABLE, f"found the flags {flags:#x}")
+
+    def test_its_functions_guard_their_buffers(self) -> None:
+        is_guarded = "__stack_chk_fail" in self.file.needed_symbols()
+        self.assertTrue(is_guarded, "found no call for a broken guard")
+
+    def test_it_calls_library_functions_that_check_the_sizes_of_buffers(self) -> None:
+        # The SDK's code formats texts, so there are some to find.
+        symbols = [name for name in self.file.needed_symbols() if name.endswith("_chk")]
+        self.assertNotEqual(symbols, [], "found no such function")
+
 
 class WindowsModule(DictionaryTests, unittest.TestCase):
     """The module for Windows."""
@@ -156,8 +258,9 @@ class WindowsModule(DictionaryTests, unittest.TestCase):
         self.assertEqual(self.file.data[:2], b"MZ")
         self.assertEqual(self.file.data[header : header + 4], b"PE\0\0")
         self.assertEqual(self.file.numbers("H", header + 4), (0x8664,))
-        (characteristics,) = self.file.numbers("H", header + 22)
-        self.assertTrue(characteristics & 0x2000, "expected a library, found a program")
+        self.assertTrue(
+            self.file.characteristics() & 0x2000, "expected a library, found a program"
+        )
         self.assertEqual(self.file.numbers("H", header + 24), (0x20B,))
 
     def test_it_exports_its_three_entry_points_and_nothing_else(self) -> None:
@@ -170,6 +273,32 @@ class WindowsModule(DictionaryTests, unittest.TestCase):
         self.assertIn("kernel32.dll", dlls)
         self.assertEqual(dlls - SYSTEM_DLLS, set())
         self.assertEqual(self.file.directory(self.file.DELAYED_IMPORTS), 0)
+
+    def test_it_does_not_say_when_it_was_linked(self) -> None:
+        self.assertEqual(self.file.time_stamp(), 0)
+
+    def assert_loaded_with(self, flag: int) -> None:
+        flags = self.file.loading_characteristics()
+        self.assertTrue(flags & flag, f"expected the flag {flag:#x}, found the flags {flags:#x}")
+
+    def test_it_may_be_loaded_at_any_address(self) -> None:
+        self.assert_loaded_with(self.file.ANY_ADDRESS)
+
+    def test_its_address_may_need_all_64_bits(self) -> None:
+        self.assert_loaded_with(self.file.HIGH_ENTROPY_ADDRESS)
+        self.assertGreaterEqual(self.file.base(), 1 << 32)
+
+    def test_its_stack_and_its_data_cannot_be_executed(self) -> None:
+        self.assert_loaded_with(self.file.DATA_IS_NOT_CODE)
+
+    def test_it_knows_all_places_to_correct_at_another_address(self) -> None:
+        self.assertFalse(self.file.characteristics() & self.file.RELOCATIONS_STRIPPED)
+        self.assertNotEqual(self.file.directory(self.file.RELOCATIONS), 0, "found no table")
+        places = list(self.file.relocations())
+        self.assertGreater(len(places), 100)
+        for place in places:
+            (address,) = self.file.numbers("Q", self.file.offset(place))
+            self.assertIn(address - self.file.base(), range(self.file.loaded_size()))
 
 
 def main() -> int:
