@@ -4,7 +4,7 @@
 
 export VST3_SDK_DIR ?= $(CURDIR)/.deps/vst3sdk
 
-.PHONY: setup module demo test bench lint clean
+.PHONY: setup module demo test bench fuzz lint dist clean
 
 setup:
 	@tools/setup.sh
@@ -22,8 +22,17 @@ test: setup
 bench: setup
 	@tools/bench.sh
 
+# Seconds for each target.
+FUZZ_SECONDS ?= 60
+
+fuzz: setup
+	@tools/fuzz.sh $(FUZZ_SECONDS)
+
 lint: setup
 	@tools/lint.sh
+
+dist: setup
+	@tools/dist.sh
 
 clean:
 	rm -rf build dist

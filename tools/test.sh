@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: GPL-3.0-or-later
 #
-# Builds and runs every test: natively, natively with sanitizers, and built for Windows under Wine.
+# Builds and runs every test: natively, natively with sanitizers, and built for Windows under Wine;
+# then every fuzz target for a short while.
 # Ends with one line that counts them all.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -47,5 +48,13 @@ runPythonTests module-files tools/check_module_files.py build/linux/$linuxModule
     build/windows/WyBeta.vst3 --report "$reports/module-files.json"
 runPythonTests dictionary-generator tools/unittest_report.py make_dictionary_test \
     "$reports/dictionary-generator.json"
+tools/build.sh linux wysim
+runPythonTests documents tools/unittest_report.py docs_tests "$reports/documents.json"
+
+mapfile -t fuzzTargets < <(tools/fuzz_targets.sh)
+tools/build.sh fuzz "${fuzzTargets[@]/#/fuzz_}"
+runPythonTests fuzz-targets tools/fuzz_tests.py "$reports/fuzz-targets.json" "${fuzzTargets[@]}"
+
+runPythonTests dist tools/check_dist.py --report "$reports/dist.json"
 
 python3 tools/summarize_tests.py "$reports"

@@ -1,0 +1,182 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""Tests that the documents tell the truth: what they show is run, what they name is looked for.
+
+Run from the top of the project, with the module, wysim and the test programs built for Linux.
+"""
+
+import json
+import re
+import shlex
+import subprocess
+import tempfile
+import unittest
+from pathlib import Path
+
+PROJECT = Path.cwd()
+BUILD = PROJECT / "build/linux"
+WYSIM = "build/linux/simulator/wysim"
+GUIDES = ["README.md", "README.ja.md", "CONTRIBUTING.md"]
+DOCUMENTS = [*GUIDES, "docs/architecture.md"]
+
+# A row of code alone: what is typed into a note, and what the notes then carry.
+EXAMPLE = re.compile(r"^\| `([^`]+)` \| ((?:`[^`]+` )+)\|$", re.MULTILINE)
+CODE = re.compile(r"`([^`\n]+)`")
+LINK = re.compile(r"\]\(([^)]+)\)")
+TEST_NAME = re.compile(r"`([A-Z]\w*\.[A-Z]\w*)`")
+PROMPT = "wysim> "
+
+
+def read(document: str) -> str:
+    return (PROJECT / document).read_text(encoding="utf-8")
+
+
+def examples(document: str) -> list[tuple[str, list[str]]]:
+    """Returns the rows of the example tables: a typed lyric, and the lyrics that come of it."""
+    return [(typed, CODE.findall(carried)) for typed, carried in EXAMPLE.findall(read(document))]
+
+
+def shown_blocks() -> list[list[str]]:
+    """Returns the indented blocks of the guides, without the indentation."""
+    blocks = [block for document in GUIDES
+              for block in re.findall(r"(?:^    .*\n)+", read(document), re.MULTILINE)]
+    return [[line[4:] for line in block.splitlines()] for block in blocks]
+
+
+def commands() -> list[list[str]]:
+    """Returns the words of every command that the guides show, or name in their text."""
+    shown = [line for block in shown_blocks() if not block[0].startswith("$ ") for line in block]
+    named = [code for document in GUIDES for code in CODE.findall(read(document))
+             if code.startswith("make ")]
+    return [shlex.split(line, comments=True) for line in shown + named]
+
+
+def run(*command: object, folder: Path = PROJECT, typed: str = "") -> str:
+    """Runs a command that has to succeed, and returns what it prints."""
+    result = subprocess.run([str(word) for word in command], cwd=folder, input=typed.encode(),
+                            stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
+    output = result.stdout.decode()
+    assert result.returncode == 0, f"{shlex.join(map(str, command))} failed:\n{output}"
+    return output
+
+
+def track_of_empty_notes(count: int) -> dict:
+    notes = [{"start": start, "length": 1, "pitch": 60, "lyric": "", "typed": False}
+             for start in range(count)]
+    return {"format": "wysim song 1", "title": "", "beats": 4, "beatType": 4, "pickup": 0,
+            "tracks": [{"name": "", "notes": notes}]}
+
+
+def built_tests() -> set[str]:
+    """Returns the names of all tests of the test programs, those of a family without its cases."""
+    names = set()
+    for program in ("unit_tests", "module_tests", "wysim_tests"):
+        for line in run(f"tests/{program}", "--gtest_list_tests", folder=BUILD).splitlines():
+            if not line.startswith(" "):
+                suite = line.split(".")[0].rpartition("/")[2]
+            else:
+                names.add(f"{suite}.{re.split('[ /]', line.strip())[0]}")
+    return names
+
+
+class DocumentTest(unittest.TestCase):
+    def setUp(self) -> None:
+        """Makes a folder to run commands in, where the paths of the documents lead to the files."""
+        scratch = tempfile.TemporaryDirectory()
+        self.addCleanup(scratch.cleanup)
+        self.folder = Path(scratch.name)
+        for name in ("build", "simulator"):
+            (self.folder / name).symlink_to(PROJECT / name)
+        (self.folder / "docs").mkdir()
+
+
+class Examples(DocumentTest):
+    def test_give_in_the_module_what_their_tables_say(self) -> None:
+        rows = examples("README.md") + examples("README.ja.md")
+        (self.folder / "song.json").write_text(json.dumps(track_of_empty_notes(12)))
+        script = "".join(f"type 1 {typed}\nsave {number}.json\nundo\n"
+                         for number, (typed, _) in enumerate(rows))
+        run(WYSIM, "song.json", "--script", "-", folder=self.folder, typed=script)
+        for number, (typed, carried) in enumerate(rows):
+            song = json.loads((self.folder / f"{number}.json").read_text(encoding="utf-8"))
+            lyrics = [note["lyric"] for note in song["tracks"][0]["notes"] if note["lyric"]]
+            self.assertEqual(lyrics, carried, f"typed: {typed}")
+
+    def test_are_the_same_in_both_languages(self) -> None:
+        self.assertEqual(examples("README.ja.md"), examples("README.md"))
+
+    def test_are_every_row_that_begins_with_a_typed_lyric(self) -> None:
+        for document in ("README.md", "README.ja.md"):
+            rows = re.findall(r"^\| `", read(document), re.MULTILINE)
+            self.assertGreater(len(rows), 30)
+            self.assertEqual(len(rows), len(examples(document)))
+
+
+class Commands(DocumentTest):
+    def test_of_make_are_targets_of_the_makefile(self) -> None:
+        for command in commands():
+            if command[0] == "make":
+                # What make says of a folder for which it has no rule.
+                self.assertNotIn("Nothing to be done", run("make", "-n", *command[1:]))
+
+    def test_of_wysim_succeed(self) -> None:
+        for command in commands():
+            if command[0] == WYSIM:
+                run(*command, folder=self.folder)
+
+    def test_of_other_kinds_are_scripts_of_the_project(self) -> None:
+        others = {command[0] for command in commands()} - {"make", WYSIM}
+        scripts = {f"tools/{path.name}" for path in (PROJECT / "tools").iterdir()}
+        self.assertEqual(others - scripts, set())
+
+    def test_print_what_a_session_shows(self) -> None:
+        sessions = [block for block in shown_blocks() if block[0].startswith("$ ")]
+        self.assertTrue(sessions)
+        for command, *shown in sessions:
+            typed = "".join(line.removeprefix(PROMPT) + "\n"
+                            for line in shown if line.startswith(PROMPT))
+            # Without a terminal there is no hint, and the typed lines are told with another mark.
+            expected = [re.sub(f"^{PROMPT}", "> ", line)
+                        for line in shown if not line.startswith("'help' lists")]
+            output = run(*shlex.split(command)[1:], folder=self.folder, typed=typed)
+            self.assertEqual(output.splitlines(), expected)
+
+
+class Picture(DocumentTest):
+    def test_is_what_the_simulator_draws(self) -> None:
+        run(WYSIM, "simulator/songs/two-bars.json", "--svg", "docs/hello-sakura.svg",
+            folder=self.folder)
+        drawn = (self.folder / "docs/hello-sakura.svg").read_bytes()
+        self.assertTrue(drawn == (PROJECT / "docs/hello-sakura.svg").read_bytes())
+
+
+class Names(unittest.TestCase):
+    def test_of_tests_are_those_of_built_tests(self) -> None:
+        named = {name for document in DOCUMENTS for name in TEST_NAME.findall(read(document))}
+        self.assertGreater(len(named), 20)
+        self.assertEqual(named - built_tests(), set())
+
+    def test_of_files_lead_to_files(self) -> None:
+        words = [word for document in DOCUMENTS for code in CODE.findall(read(document))
+                 for word in code.split()]
+        words += [word for command in commands() for word in command]
+        folders = {path.name for path in PROJECT.iterdir() if path.is_dir()} - {"build", "dist"}
+        paths = {word for word in words
+                 if re.fullmatch(r"[\w./-]+", word) and word.partition("/")[0] in folders}
+        self.assertEqual({path for path in paths if not (PROJECT / path).exists()}, set())
+
+    def test_of_the_package_bear_the_version(self) -> None:
+        version = re.search(r"project\(\w+ VERSION ([\d.]+)", read("CMakeLists.txt")).group(1)
+        for document in ("README.md", "README.ja.md"):
+            packages = re.findall(r"wy-beta-.*?\.zip", read(document))
+            self.assertEqual(packages, [f"wy-beta-{version}-windows-x64.zip"])
+
+    def test_in_links_lead_to_files(self) -> None:
+        links = [(PROJECT / document).parent / link
+                 for document in DOCUMENTS for link in LINK.findall(read(document))]
+        self.assertTrue(links)
+        self.assertEqual([link for link in links if not link.is_file()], [])
+
+
+if __name__ == "__main__":
+    unittest.main()
