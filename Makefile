@@ -4,7 +4,7 @@
 
 export VST3_SDK_DIR ?= $(CURDIR)/.deps/vst3sdk
 
-.PHONY: setup module demo test bench fuzz lint dist clean
+.PHONY: setup module demo test bench fuzz lint coverage dist clean
 
 setup:
 	@tools/setup.sh
@@ -28,8 +28,14 @@ FUZZ_SECONDS ?= 60
 fuzz: setup
 	@tools/fuzz.sh $(FUZZ_SECONDS)
 
+# The folders that clang-tidy reads; without any, it reads them all.
+TIDY ?=
+
 lint: setup
-	@tools/lint.sh
+	@tools/lint.sh $(TIDY)
+
+coverage: setup
+	@tools/coverage.sh
 
 dist: setup
 	@tools/dist.sh

@@ -8,6 +8,8 @@
 #include "extension/WyBetaExtension.h"
 #include "resources/ResourceTable.h"
 
+#include "pluginterfaces/base/smartpointer.h"
+
 #include <benchmark/benchmark.h>
 
 #include <cctype>
@@ -197,7 +199,7 @@ void lookUpWordFound(benchmark::State& state) {
 BENCHMARK(lookUpWordFound);
 
 void lookUpWordNotFound(benchmark::State& state) {
-    lookUp(state, [](std::u32string word) { return word + U"~"; });
+    lookUp(state, [](const std::u32string& word) { return word + U"~"; });
 }
 BENCHMARK(lookUpWordNotFound);
 

@@ -34,6 +34,6 @@ Heap& heap() {
     std::free(block);
 }
 
-[[gnu::noinline]] void operator delete(void* block, std::size_t) noexcept {
+[[gnu::noinline]] void operator delete(void* block, std::size_t /*size*/) noexcept {
     operator delete(block);
 }

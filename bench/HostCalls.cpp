@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "bench/HostCalls.h"
 
+#include "host/IProjectEvent.h"
+#include "host/IProjectNode.h"
+
+#include "pluginterfaces/base/fvariant.h"
+
 namespace wybeta::bench {
 
 namespace {

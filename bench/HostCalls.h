@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "host/IProjectEvent.h"
-#include "host/IProjectNode.h"
 #include "simulator/ProjectTree.h"
 
 #include <cstddef>

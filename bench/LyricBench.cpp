@@ -3,6 +3,7 @@
 // What dividing one typed lyric costs, with the allocations that its result does not need, and a
 // lyric of a million characters beside a pass that does nothing but decode it.
 #include "bench/Heap.h"
+#include "dictionary/PronunciationDictionary.h"
 #include "lyrics/LyricConversion.h"
 #include "resources/ResourceTable.h"
 
@@ -10,6 +11,7 @@
 #include <utf8cpp/utf8.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <iterator>
 #include <string>
 #include <string_view>

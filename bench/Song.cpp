@@ -2,6 +2,10 @@
 #include "bench/Song.h"
 
 #include "simulator/ModuleFile.h"
+#include "simulator/Track.h"
+
+#include "pluginterfaces/base/ipluginbase.h"
+#include "pluginterfaces/base/smartpointer.h"
 
 namespace wybeta::bench {
 

@@ -2,6 +2,9 @@
 #pragma once
 
 #include "simulator/Editor.h"
+#include "simulator/Event.h"
+#include "simulator/HostObject.h"
+#include "simulator/ProjectTree.h"
 
 #include <cstddef>
 

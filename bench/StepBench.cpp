@@ -2,10 +2,15 @@
 //
 // What undo and redo of a long division cost, beside the writing of the lyrics into the notes.
 #include "bench/Song.h"
+#include "host/IEditStep.h"
+#include "host/IProjectEvent.h"
+
+#include "pluginterfaces/base/fvariant.h"
 
 #include <benchmark/benchmark.h>
 #include <utf8cpp/utf8.h>
 
+#include <cstddef>
 #include <iterator>
 #include <string>
 #include <vector>

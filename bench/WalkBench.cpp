@@ -6,6 +6,8 @@
 
 #include <benchmark/benchmark.h>
 
+#include <cstddef>
+
 namespace {
 
 using namespace wybeta;

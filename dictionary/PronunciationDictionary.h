@@ -58,7 +58,7 @@ public:
     Iterator end() const { return {this, places_.data() + places_.size()}; }
 
 private:
-    friend PronunciationDictionary loadPronunciationDictionary(const char*, std::int32_t);
+    friend PronunciationDictionary loadPronunciationDictionary(const char* text, std::int32_t size);
 
     // Where an item's texts begin in packed_, one right behind the other, and where the last ends.
     struct Place {

@@ -2,7 +2,11 @@
 #pragma once
 
 #include "editsteps/EditStep.h"
+#include "editsteps/NoteChange.h"
 #include "editsteps/TrackTableUpkeep.h"
+#include "extension/TrackTable.h"
+#include "host/IEditStep.h"
+#include "host/IProjectNode.h"
 
 namespace wybeta::editsteps {
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "editsteps/EditStep.h"
 
+#include "host/InterfaceId.h"
+
 namespace wybeta::editsteps {
 
 Steinberg::tresult PLUGIN_API EditStep::queryInterface(const Steinberg::TUID id, void** object) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/IEditStep.h"
+#include "host/IProjectNode.h"
 
 #include "pluginterfaces/base/smartpointer.h"
 

@@ -2,11 +2,15 @@
 #include "editsteps/LyricsDevideEditStep.h"
 
 #include "editsteps/TrackTableUpkeep.h"
+#include "extension/TrackTable.h"
 #include "host/IProjectEvent.h"
 #include "host/Query.h"
 
+#include "pluginterfaces/base/fvariant.h"
+
 #include <utf8cpp/utf8.h>
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -73,7 +77,7 @@ tresult PLUGIN_API
 LyricsDevideEditStep::reportChangedObjects(host::IEditObjectCollector* collector) {
     const auto self = holdSelf();
     for (const auto& note : division_.notes) {
-        if (collector != nullptr && host::query<host::IProjectNoteEvent>(note)) {
+        if (collector != nullptr && note != nullptr) {
             collector->addObject(note);
         }
     }

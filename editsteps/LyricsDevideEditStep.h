@@ -2,6 +2,8 @@
 #pragma once
 
 #include "editsteps/EditStep.h"
+#include "host/IEditStep.h"
+#include "host/IProjectNode.h"
 #include "lyrics/LyricsDivision.h"
 
 #include <string>

@@ -2,6 +2,7 @@
 #include "editsteps/NoteChange.h"
 
 #include <algorithm>
+#include <cstddef>
 
 namespace wybeta::editsteps {
 

@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "editsteps/TrackTableUpkeep.h"
 
+#include "host/IProjectTrack.h"
+#include "host/NoteRecord.h"
 #include "host/Query.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <functional>
 #include <iterator>
+#include <memory>
 
 namespace wybeta::editsteps {
 

@@ -3,12 +3,16 @@
 
 #include "editsteps/ChangeNoteEventCountEditStep.h"
 #include "editsteps/LyricsDevideEditStep.h"
+#include "editsteps/NoteChange.h"
 #include "extension/TargetTrack.h"
 #include "host/Children.h"
+#include "host/IProjectEvent.h"
 #include "host/NoteReader.h"
 #include "host/Query.h"
 #include "lyrics/LyricPass.h"
+#include "lyrics/LyricsDivision.h"
 
+#include <memory>
 #include <utility>
 
 namespace wybeta {

@@ -4,6 +4,8 @@
 #include "extension/TrackTable.h"
 #include "host/IEditStep.h"
 #include "host/IProjectNode.h"
+#include "host/IProjectTrack.h"
+#include "host/NoteRecord.h"
 
 #include "pluginterfaces/base/smartpointer.h"
 

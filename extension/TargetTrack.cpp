@@ -28,7 +28,7 @@ bool holdsVoiceSynthesizer(IProjectElement& slot) {
     }
     const auto element = Steinberg::owned(slot.element(0));
     const auto pluginSlot = host::query<host::IProjectPluginSlot>(element);
-    return pluginSlot && isVoiceSynthesizer(pluginSlot->plugin());
+    return pluginSlot.get() != nullptr && isVoiceSynthesizer(pluginSlot->plugin());
 }
 
 bool hasVoiceSynthesizerSlot(IProjectElement& device) {

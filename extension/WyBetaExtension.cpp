@@ -5,6 +5,7 @@
 #include "editsteps/TrackTableUpkeep.h"
 #include "extension/ProjectWalk.h"
 #include "host/IProjectNode.h"
+#include "host/InterfaceId.h"
 #include "host/Query.h"
 #include "resources/ResourceTable.h"
 

@@ -10,6 +10,7 @@
 
 #include "base/source/fobject.h"
 #include "pluginterfaces/base/ipluginbase.h"
+#include "pluginterfaces/base/smartpointer.h"
 
 namespace wybeta {
 

@@ -5,9 +5,14 @@
 #include "dictionary/PronunciationDictionary.h"
 #include "fuzz/Check.h"
 #include "fuzz/NaiveDictionary.h"
+#include "tests/session/NaiveConversion.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
 #include <memory>
+#include <string>
+#include <string_view>
 
 namespace wybeta::fuzz {
 

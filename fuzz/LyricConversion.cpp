@@ -3,13 +3,18 @@
 // The input is a lyric, in UTF-8 or not. It has to be divided into the same texts as by the naive
 // conversion, or refused with an error of the same kind, which leaves the texts of before.
 #include "lyrics/LyricConversion.h"
+#include "dictionary/PronunciationDictionary.h"
 #include "fuzz/Check.h"
 #include "fuzz/NaiveDictionary.h"
 #include "resources/ResourceTable.h"
+#include "tests/session/NaiveConversion.h"
 
 #include <utf8cpp/utf8.h>
 
+#include <cstddef>
+#include <cstdint>
 #include <optional>
+#include <string>
 
 namespace wybeta::fuzz {
 

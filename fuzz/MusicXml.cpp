@@ -3,15 +3,24 @@
 // The input is a score in MusicXML, or a compressed one when it begins like a zip file. It is
 // refused with BadInput, or is a song that keeps through writing and reading: as a project file to
 // the byte, as a score in all that a score's grid of times can say.
+#include "fuzz/Check.h"
 #include "fuzz/SongChecks.h"
+#include "simulator/song/BadInput.h"
 #include "simulator/song/MusicXmlWriter.h"
+#include "simulator/song/Progress.h"
+#include "simulator/song/Song.h"
 #include "simulator/song/SongFile.h"
 
 #include <unistd.h>
 
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace wybeta::fuzz {
 
@@ -23,11 +32,8 @@ namespace fs = std::filesystem;
 // A file in memory where the system has such; gone at the end of the process.
 class ScratchFile {
 public:
-    explicit ScratchFile(const char* ending) {
-        const fs::path memory = "/dev/shm";
-        path_ = (fs::is_directory(memory) ? memory : fs::temp_directory_path()) /
-                ("wybeta-fuzz-" + std::to_string(getpid()) + ending);
-    }
+    explicit ScratchFile(const char* ending)
+        : path_(folder() / ("wybeta-fuzz-" + std::to_string(getpid()) + ending)) {}
     ~ScratchFile() {
         std::error_code ignored;
         fs::remove(path_, ignored);
@@ -42,6 +48,11 @@ public:
     }
 
 private:
+    static fs::path folder() {
+        const fs::path memory = "/dev/shm";
+        return fs::is_directory(memory) ? memory : fs::temp_directory_path();
+    }
+
     fs::path path_;
 };
 

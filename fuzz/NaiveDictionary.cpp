@@ -2,6 +2,7 @@
 #include "fuzz/NaiveDictionary.h"
 
 #include <cctype>
+#include <cstddef>
 #include <string>
 #include <vector>
 

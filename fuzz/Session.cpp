@@ -4,7 +4,11 @@
 // throughout, and to get everything back at the end.
 #include "fuzz/Check.h"
 #include "fuzz/ModuleExtension.h"
+#include "tests/session/RandomLyrics.h"
 #include "tests/session/RandomSession.h"
+
+#include <cstddef>
+#include <cstdint>
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace wybeta;

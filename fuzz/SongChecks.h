@@ -4,6 +4,9 @@
 #include "fuzz/Check.h"
 #include "simulator/song/BadInput.h"
 #include "simulator/song/JsonSong.h"
+#include "simulator/song/Song.h"
+
+#include <string>
 
 namespace wybeta::fuzz {
 

@@ -7,6 +7,10 @@
 #include "fuzz/Check.h"
 
 #include <cctype>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
 
 namespace wybeta::fuzz {
 

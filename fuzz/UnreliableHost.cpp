@@ -8,10 +8,22 @@
 #include "tests/SimulatedHost.h"
 #include "tests/session/RandomLyrics.h"
 
+#include "simulator/CallLog.h"
+#include "simulator/EditContext.h"
 #include "simulator/Editor.h"
+#include "simulator/Event.h"
+#include "simulator/HostObject.h"
+#include "simulator/LoadedExtension.h"
+#include "simulator/ProjectTree.h"
+#include "simulator/Track.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
 #include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace wybeta::fuzz {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "host/InterfaceId.h"
+#include "pluginterfaces/base/funknown.h"
 
 namespace wybeta::host {
 

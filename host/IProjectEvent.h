@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/IProjectNode.h"
+#include "host/InterfaceId.h"
 
 #include "pluginterfaces/base/fvariant.h"
 

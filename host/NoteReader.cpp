@@ -4,6 +4,10 @@
 #include "host/Query.h"
 #include "host/Utf16.h"
 
+#include "pluginterfaces/base/fvariant.h"
+
+#include <string>
+
 namespace wybeta::host {
 
 namespace {

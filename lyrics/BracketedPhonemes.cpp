@@ -2,6 +2,7 @@
 #include "lyrics/BracketedPhonemes.h"
 
 #include <algorithm>
+#include <cstddef>
 
 namespace wybeta::lyrics {
 

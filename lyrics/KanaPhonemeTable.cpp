@@ -109,15 +109,22 @@ constexpr std::array<KanaEntry, KanaPhonemeTable::kPairCount> kPairs{{
 // A lost row would leave empty entries at the end.
 static_assert(!kSingles.back().phonemes.empty() && !kPairs.back().phonemes.empty());
 
+// What the charts may hold: the katakana of a range, and the mark.
+constexpr char32_t kFirstKatakana = U'ァ';
+constexpr char32_t kLastKatakana = U'ヴ';
 constexpr char32_t kLongVowelMark = U'ー';
 constexpr char32_t kHiraganaToKatakana = U'ァ' - U'ぁ';
 
+constexpr bool isKatakana(char32_t character) {
+    return character >= kFirstKatakana && character <= kLastKatakana;
+}
+
 // The stored form of a kana; none for every other code point.
 std::optional<char32_t> foldKana(char32_t input) {
-    if (input >= U'ぁ' && input <= U'ゔ') {
+    if (isKatakana(input + kHiraganaToKatakana)) {
         return input + kHiraganaToKatakana;
     }
-    if ((input >= U'ァ' && input <= U'ヴ') || input == kLongVowelMark) {
+    if (isKatakana(input) || input == kLongVowelMark) {
         return input;
     }
     return std::nullopt;
@@ -125,9 +132,25 @@ std::optional<char32_t> foldKana(char32_t input) {
 
 // The place of a stored kana in the tables below.
 constexpr std::size_t slotOf(char32_t stored) {
-    return stored == kLongVowelMark ? U'ヴ' - U'ァ' + 1 : stored - U'ァ';
+    return stored == kLongVowelMark ? kLastKatakana - kFirstKatakana + 1 : stored - kFirstKatakana;
 }
 constexpr std::size_t kSlots = slotOf(kLongVowelMark) + 1;
+
+constexpr bool areInRange() {
+    for (const auto& single : kSingles) {
+        if (!isKatakana(single.first) && single.first != kLongVowelMark) {
+            return false;
+        }
+    }
+    // NOLINTNEXTLINE(readability-use-anyofallof): std::all_of is not constexpr in C++17.
+    for (const auto& pair : kPairs) {
+        if (!isKatakana(pair.first) || !isKatakana(pair.second)) {
+            return false;
+        }
+    }
+    return true;
+}
+static_assert(areInRange(), "a kana of the charts lies outside the range");
 
 // Where the sections have the entry of each kana and of each two: its position plus one, 0 where
 // they have none.
@@ -140,21 +163,23 @@ constexpr void setFirst(std::uint8_t& place, std::size_t position) {
     }
 }
 
-constexpr SinglePositions kSinglePositions = [] {
+constexpr SinglePositions findSinglePositions() {
     SinglePositions positions{};
     for (std::size_t i = 0; i < kSingles.size(); ++i) {
         setFirst(positions[slotOf(kSingles[i].first)], i);
     }
     return positions;
-}();
+}
+constexpr SinglePositions kSinglePositions = findSinglePositions();
 
-constexpr PairPositions kPairPositions = [] {
+constexpr PairPositions findPairPositions() {
     PairPositions positions{};
     for (std::size_t i = 0; i < kPairs.size(); ++i) {
         setFirst(positions[slotOf(kPairs[i].first)][slotOf(kPairs[i].second)], i);
     }
     return positions;
-}();
+}
+constexpr PairPositions kPairPositions = findPairPositions();
 
 } // namespace
 

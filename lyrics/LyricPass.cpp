@@ -1,12 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "lyrics/LyricPass.h"
 
+#include "dictionary/PronunciationDictionary.h"
 #include "host/Children.h"
+#include "host/IProjectEvent.h"
 #include "host/NoteReader.h"
 #include "host/Query.h"
 #include "lyrics/EventIndex.h"
 #include "lyrics/LyricConversion.h"
 
+#include "pluginterfaces/base/smartpointer.h"
+
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <utility>

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "dictionary/PronunciationDictionary.h"
 #include "host/IProjectNode.h"
 #include "host/NoteRecord.h"
 #include "lyrics/LyricsDivision.h"

@@ -27,6 +27,7 @@ Steinberg::FUnknown* createExtension(void* /*context*/) {
 
 } // namespace
 
+// Returns the module's factory with a reference for the caller. The first call creates it.
 Steinberg::IPluginFactory* PLUGIN_API GetPluginFactory() {
     using Steinberg::gPluginFactory;
     if (gPluginFactory != nullptr) {

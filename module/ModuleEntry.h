@@ -3,11 +3,8 @@
 
 #include "pluginterfaces/base/ipluginbase.h"
 
-// The entry points that a host finds by name.
+// The entry points that a host finds by name, beside GetPluginFactory, which the SDK declares.
 extern "C" {
-
-// Returns the module's factory with a reference for the caller. The first call creates it.
-SMTG_EXPORT_SYMBOL Steinberg::IPluginFactory* PLUGIN_API GetPluginFactory();
 
 // Called once by each user of the module before anything else. Returns whether the module is ready.
 SMTG_EXPORT_SYMBOL bool InitDll();

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <string_view>
+#include <utility>
 
 namespace wybeta::simulator {
 

@@ -3,9 +3,17 @@
 // Loads a module file into a simulated editor, types lyrics into the notes of a song, and shows the
 // notes before, after, undone and redone.
 #include "simulator/Editor.h"
+#include "simulator/Event.h"
+#include "simulator/HostObject.h"
 #include "simulator/ModuleFile.h"
+#include "simulator/ProjectTree.h"
 #include "simulator/TextTable.h"
+#include "simulator/Track.h"
 
+#include "pluginterfaces/base/ipluginbase.h"
+#include "pluginterfaces/base/smartpointer.h"
+
+#include <cstddef>
 #include <exception>
 #include <iostream>
 #include <stdexcept>

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "simulator/EditContext.h"
 
+#include "host/InterfaceId.h"
+
 namespace wybeta::simulator {
 
 Steinberg::tresult EditContext::addEditStep(host::IEditStep* step) {

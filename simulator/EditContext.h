@@ -2,10 +2,12 @@
 #pragma once
 
 #include "host/IEditStep.h"
+#include "host/IProjectNode.h"
 #include "simulator/HostObject.h"
 
 #include "pluginterfaces/base/smartpointer.h"
 
+#include <utility>
 #include <vector>
 
 namespace wybeta::simulator {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "simulator/Editor.h"
 
+#include "host/IProjectHost.h"
+
 #include <memory>
 #include <string>
 #include <utility>
@@ -19,7 +21,7 @@ Change typingChange(Event& note, std::string_view lyric) {
             }};
 }
 
-Change insertion(TreeNode& parent, std::size_t index, Handle<TreeItem> item) {
+Change insertion(TreeNode& parent, std::size_t index, const Handle<TreeItem>& item) {
     const Handle<TreeNode> node(&parent);
     return {[node, index, item] { node->insert(index, item); },
             [node, item] { node->remove(*item); }};
@@ -53,8 +55,8 @@ void Editor::type(Event& note, std::string_view lyric) {
     edit({typingChange(note, lyric)});
 }
 
-void Editor::add(TreeNode& parent, std::size_t index, Handle<TreeItem> item) {
-    edit({insertion(parent, index, std::move(item))});
+void Editor::add(TreeNode& parent, std::size_t index, const Handle<TreeItem>& item) {
+    edit({insertion(parent, index, item)});
 }
 
 void Editor::remove(TreeNode& parent, TreeItem& item) {

@@ -3,11 +3,16 @@
 
 #include "simulator/EditContext.h"
 #include "simulator/Event.h"
+#include "simulator/HostObject.h"
 #include "simulator/LoadedExtension.h"
 #include "simulator/ProjectHost.h"
-#include "simulator/Track.h"
+#include "simulator/ProjectTree.h"
 
+#include "pluginterfaces/base/ipluginbase.h"
+
+#include <cstddef>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -40,7 +45,7 @@ public:
 
     // Each of these is one edit that the user can undo: the change, then the edit hook.
     void type(Event& note, std::string_view lyric);
-    void add(TreeNode& parent, std::size_t index, Handle<TreeItem> item);
+    void add(TreeNode& parent, std::size_t index, const Handle<TreeItem>& item);
     void remove(TreeNode& parent, TreeItem& item);
     void edit(std::vector<Change> changes);
 
@@ -76,7 +81,7 @@ private:
 
 // What typing a lyric into a note changes: the text, and that the note starts a division.
 Change typingChange(Event& note, std::string_view lyric);
-Change insertion(TreeNode& parent, std::size_t index, Handle<TreeItem> item);
+Change insertion(TreeNode& parent, std::size_t index, const Handle<TreeItem>& item);
 Change removal(TreeNode& parent, TreeItem& item);
 
 } // namespace wybeta::simulator

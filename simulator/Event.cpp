@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "simulator/Event.h"
 
+#include "host/InterfaceId.h"
+
 #include <utf8cpp/utf8.h>
 
 #include <iterator>

@@ -1,7 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "host/IProjectEvent.h"
+#include "host/IProjectNode.h"
+#include "simulator/HostObject.h"
 #include "simulator/ProjectTree.h"
+
+#include "pluginterfaces/base/fvariant.h"
 
 #include <functional>
 #include <string>

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "simulator/HostObject.h"
 
+#include <string>
+
 namespace wybeta::simulator {
 
 HostObject::HostObject(SharedState state, const char* className)

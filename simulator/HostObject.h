@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "host/InterfaceId.h"
 #include "simulator/CallLog.h"
 #include "simulator/Ledger.h"
 
 #include "pluginterfaces/base/funknown.h"
 
+#include <cstdint>
 #include <memory>
+#include <string_view>
 #include <utility>
 
 namespace wybeta::simulator {

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "host/IEditStep.h"
 #include "host/IProjectNotification.h"
 
 #include "pluginterfaces/base/ipluginbase.h"

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "simulator/ProjectHost.h"
 
+#include "host/InterfaceId.h"
+
 #include <algorithm>
+#include <cstddef>
 
 namespace wybeta::simulator {
 

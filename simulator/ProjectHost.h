@@ -9,6 +9,7 @@
 #include "host/IProjectNotification.h"
 #include "simulator/HostObject.h"
 
+#include <utility>
 #include <vector>
 
 namespace wybeta::simulator {

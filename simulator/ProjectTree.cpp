@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "simulator/ProjectTree.h"
 
+#include "host/InterfaceId.h"
+
 #include <algorithm>
+#include <iterator>
 
 namespace wybeta::simulator {
 

@@ -3,11 +3,12 @@
 // The project as the simulated host keeps it: a tree of folders, tracks, parts and events.
 #pragma once
 
-#include "host/IProjectEvent.h"
 #include "host/IProjectNode.h"
 #include "simulator/HostObject.h"
 
+#include <cstddef>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace wybeta::simulator {

@@ -4,6 +4,7 @@
 #include <utf8cpp/utf8.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <utility>
 
 namespace wybeta::simulator {

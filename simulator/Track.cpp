@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "simulator/Track.h"
 
+#include "host/InterfaceId.h"
+
+#include <cstddef>
+
 namespace wybeta::simulator {
 
 void* Plugin::face(const Steinberg::TUID id) {
@@ -61,14 +65,14 @@ Handle<Element> makeDevice(const SharedState& state, Plugin::Kind plugin) {
     holder->holdPlugin(make<Plugin>(state, plugin));
     const auto slot = make<Element>(state, "Slot");
     slot->add(holder);
-    const auto device = make<Element>(state, "Device");
+    auto device = make<Element>(state, "Device");
     device->add(make<Element>(state, "Inserts"));
     device->add(slot);
     return device;
 }
 
 Handle<Track> makeVoiceTrack(const SharedState& state) {
-    const auto track = make<Track>(state);
+    auto track = make<Track>(state);
     track->setDevice(makeDevice(state, Plugin::Kind::VoiceSynthesizer));
     return track;
 }

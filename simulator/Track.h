@@ -2,9 +2,11 @@
 #pragma once
 
 #include "host/IProjectTrack.h"
+#include "simulator/HostObject.h"
 #include "simulator/ProjectTree.h"
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace wybeta::simulator {

@@ -75,7 +75,7 @@ private:
     }
 
     template <std::size_t... numbers>
-    void fillWithWrongSlots(std::index_sequence<numbers...>) {
+    void fillWithWrongSlots(std::index_sequence<numbers...> /*all*/) {
         (fill(numbers, &wrongSlot<numbers>), ...);
     }
 

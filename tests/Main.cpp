@@ -3,6 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
 #include <vector>
 
 namespace wybeta::tests {

@@ -1,13 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "simulator/HostObject.h"
 #include "simulator/LoadedExtension.h"
 #include "simulator/ModuleFile.h"
 #include "tests/Options.h"
 #include "tests/SimulatedHost.h"
 
+#include "pluginterfaces/base/ipluginbase.h"
+#include "pluginterfaces/base/smartpointer.h"
+
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <optional>
 
 namespace wybeta::tests {

@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "host/IProjectHost.h"
+#include "simulator/HostObject.h"
 #include "simulator/ProjectHost.h"
+
+#include <cstdint>
 
 namespace wybeta::tests {
 

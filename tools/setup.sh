@@ -10,7 +10,7 @@ readonly packages=(
     g++-mingw-w64-x86-64-posix wine64
     googletest libbenchmark-dev libutfcpp-dev
     libcli11-dev nlohmann-json3-dev zlib1g-dev libz-mingw-w64-dev
-    clang-14 libclang-rt-14-dev
+    clang-14 libclang-rt-14-dev clang-tidy-14 cppcheck
 )
 
 missingPackages() {

@@ -8,7 +8,7 @@ namespace wybeta::simulator {
 
 // A note's lyric taken apart: "さくら[s a]" is the lyric "さくら" on the syllable "s a".
 struct NoteText {
-    explicit NoteText(std::string_view lyric);
+    explicit NoteText(std::string_view text);
 
     std::string lyric;
     std::string syllable;

@@ -9,10 +9,13 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
 #include <map>
 #include <sstream>
 #include <tuple>
 #include <utility>
+#include <vector>
 
 namespace wybeta::simulator {
 

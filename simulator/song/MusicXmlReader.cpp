@@ -4,11 +4,13 @@
 #include "simulator/song/BadInput.h"
 #include "simulator/song/MusicXmlWriter.h"
 #include "simulator/song/Numbers.h"
+#include "simulator/song/ScoreLyric.h"
 #include "simulator/song/ScoreVoice.h"
 #include "simulator/song/XmlDocument.h"
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <iterator>
 #include <map>
 #include <optional>
@@ -123,7 +125,7 @@ private:
     }
 
     void readNote(xml_node element) {
-        if (element.child("grace")) {
+        if (!element.child("grace").empty()) {
             return;
         }
         const double length = quarters(element);

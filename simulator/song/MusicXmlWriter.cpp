@@ -9,8 +9,11 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
 #include <sstream>
+#include <string_view>
+#include <vector>
 
 namespace wybeta::simulator {
 
@@ -176,7 +179,8 @@ private:
         });
     }
 
-    void finishNote(xml_node note, Ticks length, bool endsTie = false, bool beginsTie = false) {
+    void finishNote(xml_node note, Ticks length, bool endsTie = false,
+                    bool beginsTie = false) const {
         addText(note, "duration", std::to_string(length));
         if (endsTie) {
             note.append_child("tie").append_attribute("type").set_value("stop");

@@ -4,6 +4,7 @@
 #include "simulator/song/ScoreLyric.h"
 #include "simulator/song/Song.h"
 
+#include <utility>
 #include <vector>
 
 namespace wybeta::simulator {

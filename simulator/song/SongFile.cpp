@@ -9,6 +9,7 @@
 #include "simulator/song/ZipArchive.h"
 
 #include <cctype>
+#include <cstdint>
 #include <fstream>
 #include <new>
 

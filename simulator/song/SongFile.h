@@ -4,13 +4,14 @@
 #include "simulator/song/Progress.h"
 #include "simulator/song/Song.h"
 
+#include <cstddef>
 #include <filesystem>
 #include <string>
 #include <string_view>
 
 namespace wybeta::simulator {
 
-constexpr std::size_t kLargestSongFile = 256 * 1024 * 1024;
+constexpr std::size_t kLargestSongFile = std::size_t{256} * 1024 * 1024;
 
 // Reads a song by the ending of the file's name: .musicxml or .xml, .mxl (compressed), .json. The
 // verse matters to scores only. Throws BadInput, naming the file; it is larger than allowed also

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cctype>
 #include <charconv>
+#include <cstdint>
 #include <optional>
 #include <string_view>
 #include <utility>
@@ -86,10 +87,10 @@ bool hasText(pugi::xml_node node) {
 
 // The node that follows in the order of the file; null after the last one.
 pugi::xml_node following(pugi::xml_node node) {
-    if (node.first_child()) {
+    if (!node.first_child().empty()) {
         return node.first_child();
     }
-    while (node && !node.next_sibling()) {
+    while (!node.empty() && node.next_sibling().empty()) {
         node = node.parent();
     }
     return node.next_sibling();
@@ -97,7 +98,7 @@ pugi::xml_node following(pugi::xml_node node) {
 
 } // namespace
 
-XmlDocument::XmlDocument(const std::string& bytes) : bytes_(bytes), hasPlaces_(true) {
+XmlDocument::XmlDocument(const std::string& bytes) : bytes_(bytes) {
     const auto result = document_.load_buffer(bytes.data(), bytes.size(), kOptions);
     // Offsets into a text that the parser had to convert tell nothing about the file.
     hasPlaces_ = result.encoding == pugi::encoding_utf8;

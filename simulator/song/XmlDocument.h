@@ -3,6 +3,7 @@
 
 #include <pugixml.hpp>
 
+#include <cstddef>
 #include <string>
 
 namespace wybeta::simulator {
@@ -32,7 +33,7 @@ private:
     std::string decoded(const char* text, pugi::xml_node node) const;
 
     const std::string& bytes_;
-    bool hasPlaces_;
+    bool hasPlaces_ = true;
     pugi::xml_document document_;
 };
 

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 #ifdef _WIN32
 #include <windows.h>

@@ -1,12 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "simulator/wysim/Comparison.h"
 
+#include "simulator/Event.h"
+#include "simulator/HostObject.h"
+#include "simulator/ProjectTree.h"
 #include "simulator/TextTable.h"
+#include "simulator/Track.h"
 
 #include <utf8cpp/utf8.h>
 
 #include <algorithm>
 #include <map>
+#include <string_view>
 
 namespace wybeta::simulator {
 

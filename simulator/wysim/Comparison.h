@@ -5,6 +5,7 @@
 #include "simulator/song/Progress.h"
 #include "simulator/song/Song.h"
 
+#include <cstddef>
 #include <string>
 #include <vector>
 

@@ -11,6 +11,7 @@
 
 #include <shellapi.h>
 
+#include <cstddef>
 #include <string_view>
 #else
 #include <unistd.h>

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "simulator/wysim/OpenSong.h"
 
+#include "simulator/Track.h"
+
 #include <utility>
 
 namespace wybeta::simulator {
@@ -9,7 +11,7 @@ namespace {
 
 Handle<Part> makePart(const SharedState& state, const SongTrack& track,
                       std::vector<Change>& typing) {
-    const auto part = make<Part>(state);
+    auto part = make<Part>(state);
     for (const auto& note : track.notes) {
         const auto event = makeNote(state, note);
         if (note.typed) {

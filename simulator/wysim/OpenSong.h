@@ -2,8 +2,12 @@
 #pragma once
 
 #include "simulator/Editor.h"
+#include "simulator/Event.h"
+#include "simulator/HostObject.h"
+#include "simulator/ProjectTree.h"
 #include "simulator/song/Song.h"
 
+#include <cstddef>
 #include <string>
 #include <vector>
 

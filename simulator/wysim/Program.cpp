@@ -1,18 +1,29 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "simulator/wysim/Program.h"
 
+#include "simulator/Editor.h"
+#include "simulator/HostObject.h"
 #include "simulator/ModuleFile.h"
 #include "simulator/song/BadInput.h"
+#include "simulator/song/Progress.h"
+#include "simulator/song/Song.h"
 #include "simulator/song/SongFile.h"
 #include "simulator/wysim/CommandLine.h"
 #include "simulator/wysim/Comparison.h"
 #include "simulator/wysim/Console.h"
 #include "simulator/wysim/Session.h"
 
+#include "pluginterfaces/base/smartpointer.h"
+
+#include <cstddef>
+#include <exception>
+#include <filesystem>
 #include <fstream>
 #include <functional>
 #include <optional>
 #include <stdexcept>
+#include <string_view>
+#include <utility>
 
 namespace wybeta::simulator {
 

@@ -9,7 +9,6 @@
 #include "simulator/wysim/SongChanges.h"
 
 #include <algorithm>
-#include <optional>
 #include <utility>
 
 namespace wybeta::simulator {
@@ -87,17 +86,17 @@ const std::vector<Session::Command> Session::kCommands = {
 Session::Session(Editor& editor, const Song& song, std::filesystem::path file, std::ostream& out)
     : editor_(editor), opened_(song), file_(std::move(file)), song_(editor, song), out_(out) {}
 
-void Session::run(std::string_view text) {
-    text = withoutSpace(text);
-    if (text.empty() || text.front() == '#') {
+void Session::run(std::string_view line) {
+    line = withoutSpace(line);
+    if (line.empty() || line.front() == '#') {
         return;
     }
-    const auto line = recalled(text);
-    if (line != text) {
-        out_ << line << "\n";
+    const auto command = recalled(line);
+    if (command != line) {
+        out_ << command << "\n";
     }
-    history_.push_back(line);
-    perform(line);
+    history_.push_back(command);
+    perform(command);
 }
 
 std::string Session::picture() const {

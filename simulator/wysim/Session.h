@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "simulator/Editor.h"
+#include "simulator/song/Song.h"
 #include "simulator/wysim/OpenSong.h"
 
+#include <cstddef>
 #include <filesystem>
 #include <ostream>
 #include <string>

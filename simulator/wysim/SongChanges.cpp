@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "simulator/wysim/SongChanges.h"
 
+#include <unordered_map>
+
 namespace wybeta::simulator {
 
 namespace {

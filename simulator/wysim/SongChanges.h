@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "simulator/Event.h"
+#include "simulator/HostObject.h"
 #include "simulator/wysim/OpenSong.h"
 
+#include <cstddef>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 namespace wybeta::simulator {

@@ -119,10 +119,10 @@ private:
     }
 
     static std::string trim(std::string line) {
-        while (!line.empty() && std::isspace(static_cast<unsigned char>(line.back()))) {
+        while (!line.empty() && std::isspace(static_cast<unsigned char>(line.back())) != 0) {
             line.pop_back();
         }
-        while (!line.empty() && std::isspace(static_cast<unsigned char>(line.front()))) {
+        while (!line.empty() && std::isspace(static_cast<unsigned char>(line.front())) != 0) {
             line.erase(0, 1);
         }
         return line;
@@ -333,7 +333,7 @@ TEST(PronunciationDictionary, LoadsRandomLinesLikeThePlainLoader) {
         std::string text;
         for (auto line = random() % 8; line > 0; --line) {
             text += pick(fields);
-            for (auto tab = random() % 8 ? 2u : random() % 4; tab > 0; --tab) {
+            for (auto tab = random() % 8 != 0 ? 2u : random() % 4; tab > 0; --tab) {
                 text += '\t';
                 text += pick(fields);
             }

@@ -5,7 +5,6 @@
 
 #include <cctype>
 #include <limits>
-#include <string>
 #include <string_view>
 #include <vector>
 

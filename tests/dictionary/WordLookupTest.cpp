@@ -1,18 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "dictionary/WordLookup.h"
 
+#include "dictionary/PronunciationDictionary.h"
 #include "resources/ResourceTable.h"
 
 #include <gtest/gtest.h>
 #include <utf8cpp/utf8.h>
 
 #include <algorithm>
-#include <cctype>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace wybeta::dictionary {

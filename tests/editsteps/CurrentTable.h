@@ -1,10 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "extension/TrackTable.h"
 #include "extension/WyBetaExtension.h"
+#include "host/NoteRecord.h"
+#include "simulator/HostObject.h"
 #include "tests/SimulatedHost.h"
 
+#include "pluginterfaces/base/smartpointer.h"
+
 #include <gtest/gtest.h>
+
+#include <memory>
+#include <utility>
 
 namespace wybeta::tests {
 

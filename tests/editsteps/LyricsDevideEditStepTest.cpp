@@ -1,13 +1,24 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "editsteps/LyricsDevideEditStep.h"
+#include "host/IEditStep.h"
+#include "host/IProjectNode.h"
+#include "host/NoteRecord.h"
+#include "lyrics/LyricsDivision.h"
 #include "simulator/EditContext.h"
 #include "simulator/Event.h"
+#include "simulator/HostObject.h"
 #include "simulator/Track.h"
 #include "tests/editsteps/CurrentTable.h"
 
+#include "pluginterfaces/base/fvariant.h"
+#include "pluginterfaces/base/smartpointer.h"
+
+#include <gtest/gtest.h>
 #include <utf8cpp/utf8.h>
 
-#include <string_view>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace wybeta::editsteps {
 namespace {
@@ -49,12 +60,12 @@ protected:
     IPtr<host::IEditStep> makeStepOfNotes(Lyrics newLyrics, Lyrics oldLyrics) {
         lyrics::LyricsDivision division;
         host::NoteRecords records;
-        for (std::size_t i = 0; i < notes.size(); ++i) {
-            auto* const node = notes[i] ? notes[i]->node() : nullptr;
+        for (const auto& note : notes) {
+            auto* const node = note ? note->node() : nullptr;
             division.notes.push_back(Steinberg::shared(node));
             host::NoteRecord record;
             record.lyrics = "recorded";
-            record.event = notes[i] ? notes[i]->ownInterface() : nullptr;
+            record.event = note ? note->ownInterface() : nullptr;
             records.push_back(record);
         }
         division.firstEvent = records.empty() ? nullptr : records.front().event;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "editsteps/NoteChange.h"
+#include "host/NoteRecord.h"
 
 #include <string>
 #include <string_view>

@@ -1,8 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "editsteps/NoteChange.h"
+#include "host/NoteRecord.h"
 #include "tests/editsteps/NamedNotes.h"
 
 #include <gtest/gtest.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
 
 namespace wybeta::editsteps {
 namespace {

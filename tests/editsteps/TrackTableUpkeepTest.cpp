@@ -1,8 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "editsteps/TrackTableUpkeep.h"
+#include "extension/TrackTable.h"
+#include "host/NoteRecord.h"
 #include "tests/editsteps/NamedNotes.h"
 
 #include <gtest/gtest.h>
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 namespace wybeta::editsteps {
 namespace {

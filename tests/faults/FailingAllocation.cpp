@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/faults/FailingAllocation.h"
 
+#include <cstddef>
 #include <cstdlib>
 #include <new>
 
@@ -38,7 +39,7 @@ FailingAllocation::~FailingAllocation() {
     numberToFail = 0;
 }
 
-bool FailingAllocation::isReached() const {
+bool FailingAllocation::isReached() {
     return allocations >= numberToFail;
 }
 

@@ -17,7 +17,7 @@ public:
     FailingAllocation& operator=(const FailingAllocation&) = delete;
 
     // Whether an allocation has failed.
-    bool isReached() const;
+    static bool isReached();
 };
 
 } // namespace wybeta::tests

@@ -7,7 +7,6 @@
 
 #include <sstream>
 #include <stdexcept>
-#include <utility>
 
 namespace wybeta::tests {
 
@@ -155,7 +154,7 @@ void FaultSession::forgetSteps() {
     history_.clear();
 }
 
-void FaultSession::interceptFrom(std::uint64_t number, Intercept intercept) {
+void FaultSession::interceptFrom(std::uint64_t number, const Intercept& intercept) {
     constexpr std::uint64_t kMostCalls = 1'000'000;
     const auto before = state_->calls.count();
     state_->calls.intercept([=](const simulator::HostCall& call) {

@@ -2,18 +2,27 @@
 #pragma once
 
 #include "host/NoteRecord.h"
+#include "simulator/CallLog.h"
 #include "simulator/EditContext.h"
 #include "simulator/Event.h"
+#include "simulator/HostObject.h"
 #include "simulator/LoadedExtension.h"
+#include "simulator/ProjectHost.h"
+#include "simulator/ProjectTree.h"
 #include "simulator/Track.h"
 #include "tests/SimulatedHost.h"
 
+#include "pluginterfaces/base/fvariant.h"
+
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace wybeta::tests {
@@ -92,7 +101,7 @@ public:
 
     // Intercepts all calls to the host from the one of that number on, counted from 1 and from now.
     // Throws when the extension calls without end.
-    void interceptFrom(std::uint64_t number, Intercept intercept);
+    void interceptFrom(std::uint64_t number, const Intercept& intercept);
 
     // Answers for the attributes of all notes while it is set.
     FaultyNote::Answerer answerer;

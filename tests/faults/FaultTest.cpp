@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/faults/FaultTest.h"
 
-#include "module/ModuleEntry.h"
+#include "pluginterfaces/base/ipluginbase.h"
+#include "pluginterfaces/base/smartpointer.h"
 
 #include <utility>
 

@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "simulator/LoadedExtension.h"
+#include "tests/faults/FaultSession.h"
 #include "tests/faults/Scenario.h"
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <functional>
 #include <optional>
+#include <string>
 
 namespace wybeta::tests {
 

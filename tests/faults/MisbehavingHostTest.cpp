@@ -3,9 +3,20 @@
 // The host answers badly, at every call that the extension makes in turn. What becomes of the
 // lyrics is the host's own affair then; the extension has to let go of everything, to come to an
 // end and to be right again as soon as the host is.
+#include "simulator/CallLog.h"
+#include "simulator/HostObject.h"
+#include "simulator/ProjectTree.h"
+#include "tests/faults/FaultSession.h"
 #include "tests/faults/FaultTest.h"
+#include "tests/faults/Scenario.h"
 
+#include "pluginterfaces/base/fvariant.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
 #include <functional>
+#include <optional>
 #include <string_view>
 #include <utility>
 
@@ -159,17 +170,18 @@ TEST_P(MisbehavingHost, AnswersForAnAttributeWithBrokenText) {
 
 TEST_P(MisbehavingHost, RemovesANoteInACall) {
     actInEachCall(
-        [](FaultSession& session) { session.remove(session.partOf(session.melody()), 0); });
-    actInEachCall(
-        [](FaultSession& session) { session.remove(session.partOf(session.innerTrack()), 0); });
+        [](FaultSession& session) { session.remove(FaultSession::partOf(session.melody()), 0); });
+    actInEachCall([](FaultSession& session) {
+        session.remove(FaultSession::partOf(session.innerTrack()), 0);
+    });
 }
 
 TEST_P(MisbehavingHost, AddsANoteInACall) {
     actInEachCall([](FaultSession& session) {
-        session.partOf(session.melody()).insert(0, session.makeNote("new"));
+        FaultSession::partOf(session.melody()).insert(0, session.makeNote("new"));
     });
     actInEachCall([](FaultSession& session) {
-        session.partOf(session.innerTrack()).add(session.makeNote("new"));
+        FaultSession::partOf(session.innerTrack()).add(session.makeNote("new"));
     });
 }
 

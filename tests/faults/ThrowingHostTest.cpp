@@ -1,8 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // The host throws, at every call that the extension makes in turn.
+#include "simulator/CallLog.h"
 #include "tests/faults/FaultTest.h"
+#include "tests/faults/Scenario.h"
 
+#include <gtest/gtest.h>
+
+#include <cstdint>
 #include <new>
 
 namespace wybeta::tests {

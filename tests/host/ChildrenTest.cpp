@@ -1,8 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/Children.h"
+#include "simulator/CallLog.h"
+#include "simulator/HostObject.h"
 #include "simulator/ProjectTree.h"
 
 #include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
 
 namespace wybeta::host {
 namespace {
@@ -72,7 +77,7 @@ TEST_F(ChildrenOfANode, AskForTheEndBeforeTheFirstChildAndAfterEach) {
         return Answer::Normal;
     });
     Children children(node.get());
-    while (children.next()) {
+    while (children.next().get() != nullptr) {
     }
     EXPECT_EQ(calls, "enene");
 }

@@ -2,6 +2,11 @@
 #include "tests/HandMadeObject.h"
 
 #include <gtest/gtest-spi.h>
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <stdexcept>
+#include <tuple>
 
 namespace wybeta::tests {
 namespace {

@@ -1,6 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/IEditStep.h"
+#include "host/IProjectNode.h"
+#include "tests/HandMadeObject.h"
 #include "tests/host/SlotExpectations.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
 
 namespace wybeta::host {
 namespace {

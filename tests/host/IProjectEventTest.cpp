@@ -1,6 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/IProjectEvent.h"
+#include "tests/HandMadeObject.h"
 #include "tests/host/SlotExpectations.h"
+
+#include "pluginterfaces/base/fvariant.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstdint>
+#include <cstring>
+#include <tuple>
 
 namespace wybeta::host {
 namespace {
@@ -50,9 +60,10 @@ TEST(IProjectNoteEvent, SeesATextWithItsTypeInTheFirstTwoBytesAndItsAddressInThe
     const char16_t text[] = u"la";
     const FVariant value(text);
 
-    const auto* const bytes = reinterpret_cast<const unsigned char*>(&value);
+    std::array<unsigned char, sizeof(value)> bytes{};
+    std::memcpy(bytes.data(), &value, sizeof(value));
     const char16_t* address = nullptr;
-    std::memcpy(&address, bytes + 8, sizeof(address));
+    std::memcpy(&address, bytes.data() + 8, sizeof(address));
     EXPECT_EQ(sizeof(value), 16u);
     EXPECT_EQ(bytes[0], 0x20);
     EXPECT_EQ(bytes[1], 0);

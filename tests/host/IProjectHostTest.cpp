@@ -3,6 +3,10 @@
 #include "host/IProjectManager.h"
 #include "tests/host/SlotExpectations.h"
 
+#include <gtest/gtest.h>
+
+#include <cstdint>
+
 namespace wybeta::host {
 namespace {
 

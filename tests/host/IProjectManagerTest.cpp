@@ -1,6 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/IProjectManager.h"
+#include "host/IProjectNotification.h"
+#include "tests/HandMadeObject.h"
 #include "tests/host/SlotExpectations.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
 
 namespace wybeta::host {
 namespace {

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/IProjectNode.h"
+#include "tests/HandMadeObject.h"
 #include "tests/host/SlotExpectations.h"
+
+#include <gtest/gtest.h>
 
 namespace wybeta::host {
 namespace {

@@ -1,6 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/IProjectNotification.h"
+#include "host/IEditStep.h"
+#include "host/IProjectDocument.h"
+#include "tests/HandMadeObject.h"
 #include "tests/host/SlotExpectations.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
 
 namespace wybeta::host {
 namespace {

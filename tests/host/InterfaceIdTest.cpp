@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/InterfaceId.h"
 #include "host/IEditStep.h"
 #include "host/IProjectEvent.h"
 #include "host/IProjectHost.h"
@@ -13,6 +14,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <cstring>
 
 namespace wybeta::host {

@@ -1,10 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/NoteReader.h"
+#include "host/NoteRecord.h"
+#include "simulator/CallLog.h"
 #include "simulator/Event.h"
+#include "simulator/HostObject.h"
+#include "simulator/ProjectTree.h"
+
+#include "pluginterfaces/base/fvariant.h"
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <memory>
 #include <stdexcept>
+#include <string_view>
 
 namespace wybeta::host {
 namespace {

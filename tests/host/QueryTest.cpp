@@ -2,6 +2,11 @@
 #include "host/Query.h"
 #include "host/IProjectNode.h"
 #include "tests/HandMadeObject.h"
+#include "tests/InterfaceIds.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
 
 namespace wybeta::host {
 namespace {

@@ -7,6 +7,11 @@
 
 #include "tests/HandMadeObject.h"
 
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <tuple>
+
 namespace wybeta::tests {
 
 template <std::size_t number, class Signature, class Interface, class Result, class... Parameters,

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <limits>
 #include <optional>
@@ -48,15 +49,17 @@ Syllables syllables(std::u32string_view text) {
 /// The hiragana for a katakana, if there is one: the long-vowel mark has none.
 std::optional<char32_t> hiraganaOf(char32_t katakana) {
     const char32_t hiragana = katakana - 0x60;
-    if (hiragana < 0x3041 || hiragana > 0x3094)
+    if (hiragana < 0x3041 || hiragana > 0x3094) {
         return std::nullopt;
+    }
     return hiragana;
 }
 
 std::vector<char32_t> spellingsOf(char32_t katakana) {
     std::vector<char32_t> spellings{katakana};
-    if (const auto hiragana = hiraganaOf(katakana))
+    if (const auto hiragana = hiraganaOf(katakana)) {
         spellings.push_back(*hiragana);
+    }
     return spellings;
 }
 
@@ -144,11 +147,13 @@ TEST(KanaPhonemeTable, HoldsEightyFiveSinglesAndAHundredAndTwoPairs) {
 TEST(KanaPhonemeTable, HoldsAsManyDistinctSyllablesAsTheChart) {
     std::set<std::string_view> singles;
     std::set<std::string_view> all;
-    for (const KanaEntry& entry : KanaPhonemeTable::singles())
+    for (const KanaEntry& entry : KanaPhonemeTable::singles()) {
         singles.insert(entry.phonemes);
+    }
     all = singles;
-    for (const KanaEntry& entry : KanaPhonemeTable::pairs())
+    for (const KanaEntry& entry : KanaPhonemeTable::pairs()) {
         all.insert(entry.phonemes);
+    }
     EXPECT_EQ(singles.size(), 72u);
     EXPECT_EQ(all.size(), 168u);
 }
@@ -156,24 +161,28 @@ TEST(KanaPhonemeTable, HoldsAsManyDistinctSyllablesAsTheChart) {
 TEST(KanaPhonemeTable, ListsTheSinglesInCodePointOrderWithTheLongVowelMarkLast) {
     const auto& singles = KanaPhonemeTable::singles();
     char32_t expected = 0x30A1;
-    for (auto entry = singles.begin(); entry != singles.end() - 1; ++entry)
+    for (auto entry = singles.begin(); entry != singles.end() - 1; ++entry) {
         EXPECT_EQ(entry->first, expected++);
+    }
     EXPECT_EQ(singles.back().first, char32_t{0x30FC});
 }
 
 TEST(KanaPhonemeTable, ListsThePairsInTheOrderOfSearch) {
     std::u32string listed;
-    for (const KanaEntry& entry : KanaPhonemeTable::pairs())
+    for (const KanaEntry& entry : KanaPhonemeTable::pairs()) {
         listed.append({entry.first, entry.second});
+    }
     EXPECT_EQ(listed, kPairsInOrder);
 }
 
 TEST(KanaPhonemeTable, HasASmallKanaAsSecondKanaOfPairsOnly) {
     constexpr std::u32string_view kSmallKana = U"ァィゥェォャュョ";
-    for (const KanaEntry& entry : KanaPhonemeTable::singles())
+    for (const KanaEntry& entry : KanaPhonemeTable::singles()) {
         EXPECT_EQ(entry.second, char32_t{0}) << entry.phonemes;
-    for (const KanaEntry& entry : KanaPhonemeTable::pairs())
+    }
+    for (const KanaEntry& entry : KanaPhonemeTable::pairs()) {
         EXPECT_NE(kSmallKana.find(entry.second), kSmallKana.npos) << entry.phonemes;
+    }
 }
 
 TEST(KanaPhonemeTable, WritesEverySyllableAsSymbolsJoinedByOneSpace) {
@@ -187,18 +196,21 @@ TEST(KanaPhonemeTable, WritesEverySyllableAsSymbolsJoinedByOneSpace) {
             return c >= 0x20 && c <= 0x7E;
         })) << phonemes;
     };
-    for (const KanaEntry& entry : KanaPhonemeTable::singles())
+    for (const KanaEntry& entry : KanaPhonemeTable::singles()) {
         check(entry.phonemes);
-    for (const KanaEntry& entry : KanaPhonemeTable::pairs())
+    }
+    for (const KanaEntry& entry : KanaPhonemeTable::pairs()) {
         check(entry.phonemes);
+    }
 }
 
 TEST(KanaPhonemeTable, GivesTheSyllablesOfTheSingleChart) {
     std::size_t count = 0;
     for (const ChartLine& line : kSingleChart) {
         ASSERT_EQ(line.kana.size(), line.vowels.size()) << line.consonant;
-        for (std::size_t i = 0; i < line.kana.size(); ++i, ++count)
+        for (std::size_t i = 0; i < line.kana.size(); ++i, ++count) {
             EXPECT_EQ(singlePhonemes(line.kana, i), std::string(line.consonant) + line.vowels[i]);
+        }
     }
     EXPECT_EQ(count, 85u);
 }
@@ -217,9 +229,10 @@ TEST(KanaPhonemeTable, GivesTheSyllablesOfThePairChart) {
 
 TEST(KanaPhonemeTable, GivesEverySingleInBothScripts) {
     for (const KanaEntry& entry : KanaPhonemeTable::singles()) {
-        for (const char32_t kana : spellingsOf(entry.first))
+        for (const char32_t kana : spellingsOf(entry.first)) {
             EXPECT_EQ(singlePhonemes({&kana, 1}), entry.phonemes)
                 << std::hex << std::uint32_t{kana};
+        }
     }
 }
 
@@ -242,22 +255,26 @@ TEST(KanaPhonemeTable, RecognisesNoSingleOutsideTheTable) {
             << std::hex << std::uint32_t{c};
     }
     for (const char32_t c : {char32_t{0x1B000}, char32_t{0x10FFFF}, char32_t{0x110000},
-                             std::numeric_limits<char32_t>::max()})
+                             std::numeric_limits<char32_t>::max()}) {
         EXPECT_EQ(findKanaSingle({&c, 1}, 0), nullptr) << std::hex << std::uint32_t{c};
+    }
 }
 
 TEST(KanaPhonemeTable, RecognisesNoPairWithAHalfOutsideTheTable) {
     std::set<char32_t> firsts;
     std::set<char32_t> seconds;
     for (const KanaEntry& entry : KanaPhonemeTable::pairs()) {
-        for (const char32_t first : spellingsOf(entry.first))
+        for (const char32_t first : spellingsOf(entry.first)) {
             firsts.insert(first);
-        for (const char32_t second : spellingsOf(entry.second))
+        }
+        for (const char32_t second : spellingsOf(entry.second)) {
             seconds.insert(second);
+        }
     }
     for (char32_t c = 0; c < kSweepEnd; ++c) {
-        if (isKanaOfTheTable(c))
+        if (isKanaOfTheTable(c)) {
             continue;
+        }
         for (const char32_t first : firsts) {
             const char32_t text[] = {first, c};
             ASSERT_EQ(findKanaPair({text, 2}, 0), nullptr) << std::hex << std::uint32_t{c};
@@ -272,8 +289,9 @@ TEST(KanaPhonemeTable, RecognisesNoPairWithAHalfOutsideTheTable) {
 TEST(KanaPhonemeTable, RecognisesNoPairOfKanaThatIsNotListed) {
     std::vector<char32_t> kana;
     for (char32_t c = 0; c < kSweepEnd; ++c) {
-        if (isKanaOfTheTable(c))
+        if (isKanaOfTheTable(c)) {
             kana.push_back(c);
+        }
     }
     std::size_t recognised = 0;
     for (const char32_t first : kana) {
@@ -286,8 +304,9 @@ TEST(KanaPhonemeTable, RecognisesNoPairOfKanaThatIsNotListed) {
 }
 
 TEST(KanaPhonemeTable, GivesTheSameSyllableForMixedScripts) {
-    for (const auto text : {U"きゃ", U"キャ", U"キゃ", U"きャ"})
+    for (const auto text : {U"きゃ", U"キャ", U"キゃ", U"きャ"}) {
         EXPECT_EQ(syllables(text), Syllables{"ky a"});
+    }
 }
 
 TEST(KanaPhonemeTable, GivesTwoSyllablesForAPairThatASpaceDivides) {
@@ -320,8 +339,9 @@ TEST(KanaPhonemeTable, DoesNotRecogniseTheKanaAndMarksBeyondItsRange) {
     constexpr char32_t kUnlisted[] = {0x3040, 0x3095, 0x3096, 0x3097, 0x309B, 0x309C, 0x309D,
                                       0x309E, 0x30A0, 0x30F5, 0x30F6, 0x30F7, 0x30F8, 0x30F9,
                                       0x30FA, 0x30FB, 0x30FD, 0x30FE, 0xFF71, 0xFF70};
-    for (const char32_t c : kUnlisted)
+    for (const char32_t c : kUnlisted) {
         EXPECT_EQ(findKanaSingle({&c, 1}, 0), nullptr) << std::hex << std::uint32_t{c};
+    }
 }
 
 TEST(KanaPhonemeTable, WritesWoAsOneSymbolAndTheWoPairAsTwo) {
@@ -426,8 +446,9 @@ TEST(KanaEquals, TakesKatakanaAndTheLongVowelMarkAsTheyAre) {
 
 TEST(KanaEquals, NeverHoldsForAnyOtherInputNotEvenForItself) {
     for (char32_t c = 0; c < kSweepEnd; ++c) {
-        if (isKanaOfTheTable(c))
+        if (isKanaOfTheTable(c)) {
             continue;
+        }
         ASSERT_FALSE(kanaEquals(c, c)) << std::hex << std::uint32_t{c};
         ASSERT_FALSE(kanaEquals(c, c + 0x60)) << std::hex << std::uint32_t{c};
         ASSERT_FALSE(kanaEquals(c, 0)) << std::hex << std::uint32_t{c};

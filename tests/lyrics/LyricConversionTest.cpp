@@ -1,12 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "lyrics/LyricConversion.h"
 
+#include "dictionary/PronunciationDictionary.h"
 #include "resources/ResourceTable.h"
 #include "tests/SmallStackThread.h"
+#include "tests/faults/FailingAllocation.h"
 
 #include <gtest/gtest.h>
 #include <utf8cpp/utf8.h>
 
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -207,6 +212,30 @@ TEST(Lyric, ThatIsNotUtf8RaisesAndLeavesTheListAsItWas) {
     }
 }
 
+// The list itself, and each text that is too long to be kept inside its string.
+std::uint64_t neededAllocations(const NoteLyricList& noteLyrics) {
+    const auto isLong = [](const std::string& text) {
+        return text.size() > std::string().capacity();
+    };
+    const auto longTexts = std::count_if(noteLyrics.begin(), noteLyrics.end(), isLong);
+    return static_cast<std::uint64_t>(longTexts) + 1;
+}
+
+TEST(Lyric, TakesNoMemoryThatItsResultDoesNotNeed) {
+    using tests::FailingAllocation;
+    for (const std::string_view lyric :
+         {"さくらさく", "hello beautiful world", "loveソング", "sakura[s a,k u,r a,s a,k u]"}) {
+        const auto expected = convert(lyric);
+        NoteLyricList noteLyrics;
+        {
+            const FailingAllocation failing(neededAllocations(expected) + 1,
+                                            FailingAllocation::Extent::AllFromThere);
+            lyrics::convertLyric(lyric, noteLyrics, words());
+        }
+        EXPECT_EQ(noteLyrics, expected);
+    }
+}
+
 std::string repeated(std::string_view piece, std::size_t bytes) {
     std::string text;
     while (text.size() < bytes) {
@@ -227,7 +256,8 @@ TEST(Lyric, OfAMillionCharactersConvertsOnASmallStack) {
     };
     for (const auto& lyric : longLyrics) {
         NoteLyricList noteLyrics;
-        tests::runOnStack(128 * 1024, [&] { lyrics::convertLyric(lyric, noteLyrics, words()); });
+        tests::runOnStack(std::size_t{128} * 1024,
+                          [&] { lyrics::convertLyric(lyric, noteLyrics, words()); });
         EXPECT_FALSE(noteLyrics.empty()) << lyric.substr(0, 10);
     }
 }

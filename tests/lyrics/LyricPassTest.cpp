@@ -1,9 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "lyrics/LyricPass.h"
+#include "host/NoteRecord.h"
+#include "lyrics/LyricsDivision.h"
+#include "simulator/CallLog.h"
 #include "simulator/Event.h"
+#include "simulator/HostObject.h"
+#include "simulator/ProjectTree.h"
 #include "simulator/Track.h"
 
 #include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace wybeta::lyrics {
 namespace {

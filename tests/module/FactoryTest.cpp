@@ -2,6 +2,12 @@
 #include "tests/InterfaceIds.h"
 #include "tests/ModuleFixture.h"
 
+#include "pluginterfaces/base/ipluginbase.h"
+#include "pluginterfaces/base/smartpointer.h"
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
 #include <cstring>
 #include <stdexcept>
 

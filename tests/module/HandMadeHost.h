@@ -2,6 +2,11 @@
 #pragma once
 
 #include "tests/HandMadeObject.h"
+#include "tests/InterfaceIds.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
 
 namespace wybeta::tests {
 

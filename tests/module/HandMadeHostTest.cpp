@@ -3,7 +3,15 @@
 // Runs the module without the host's declarations, which it shares with the simulator: a slot that
 // slips in one of them is found here.
 #include "tests/module/HandMadeHost.h"
+#include "tests/HandMadeObject.h"
+#include "tests/InterfaceIds.h"
 #include "tests/ModuleFixture.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <tuple>
+#include <vector>
 
 namespace wybeta {
 namespace {

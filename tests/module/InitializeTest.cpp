@@ -1,5 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/IProjectHost.h"
+#include "host/IProjectNotification.h"
+#include "simulator/CallLog.h"
+#include "simulator/HostObject.h"
+#include "simulator/LoadedExtension.h"
+#include "simulator/ProjectHost.h"
 #include "tests/ModuleFixture.h"
+#include "tests/SimulatedHost.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
 
 namespace wybeta {
 namespace {

@@ -2,9 +2,12 @@
 #include "simulator/ModuleFile.h"
 #include "tests/Options.h"
 
+#include "pluginterfaces/base/smartpointer.h"
+
 #include <gtest/gtest.h>
 
 #include <stdexcept>
+#include <string>
 
 #ifndef _WIN32
 #include <dlfcn.h>

@@ -1,6 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/HandMadeObject.h"
+#include "tests/InterfaceIds.h"
 #include "tests/ModuleFixture.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <tuple>
 
 namespace wybeta {
 namespace {

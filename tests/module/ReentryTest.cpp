@@ -1,8 +1,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/IProjectHost.h"
+#include "simulator/CallLog.h"
 #include "simulator/EditContext.h"
 #include "simulator/Event.h"
+#include "simulator/HostObject.h"
+#include "simulator/ProjectHost.h"
+#include "simulator/ProjectTree.h"
 #include "simulator/Track.h"
 #include "tests/ModuleFixture.h"
+#include "tests/SimulatedHost.h"
+
+#include "pluginterfaces/base/ipluginbase.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string_view>
+#include <utility>
 
 namespace wybeta {
 namespace {
@@ -15,7 +29,7 @@ using tests::SimulatedHost;
 class Reentry : public tests::ExtensionFixture {
 protected:
     // Acts in the first call with the name.
-    void inTheMiddleOf(std::string_view name, std::function<void()> action) {
+    void inTheMiddleOf(std::string_view name, const std::function<void()>& action) {
         state->calls.intercept([name, action, done = false](const HostCall& call) mutable {
             if (call.name == name && !std::exchange(done, true)) {
                 action();

@@ -1,5 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/IProjectNotification.h"
+#include "simulator/CallLog.h"
+#include "simulator/HostObject.h"
+#include "simulator/LoadedExtension.h"
+#include "simulator/ProjectHost.h"
 #include "tests/ModuleFixture.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <vector>
 
 namespace wybeta {
 namespace {
@@ -14,7 +24,7 @@ protected:
     void SetUp() override { extension->base().initialize(host->context()); }
 
     // Acts when the storage face is being removed from the document.
-    void whileRemovedFrom(const Handle<Document>& document, std::function<void()> action) {
+    void whileRemovedFrom(const Handle<Document>& document, const std::function<void()>& action) {
         state->calls.intercept([place = document.get(), action](const HostCall& call) {
             if (&call.object == place) {
                 EXPECT_EQ(call.name, "IProjectDocument.removeStorageNotification");

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <map>
 #include <set>
 #include <string>
@@ -74,7 +75,7 @@ TEST(ResourceTable, KnowsNoOtherName) {
 }
 
 TEST(ResourceTable, EndsTheDictionaryWithAZeroByteBehindItsSize) {
-    EXPECT_EQ(dictionaryText().data()[dictionaryText().size()], '\0');
+    EXPECT_EQ(*(dictionaryText().data() + dictionaryText().size()), '\0');
 }
 
 TEST(DictionaryText, HasItsSize) {

@@ -2,8 +2,21 @@
 //
 // Plays a session over and over; each time the host does something unexpected at another one of the
 // calls that the extension makes.
+#include "simulator/CallLog.h"
+#include "simulator/EditContext.h"
+#include "simulator/HostObject.h"
+#include "simulator/ProjectTree.h"
+#include "simulator/Track.h"
 #include "tests/SimulatedHost.h"
 #include "tests/session/SessionTest.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
 
 namespace wybeta::tests {
 namespace {
@@ -80,8 +93,10 @@ private:
         // The history holds what is removed while a step is at work.
         const std::vector<Handle<TreeItem>> kept = project().items();
         begin();
-        for (std::size_t i = 0; i < steps_.size(); ++i) {
-            const auto step = steps_[i];
+        // A call may drop all steps, the one at work among them.
+        std::size_t next = 0;
+        while (next < steps_.size()) {
+            const auto step = steps_[next++];
             step->undo();
             step->redo();
             reported(*step);

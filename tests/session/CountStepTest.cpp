@@ -1,8 +1,23 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // What undoing and redoing a change of the note count does to the track table.
+#include "host/IEditStep.h"
+#include "simulator/CallLog.h"
+#include "simulator/Event.h"
+#include "simulator/HostObject.h"
+#include "simulator/ProjectTree.h"
+#include "simulator/Track.h"
+#include "simulator/wysim/OpenSong.h"
 #include "tests/SimulatedHost.h"
 #include "tests/session/SessionTest.h"
+
+#include "pluginterfaces/base/smartpointer.h"
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <utility>
+#include <vector>
 
 namespace wybeta::tests {
 namespace {

@@ -1,8 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // Folders nest to any depth.
+#include "simulator/HostObject.h"
+#include "simulator/ProjectTree.h"
 #include "tests/SmallStackThread.h"
 #include "tests/session/SessionTest.h"
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <utility>
 
 namespace wybeta::tests {
 namespace {

@@ -1,7 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // Which lyrics of a track are divided, and what undo brings back for them.
+#include "simulator/EditContext.h"
+#include "simulator/HostObject.h"
+#include "simulator/ProjectTree.h"
+#include "simulator/Track.h"
+#include "simulator/wysim/OpenSong.h"
 #include "tests/session/SessionTest.h"
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <string_view>
 
 namespace wybeta::tests {
 namespace {

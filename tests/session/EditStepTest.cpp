@@ -1,8 +1,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // What the host can rely on in every step: when one is made, who owns it, what it answers.
-#include "host/InterfaceId.h"
+#include "host/IEditStep.h"
+#include "host/IProjectNode.h"
+#include "host/IProjectTrack.h"
+#include "simulator/CallLog.h"
+#include "simulator/EditContext.h"
+#include "simulator/Editor.h"
+#include "simulator/HostObject.h"
+#include "simulator/Track.h"
 #include "tests/session/SessionTest.h"
+
+#include "pluginterfaces/base/smartpointer.h"
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <string>
 
 namespace wybeta::tests {
 namespace {

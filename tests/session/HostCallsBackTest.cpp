@@ -2,7 +2,23 @@
 //
 // The host calls the extension, or lets go of something, in the middle of a call that the extension
 // makes.
+#include "host/IEditStep.h"
+#include "simulator/CallLog.h"
+#include "simulator/EditContext.h"
+#include "simulator/Editor.h"
+#include "simulator/HostObject.h"
+#include "simulator/ProjectTree.h"
+#include "simulator/Track.h"
 #include "tests/session/SessionTest.h"
+
+#include "pluginterfaces/base/smartpointer.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <string_view>
+#include <vector>
 
 namespace wybeta::tests {
 namespace {
@@ -235,17 +251,24 @@ TEST_F(HostCallsBack, ByTerminatingTheExtensionWhileAStepIsUndone) {
 TEST_F(HostCallsBack, ByDroppingTheStepThatWritesATextOrReports) {
     auto& track = addKnownTrack({"a", "b"});
     const auto collector = make<simulator::ObjectCollector>(state());
-    using Use = std::function<void(host::IEditStep&)>;
-    for (const auto& use :
-         {Use([](auto& step) { step.execute(); }), Use([](auto& step) { step.undo(); }),
-          Use([](auto& step) { step.redo(); }),
-          Use([&](auto& step) { step.reportChangedObjects(collector.get()); })}) {
+    struct Use {
+        const char* call;
+        std::function<void(host::IEditStep&)> make;
+    };
+    const std::vector<Use> uses = {
+        {"queryInterface", [](auto& step) { step.execute(); }},
+        {"queryInterface", [](auto& step) { step.undo(); }},
+        {"queryInterface", [](auto& step) { step.redo(); }},
+        {"IEditObjectCollector.addObject",
+         [&](auto& step) { step.reportChangedObjects(collector.get()); }},
+    };
+    for (const auto& use : uses) {
         typeInto(noteAt(track, 0), noteAt(track, 0).lyric() + "かき");
         auto steps = hook();
         ASSERT_EQ(steps.size(), 1u);
         auto& step = *steps[0];
-        onFirst("queryInterface", [&steps] { steps.clear(); });
-        use(step);
+        onFirst(use.call, [&steps] { steps.clear(); });
+        use.make(step);
         EXPECT_TRUE(steps.empty());
         EXPECT_EQ(noteAt(track, 0).moduleReferences(), 0);
     }

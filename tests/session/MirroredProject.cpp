@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/session/MirroredProject.h"
 
+#include "host/IProjectTrack.h"
+
 #include <algorithm>
+#include <cstdint>
+#include <utility>
 
 namespace wybeta::tests {
 
@@ -154,7 +158,7 @@ void MirroredProject::fill(Id item) {
 
 void MirroredProject::append(Id parent, Id item) {
     node(parent).add(objects_[item]);
-    model.apply(model.insertion(parent, model[parent].children.size(), item));
+    model.apply(NaiveModel::insertion(parent, model[parent].children.size(), item));
 }
 
 void MirroredProject::alter(const Change& change) {

@@ -1,10 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "host/IProjectNode.h"
 #include "simulator/Editor.h"
+#include "simulator/Event.h"
+#include "simulator/HostObject.h"
+#include "simulator/ProjectTree.h"
+#include "simulator/Track.h"
 #include "tests/session/NaiveModel.h"
 #include "tests/session/RandomLyrics.h"
 
+#include <cstddef>
 #include <map>
 #include <string>
 #include <vector>

@@ -2,7 +2,15 @@
 //
 // Takes the options --sessions=N, how many sessions to run, and --seed=S, the seed of the first.
 #include "tests/ModuleFixture.h"
+#include "tests/Options.h"
+#include "tests/session/RandomLyrics.h"
 #include "tests/session/RandomSession.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <string>
+#include <string_view>
 
 namespace wybeta::tests {
 

@@ -4,11 +4,11 @@
 #include <utf8cpp/utf8.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <iterator>
 #include <map>
 #include <regex>
 #include <sstream>
-#include <string_view>
 
 namespace wybeta::tests {
 

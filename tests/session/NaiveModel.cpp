@@ -4,6 +4,8 @@
 #include "tests/session/NaiveConversion.h"
 
 #include <algorithm>
+#include <iterator>
+#include <utility>
 
 namespace wybeta::tests {
 
@@ -70,7 +72,7 @@ Id NaiveModel::add(Item item) {
     return items_.size() - 1;
 }
 
-Change NaiveModel::insertion(Id parent, std::size_t index, Id item) const {
+Change NaiveModel::insertion(Id parent, std::size_t index, Id item) {
     return {Change::Type::Insert, item, parent, index};
 }
 
@@ -198,7 +200,7 @@ void NaiveModel::walk(Id node, std::vector<Step>* steps, std::vector<Id>& visite
 
 void NaiveModel::visit(Id track, std::vector<Step>* steps) {
     if (table_.count(track) == 0) {
-        table_[track] = firstSighting(track);
+        table_.try_emplace(track, firstSighting(track));
         return;
     }
     const Records old = table_[track];

@@ -4,6 +4,8 @@
 // every rule carried out as simply as it can be said.
 #pragma once
 
+#include "simulator/ProjectTree.h"
+
 #include <cstddef>
 #include <map>
 #include <optional>
@@ -86,7 +88,7 @@ public:
     const Item& operator[](Id id) const { return items_[id]; }
     std::size_t size() const { return items_.size(); }
 
-    Change insertion(Id parent, std::size_t index, Id item) const;
+    static Change insertion(Id parent, std::size_t index, Id item);
     Change removal(Id parent, Id item) const;
     Change alteration(Id event, EventState after) const;
 

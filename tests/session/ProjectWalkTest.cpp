@@ -1,8 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // Which tracks of the project tree a walk reaches, and in which order.
+#include "host/IProjectNode.h"
 #include "host/InterfaceId.h"
+#include "simulator/CallLog.h"
+#include "simulator/EditContext.h"
+#include "simulator/HostObject.h"
+#include "simulator/ProjectTree.h"
+#include "simulator/Track.h"
 #include "tests/session/SessionTest.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <vector>
 
 namespace wybeta::tests {
 namespace {
@@ -76,10 +87,8 @@ TEST_F(ProjectWalk, ReachesTracksOnBothSidesOfAFolder) {
 }
 
 TEST_F(ProjectWalk, MeetsTheTracksDepthFirstInTheOrderOfTheChildren) {
-    std::vector<Handle<Track>> tracks;
-    for (int i = 0; i < 6; ++i) {
-        tracks.push_back(makeTwoNoteTrack());
-    }
+    std::vector<Handle<Track>> tracks(6);
+    std::generate(tracks.begin(), tracks.end(), [this] { return makeTwoNoteTrack(); });
     project().add(tracks[0]);
     project().add(makeFolder({tracks[1], makeFolder({tracks[2], tracks[3]}), tracks[4]}));
     project().add(tracks[5]);

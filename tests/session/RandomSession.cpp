@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/session/RandomSession.h"
 
+#include "simulator/CallLog.h"
+#include "simulator/EditContext.h"
+#include "simulator/ProjectTree.h"
 #include "tests/session/SessionText.h"
 
+#include <exception>
 #include <stdexcept>
 #include <utility>
 
@@ -34,8 +38,8 @@ const std::vector<RandomSession::Action> RandomSession::kActions = {
     {3, &RandomSession::moveSomething},
 };
 
-RandomSession::RandomSession(LoadedExtension extension, Random random)
-    : random_(std::move(random)), editor_(std::move(extension)), state_(editor_->state()),
+RandomSession::RandomSession(LoadedExtension extension, const Random& random)
+    : random_(random), editor_(std::move(extension)), state_(editor_->state()),
       project_(editor_->project(), random_), model_(project_.model) {
     // Lets the extension forget the tracks of earlier sessions.
     editor_->notify();
@@ -134,7 +138,7 @@ bool RandomSession::addSomething() {
     }
     const Id parent = random_.pick(parents);
     const std::size_t index = random_.below(model_[parent].children.size() + 1);
-    return edit({model_.insertion(parent, index, project_.create(kind))});
+    return edit({NaiveModel::insertion(parent, index, project_.create(kind))});
 }
 
 bool RandomSession::removeSomething() {
@@ -159,7 +163,7 @@ bool RandomSession::undo() {
     if (!editor_->canUndo()) {
         return false;
     }
-    log_.push_back(" undo");
+    log_.emplace_back(" undo");
     model_.undo();
     return editor_->undo();
 }
@@ -168,7 +172,7 @@ bool RandomSession::redo() {
     if (!editor_->canRedo()) {
         return false;
     }
-    log_.push_back(" redo");
+    log_.emplace_back(" redo");
     model_.redo();
     return editor_->redo();
 }
@@ -208,7 +212,7 @@ bool RandomSession::changeSilently() {
 }
 
 void RandomSession::terminate() {
-    log_.push_back(" terminate");
+    log_.emplace_back(" terminate");
     editor_->terminate();
     model_.terminate();
     terminated_ = true;
@@ -245,7 +249,7 @@ void RandomSession::addNotes(Changes& changes) {
     for (std::size_t left = parts.empty() ? 0 : random_.below(3) + 1; left > 0; --left) {
         const Id part = random_.pick(parts);
         const std::size_t index = random_.below(model_[part].children.size() + 1);
-        changes.push_back(model_.insertion(part, index, project_.create(Kind::Note)));
+        changes.push_back(NaiveModel::insertion(part, index, project_.create(Kind::Note)));
     }
 }
 
@@ -265,7 +269,8 @@ void RandomSession::replaceNote(Changes& changes) {
     if (!notes.empty()) {
         const Place place = random_.pick(notes);
         changes.push_back(model_.removal(place.parent, place.item));
-        changes.push_back(model_.insertion(place.parent, place.index, project_.create(Kind::Note)));
+        changes.push_back(
+            NaiveModel::insertion(place.parent, place.index, project_.create(Kind::Note)));
     }
 }
 
@@ -278,7 +283,7 @@ void RandomSession::move(Kind kind, Changes& changes) {
     const Id to = random_.pick(project_.parentsFor(kind));
     const std::size_t left = model_[to].children.size() - (to == from.parent ? 1 : 0);
     changes.push_back(model_.removal(from.parent, from.item));
-    changes.push_back(model_.insertion(to, random_.below(left + 1), from.item));
+    changes.push_back(NaiveModel::insertion(to, random_.below(left + 1), from.item));
 }
 
 void RandomSession::exchangeNotes(Changes& changes) {
@@ -288,8 +293,8 @@ void RandomSession::exchangeNotes(Changes& changes) {
     if (a.parent != b.parent) {
         changes.push_back(model_.removal(a.parent, a.item));
         changes.push_back(model_.removal(b.parent, b.item));
-        changes.push_back(model_.insertion(a.parent, a.index, b.item));
-        changes.push_back(model_.insertion(b.parent, b.index, a.item));
+        changes.push_back(NaiveModel::insertion(a.parent, a.index, b.item));
+        changes.push_back(NaiveModel::insertion(b.parent, b.index, a.item));
     }
 }
 
@@ -324,6 +329,7 @@ void RandomSession::watchCalls() {
 
 void RandomSession::compareSteps(const std::vector<Step>& expected) const {
     std::vector<std::vector<Id>> steps;
+    steps.reserve(expected.size());
     for (const auto& step : expected) {
         steps.push_back(step.notes);
     }

@@ -1,10 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "host/IEditStep.h"
 #include "simulator/Editor.h"
+#include "simulator/HostObject.h"
+#include "simulator/LoadedExtension.h"
 #include "tests/session/MirroredProject.h"
+#include "tests/session/NaiveModel.h"
 #include "tests/session/RandomLyrics.h"
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
@@ -16,7 +21,7 @@ namespace wybeta::tests {
 class RandomSession {
 public:
     // The extension may have been through sessions before, but is with no editor now.
-    RandomSession(simulator::LoadedExtension extension, Random random);
+    RandomSession(simulator::LoadedExtension extension, const Random& random);
     ~RandomSession();
     RandomSession(const RandomSession&) = delete;
     RandomSession& operator=(const RandomSession&) = delete;

@@ -2,7 +2,16 @@
 //
 // The cost of a walk grows with the notes and no faster. At these sizes a search through all notes
 // for each of them would take minutes.
+#include "simulator/Editor.h"
+#include "simulator/Event.h"
+#include "simulator/ProjectTree.h"
 #include "tests/session/SessionTest.h"
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <utility>
+#include <vector>
 
 namespace wybeta::tests {
 namespace {

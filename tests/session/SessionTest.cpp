@@ -3,8 +3,6 @@
 
 #include "tests/Options.h"
 
-#include <algorithm>
-#include <stdexcept>
 #include <utility>
 
 namespace wybeta::tests {

@@ -1,16 +1,29 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "host/IEditStep.h"
+#include "host/IProjectNode.h"
+#include "simulator/CallLog.h"
+#include "simulator/EditContext.h"
 #include "simulator/Editor.h"
+#include "simulator/Event.h"
+#include "simulator/HostObject.h"
 #include "simulator/ModuleFile.h"
+#include "simulator/ProjectTree.h"
+#include "simulator/Track.h"
+
+#include "pluginterfaces/base/ipluginbase.h"
+#include "pluginterfaces/base/smartpointer.h"
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace wybeta::tests {

@@ -1,7 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // Sessions as a user has them, from typing to the far end of the undo history.
+#include "simulator/Editor.h"
+#include "simulator/Event.h"
+#include "simulator/HostObject.h"
+#include "simulator/ProjectTree.h"
+#include "simulator/Track.h"
+#include "simulator/wysim/OpenSong.h"
 #include "tests/session/SessionTest.h"
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <vector>
 
 namespace wybeta::tests {
 namespace {

@@ -1,9 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // Which tracks the extension takes for the voice synthesizer's.
+#include "host/IProjectNode.h"
+#include "host/IProjectTrack.h"
 #include "host/InterfaceId.h"
+#include "simulator/CallLog.h"
+#include "simulator/HostObject.h"
 #include "simulator/Track.h"
 #include "tests/session/SessionTest.h"
+
+#include <gtest/gtest.h>
+
+#include <utility>
+#include <vector>
 
 namespace wybeta::tests {
 namespace {

@@ -1,7 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // What the extension remembers of a track, from its first sighting on.
+#include "simulator/Event.h"
+#include "simulator/HostObject.h"
+#include "simulator/ProjectTree.h"
+#include "simulator/Track.h"
+#include "simulator/wysim/OpenSong.h"
 #include "tests/session/SessionTest.h"
+
+#include "pluginterfaces/base/fvariant.h"
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <string_view>
+#include <vector>
 
 namespace wybeta::tests {
 namespace {

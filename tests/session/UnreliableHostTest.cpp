@@ -3,7 +3,19 @@
 // A host whose answers make no sense.
 #include "tests/session/SessionTest.h"
 
+#include "host/IProjectNode.h"
 #include "host/InterfaceId.h"
+#include "simulator/CallLog.h"
+#include "simulator/EditContext.h"
+#include "simulator/Event.h"
+#include "simulator/HostObject.h"
+#include "simulator/ProjectTree.h"
+#include "simulator/Track.h"
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <utility>
 
 namespace wybeta::tests {
 namespace {
@@ -53,7 +65,8 @@ class LyingNote : public Event {
 public:
     using Event::Event;
 
-    Steinberg::tresult PLUGIN_API queryInterface(const Steinberg::TUID, void** object) override {
+    Steinberg::tresult PLUGIN_API queryInterface(const Steinberg::TUID /*id*/,
+                                                 void** object) override {
         *object = nullptr;
         return Steinberg::kResultOk;
     }
@@ -166,7 +179,7 @@ TEST_F(UnreliableHost, UndoesCountStepsOutOfOrder) {
     }
     track.add(makePart({"e", "f"}));
     steps.push_back(hook().at(0));
-    for (const std::size_t i : {3, 3, 0, 2, 1, 3, 0}) {
+    for (const std::size_t i : {3u, 3u, 0u, 2u, 1u, 3u, 0u}) {
         steps[i]->undo();
         steps[3 - i]->redo();
     }

@@ -1,8 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "simulator/Ledger.h"
+#include "host/IProjectNode.h"
+#include "simulator/CallLog.h"
+#include "simulator/HostObject.h"
 #include "simulator/ProjectTree.h"
 
 #include <gtest/gtest.h>
+
+#include <memory>
 
 namespace wybeta::simulator {
 namespace {

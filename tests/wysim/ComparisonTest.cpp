@@ -1,8 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "simulator/song/JsonSong.h"
+#include "simulator/song/Song.h"
 #include "tests/wysim/SongFixture.h"
 
 #include <gtest/gtest.h>
+
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace wybeta::tests {
 

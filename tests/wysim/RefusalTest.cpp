@@ -2,10 +2,17 @@
 #include "simulator/song/BadInput.h"
 #include "simulator/song/JsonSong.h"
 #include "simulator/song/MusicXmlReader.h"
+#include "simulator/song/Progress.h"
+#include "simulator/song/Song.h"
 #include "simulator/song/SongFile.h"
 #include "tests/wysim/SongFixture.h"
 
 #include <gtest/gtest.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <string>
 
 namespace wybeta::tests {
 
@@ -148,7 +155,7 @@ TEST(Refusal, OfWideTextThatIsNotUnicode) {
     const std::string expected = "expected well-formed XML, found ";
     ASSERT_EQ(refusal(wide(score, 2, 'c')), "");
     ASSERT_EQ(refusal(wide(score, 4, 0x1F600)), "");
-    for (const std::uint32_t half : {0xD800, 0xDC00}) {
+    for (const std::uint32_t half : {0xD800u, 0xDC00u}) {
         EXPECT_EQ(refusal(wide(score, 2, half)), expected + "half of a surrogate pair");
     }
     EXPECT_EQ(refusal(wide(score, 2, 'c') + " "), expected + "half of a character at the end");

@@ -2,9 +2,16 @@
 #include "simulator/song/JsonSong.h"
 #include "simulator/song/MusicXmlReader.h"
 #include "simulator/song/MusicXmlWriter.h"
+#include "simulator/song/Progress.h"
+#include "simulator/song/Song.h"
 #include "tests/wysim/SongFixture.h"
 
 #include <gtest/gtest.h>
+
+#include <cstddef>
+#include <filesystem>
+#include <string>
+#include <vector>
 
 namespace wybeta::tests {
 

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "simulator/song/JsonSong.h"
 #include "tests/wysim/SongFixture.h"
 
 #include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
 
 namespace wybeta::tests {
 

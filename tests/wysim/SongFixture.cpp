@@ -3,6 +3,7 @@
 
 #include "simulator/song/BadInput.h"
 #include "simulator/song/Numbers.h"
+#include "simulator/song/Progress.h"
 #include "simulator/song/SongFile.h"
 #include "simulator/wysim/Program.h"
 #include "tests/Options.h"

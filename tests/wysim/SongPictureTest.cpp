@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "simulator/picture/SongPicture.h"
 
+#include "simulator/song/Song.h"
 #include "simulator/song/XmlDocument.h"
 #include "tests/wysim/SongFixture.h"
 
 #include <gtest/gtest.h>
 
 #include <set>
+#include <string>
 
 namespace wybeta::tests {
 
