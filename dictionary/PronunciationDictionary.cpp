@@ -130,7 +130,7 @@ void PronunciationDictionary::merge(std::vector<Place> late) {
         const auto above = std::upper_bound(rest, places_.cend(), place, byWord);
         merged.insert(merged.end(), rest, above);
         rest = above;
-        // An equal word came from an earlier line: no place is late for a word that is yet to come.
+        // An equal word came from an earlier line: what came in order after a late line lies above.
         if (!merged.empty() && wordAt(merged.back()) == wordAt(place)) {
             merged.back() = place;
         } else {

@@ -82,7 +82,7 @@ private:
 
     std::vector<char> packed_;
     std::vector<Place> places_; // ascending by word
-    // How many words come before those with each two first bytes: a search begins between few.
+    // How many words come before those that begin with each two bytes: a search has few to look at.
     std::vector<std::uint32_t> starts_;
 };
 

@@ -154,12 +154,12 @@ void convertEnglishWord(const PronunciationDictionary& dictionary, std::u32strin
     if (word == U"0") {
         silenceLast(items);
     }
-    const bool isHyphened = hasHyphens(typed);
-    const auto entry = dictionary.find(isHyphened ? withoutHyphens(typed) : typed);
-    if (entry && isHyphened) {
+    if (!hasHyphens(typed)) {
+        if (const auto entry = dictionary.find(typed)) {
+            appendWhole(items, *entry);
+        }
+    } else if (const auto entry = dictionary.find(withoutHyphens(typed))) {
         appendDivided(items, *entry, typed);
-    } else if (entry) {
-        appendWhole(items, *entry);
     }
 }
 

@@ -11,8 +11,8 @@
 #include <utf8cpp/utf8.h>
 
 #include <cstddef>
+#include <cstring>
 #include <string>
-#include <string_view>
 #include <utility>
 
 namespace wybeta::editsteps {
@@ -22,6 +22,10 @@ namespace {
 using Steinberg::FVariant;
 using Steinberg::kResultOk;
 using Steinberg::tresult;
+
+bool isAscii(char byte) {
+    return byte != 0 && static_cast<unsigned char>(byte) < 0x80;
+}
 
 // Texts as the host takes them, one after the other in the same memory. The memory stays here: it
 // must not be freed by the variant, even if the host marks it as the variant's own.
@@ -34,11 +38,16 @@ public:
 
     // Takes the UTF-8 text up to its first zero byte.
     FVariant* set(const std::string& utf8) {
-        const std::string_view text = utf8.c_str();
-        if (utf16_.size() <= text.size()) {
-            utf16_.resize(text.size() + 1);
+        if (utf16_.size() <= utf8.size()) {
+            utf16_.resize(utf8.size() + 1);
         }
-        *utf8::utf8to16(text.begin(), text.end(), utf16_.begin()) = 0;
+        // Phonemes are ASCII, which needs no decoding.
+        auto utf16 = utf16_.begin();
+        const char* rest = utf8.c_str();
+        while (isAscii(*rest)) {
+            *utf16++ = static_cast<unsigned char>(*rest++);
+        }
+        *utf8::utf8to16(rest, rest + std::strlen(rest), utf16) = 0;
         value_.setOwner(false);
         value_.setString16(utf16_.data());
         return &value_;

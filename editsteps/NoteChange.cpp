@@ -14,7 +14,8 @@ using host::NoteRecords;
 // An ordinary value, 0xFFFFFFFF, which no real note carries.
 constexpr std::int32_t kDeletionMark = -1;
 
-// The place of a change in the merged list. Read as a signed 32-bit number.
+// Whether the change goes to that place of the merged list. Its position counts as a signed 32-bit
+// number.
 bool belongsAt(const NoteChange& change, std::size_t place) {
     const std::int64_t position = static_cast<std::int32_t>(change.position);
     return position == static_cast<std::int64_t>(place);

@@ -34,14 +34,18 @@ public:
     // Makes this the current instance. Returns 0, or 1 when the context does not answer
     // IProjectHost.
     Steinberg::tresult PLUGIN_API initialize(Steinberg::FUnknown* context) override;
+    // Takes itself off the manager and all open documents and gives the host back. There is no
+    // current instance afterwards. Returns 0, also when it was never initialised.
     Steinberg::tresult PLUGIN_API terminate() override;
 
     void PLUGIN_API ignored3(void* hostDefined) override;
     void PLUGIN_API ignored4(void* hostDefined) override;
+    // Return what the document answers; for null, kInvalidArgument.
     Steinberg::tresult PLUGIN_API documentOpened(host::IProjectDocument* document) override;
     Steinberg::tresult PLUGIN_API documentClosing(host::IProjectDocument* document) override;
     Steinberg::tresult PLUGIN_API ignored7(void* hostDefined) override;
     void PLUGIN_API ignored8(void* hostDefined) override;
+    // A node that is null or does not answer IProjectNode is passed over, here and by hookEdit.
     void PLUGIN_API projectChanged(Steinberg::FUnknown* node) override;
 
     void PLUGIN_API storageChanged(void* hostDefined) override;

@@ -5,9 +5,6 @@
 // does, the extension gives everything back and divides the next lyric as ever.
 #include "fuzz/Check.h"
 #include "fuzz/ModuleExtension.h"
-#include "tests/SimulatedHost.h"
-#include "tests/session/RandomLyrics.h"
-
 #include "simulator/CallLog.h"
 #include "simulator/EditContext.h"
 #include "simulator/Editor.h"
@@ -16,6 +13,8 @@
 #include "simulator/LoadedExtension.h"
 #include "simulator/ProjectTree.h"
 #include "simulator/Track.h"
+#include "tests/SimulatedHost.h"
+#include "tests/session/RandomLyrics.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -33,8 +33,8 @@ private:
 
     const host::NoteRecords& records_;
     bool areDistinct_;
-    // The position up to which the list has been followed, the record there last, and whether no
-    // event has been followed that was not the next one of the list.
+    // The position up to which the list has been followed; the record of the event that came last,
+    // null if it was not the next one of the list; and whether each was the next one.
     std::size_t followed_ = 0;
     const host::NoteRecord* last_ = nullptr;
     bool isInOrder_ = true;

@@ -152,8 +152,8 @@ constexpr bool areInRange() {
 }
 static_assert(areInRange(), "a kana of the charts lies outside the range");
 
-// Where the sections have the entry of each kana and of each two: its position plus one, 0 where
-// they have none.
+// Where the charts have the first entry of each kana and of each two: its position plus one, 0
+// where they have none.
 using SinglePositions = std::array<std::uint8_t, kSlots>;
 using PairPositions = std::array<std::array<std::uint8_t, kSlots>, kSlots>;
 

@@ -49,10 +49,11 @@ NoteLyricList convertText(std::string_view lyric, const PronunciationDictionary&
         noteLyrics.emplace_back(lyric);
         return noteLyrics;
     }
-    std::string_view text = lyric;
     for (auto& syllable : noteLyrics) {
-        syllable = inBrackets(std::exchange(text, {}), syllable);
+        syllable.insert(syllable.begin(), '[');
+        syllable.push_back(']');
     }
+    noteLyrics.front().insert(0, lyric);
     return noteLyrics;
 }
 

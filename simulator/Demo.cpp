@@ -30,7 +30,7 @@ struct Verse {
 };
 
 // Each is typed into the first of its notes. The last one but one has more syllables than notes.
-const std::vector<Verse> song = {
+const std::vector<Verse> kSong = {
     {"さくら", 3},
     {"さくら さくら キャンディー", 11},
     {"Twinkle twinkle little star", 7},
@@ -114,7 +114,7 @@ void singSong(Steinberg::IPluginFactory& factory) {
     const auto state = editor.state();
     const auto part = make<Part>(state);
     std::vector<Notes> verses;
-    for (const auto& verse : song) {
+    for (const auto& verse : kSong) {
         verses.push_back(addNotes(*part, verse.notes));
         // A note of its own ends each verse, so that nothing spreads into the next one.
         verses.back().front()->flagged = true;
@@ -123,8 +123,8 @@ void singSong(Steinberg::IPluginFactory& factory) {
     track->add(part);
     editor.add(editor.project(), 0, track);
 
-    for (std::size_t i = 0; i < song.size(); ++i) {
-        sing(editor, verses[i], song[i].typed);
+    for (std::size_t i = 0; i < kSong.size(); ++i) {
+        sing(editor, verses[i], kSong[i].typed);
     }
     while (editor.undo()) {
     }

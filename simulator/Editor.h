@@ -54,13 +54,13 @@ public:
     bool redo();
     bool canUndo() const { return !done_.empty(); }
     bool canRedo() const { return !undone_.empty(); }
-    // The extension's steps of the last edit.
+    // The extension's steps of the last edit; there has to be one.
     const EditSteps& lastSteps() const { return done_.back().steps; }
 
-    // Tells the extension that the project changed, outside any edit.
+    // Tells the extension that the project changed, outside any edit. Not after `terminate`.
     void notify();
 
-    // Closes the document and gives the extension back. The history stays.
+    // Closes the document and gives the extension back. The history stays. To be called once.
     void terminate();
 
 private:

@@ -82,6 +82,7 @@ LIBRARIES = {
     "stdexcept": r"std::(runtime_error|logic_error|invalid_argument|out_of_range|length_error|domain_error|range_error)\b",
     "string": r"std::(u16|u32|w)?string\b|std::(to_string|getline|sto[iuldf]\w*|char_traits)\b",
     "string_view": r"std::(u16|u32|w)?string_view\b",
+    "system_error": r"std::(error_code|errc|make_error_code|system_error|error_condition)\b",
     "thread": r"std::(thread|this_thread)\b",
     "tuple": r"std::(tuple|tie|make_tuple|forward_as_tuple|ignore)\b",
     "type_traits": r"std::(is_\w+|enable_if_t|conditional_t|decay_t|remove_\w+_t|underlying_type_t|invoke_result_t|void_t|add_\w+_t)\b(?!\()",

@@ -22,7 +22,8 @@ cmake --preset fuzz -B $database -DVST3_SDK_DIR="${VST3_SDK_DIR:-$PWD/.deps/vst3
 # Prints what a tool said, only when it failed.
 quietly() {
     "$@" >$database/findings.log 2>$database/messages.log || {
-        grep -hE -A3 '(warning|error|performance|portability):' $database/*s.log || cat $database/messages.log
+        grep -hE -A3 '(warning|error|performance|portability):' $database/{findings,messages}.log ||
+            cat $database/messages.log
         echo "lint: '$1' found something, see above." >&2
         exit 1
     } >&2

@@ -2,8 +2,8 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 #
 # Builds and runs every test: natively, natively with sanitizers, and built for Windows under Wine;
-# then every fuzz target for a short while.
-# Ends with one line that counts them all.
+# then those of the module files, the scripts, the documents and the package, and every fuzz target
+# for a short while. Ends with one line that counts them all.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -48,6 +48,8 @@ runPythonTests module-files tools/check_module_files.py build/linux/$linuxModule
     build/windows/WyBeta.vst3 --report "$reports/module-files.json"
 runPythonTests dictionary-generator tools/unittest_report.py make_dictionary_test \
     "$reports/dictionary-generator.json"
+runPythonTests include-check tools/unittest_report.py check_includes_test \
+    "$reports/include-check.json"
 tools/build.sh linux wysim
 runPythonTests documents tools/unittest_report.py docs_tests "$reports/documents.json"
 

@@ -23,7 +23,6 @@ public:
 
     std::int64_t rowOf(double time) const;
     double startOf(std::int64_t row) const;
-    double endOf(std::int64_t row) const { return startOf(row + 1); }
     // The measure that begins a row, counted from 1; an incomplete first measure is 0.
     std::int64_t firstMeasure(std::int64_t row) const;
 

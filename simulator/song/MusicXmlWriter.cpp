@@ -123,7 +123,7 @@ private:
         measure_ = part_.append_child("measure");
         measureEnd_ = std::max(ticks(measureAfter(song_, start)), now_ + 1);
         const bool isPickup = isFirst && song_.pickup > 0;
-        number_ += isFirst && isPickup ? 0 : 1;
+        number_ += isPickup ? 0 : 1;
         measure_.append_attribute("number").set_value(number_);
         if (isPickup) {
             measure_.append_attribute("implicit").set_value("yes");

@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <locale>
 #include <sstream>
+#include <system_error>
 
 namespace wybeta::simulator {
 

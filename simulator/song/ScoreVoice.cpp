@@ -21,7 +21,7 @@ void takeSyllable(ScoreNote& to, ScoreNote& from) {
     }
 }
 
-// Merges each note into the one before it where 'merge' says so by merging.
+// Merges each note into the one before it where `merge` says so by merging.
 template <class Merge>
 void mergeNeighbours(std::vector<ScoreNote>& notes, Merge merge) {
     std::vector<ScoreNote> merged;

@@ -31,7 +31,7 @@ private:
     void typeWords();
     void cutOverlaps();
 
-    std::vector<ScoreNote> notes_; // in the order of their starts once it is taken
+    std::vector<ScoreNote> notes_; // in the order of the score until they are taken
 };
 
 } // namespace wybeta::simulator

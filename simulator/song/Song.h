@@ -43,7 +43,7 @@ constexpr int kHighestPitch = 127;
 std::size_t countNotes(const Song& song);
 // Where the last note of the song ends.
 double endOf(const Song& song);
-// Where the first measure that is complete or begins after 'time' begins.
+// Where the first measure that is complete or begins after `time` begins.
 double measureAfter(const Song& song, double time);
 
 // Whether a line of text in a song can hold the character.
@@ -57,7 +57,8 @@ void checkTime(const Song& song);
 // Whether the second note begins before the first has ended.
 bool overlap(const SongNote& first, const SongNote& second);
 
-// Throws BadInput unless the song has notes, and those of each track one after the other.
+// Throws BadInput unless the song has notes, those of each track one after the other, and a time
+// signature, a title and names that a song can hold. The notes by themselves are left to checkNote.
 void checkSong(const Song& song);
 
 } // namespace wybeta::simulator

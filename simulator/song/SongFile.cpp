@@ -12,6 +12,7 @@
 #include <cstdint>
 #include <fstream>
 #include <new>
+#include <system_error>
 
 namespace wybeta::simulator {
 

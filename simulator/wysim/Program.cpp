@@ -23,6 +23,7 @@
 #include <optional>
 #include <stdexcept>
 #include <string_view>
+#include <system_error>
 #include <utility>
 
 namespace wybeta::simulator {
@@ -44,7 +45,7 @@ public:
     RunningModule(const RunningModule&) = delete;
     RunningModule& operator=(const RunningModule&) = delete;
 
-    // Lets 'work' use an editor with the module's extension.
+    // Lets `work` use an editor with the module's extension.
     void use(const std::function<void(Editor&)>& work) const {
         SharedState state;
         {

@@ -39,7 +39,7 @@ void expectNothing(std::string_view arguments) {
     }
 }
 
-// One of the numbers 1 to 'last', as an index.
+// One of the numbers 1 to `last`, as an index.
 std::size_t indexFrom(std::string_view number, std::size_t last, const std::string& what) {
     if (last == 0) {
         throw BadInput::expected(what, "none in the track");

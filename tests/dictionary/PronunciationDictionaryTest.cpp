@@ -151,8 +151,6 @@ private:
     }
 };
 
-// --- Lines ---
-
 TEST(PronunciationDictionary, IsEmptyForAnEmptyText) {
     EXPECT_EQ(loadedRows(""), Rows{});
 }
@@ -185,8 +183,6 @@ TEST(PronunciationDictionary, PassesOverBlankLines) {
     EXPECT_EQ(loadedRows("\n\ra\tah0\ta\r\r\n \t \n\nb\tb iy1\tb\n\n"),
               (Rows{{"a", "ah", "a"}, {"b", "b iy", "b"}}));
 }
-
-// --- Fields ---
 
 TEST(PronunciationDictionary, PassesOverLinesWithTwoOrFourFields) {
     EXPECT_EQ(loadedRows("word\n"
@@ -224,8 +220,6 @@ TEST(PronunciationDictionary, TakesNulAndBytesAbove7FLikeAnyOther) {
     EXPECT_EQ(loadedRows("a\0b\t\0\t\xFF\0\n"s), (Rows{{"a\0b"s, "\0"s, "\xFF\0"s}}));
     EXPECT_EQ(loadedRows("\xC3\xA9\tey1\t\xC3\xA9\n"), (Rows{{"\xC3\xA9", "ey", "\xC3\xA9"}}));
 }
-
-// --- Words ---
 
 TEST(PronunciationDictionary, KeepsTheLastLineOfAWord) {
     EXPECT_EQ(loadedRows("a\tah0\tx\na\tey1\ty\n"), (Rows{{"a", "ey", "y"}}));
@@ -278,8 +272,6 @@ TEST(PronunciationDictionary, OfTheModuleIsReplacedAsAWhole) {
     EXPECT_EQ(rowsOf(pronunciationDictionary()), (Rows{{"b", "b iy", "b"}}));
     dictionary = std::move(original);
 }
-
-// --- Against the plain loader ---
 
 TEST(PronunciationDictionary, LoadsWordsInAnyOrderLikeThePlainLoader) {
     constexpr int kWords = 20000;
@@ -345,8 +337,6 @@ TEST(PronunciationDictionary, LoadsRandomLinesLikeThePlainLoader) {
     }
     EXPECT_GT(rows, 3000u);
 }
-
-// --- The text of the module ---
 
 TEST(PronunciationDictionary, LoadsTheTextOfTheModuleLikeThePlainLoader) {
     const std::string_view text(realText().data, static_cast<std::size_t>(realText().size));

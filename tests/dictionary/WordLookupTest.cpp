@@ -44,8 +44,6 @@ Items convert(std::u32string_view lyric, Items items = {}) {
     return convert(realDictionary(), lyric, std::move(items));
 }
 
-// --- Finding a word ---
-
 TEST(ConvertEnglishWord, AppendsOneItemForEachSyllable) {
     EXPECT_EQ(convert(U"abandon"), (Items{"ah", "b ae n", "d ah n"}));
     EXPECT_EQ(convert(U"a"), Items{"ah"});
@@ -117,8 +115,6 @@ TEST(ConvertEnglishWord, RaisesOnWhatIsNoCodePointAndLeavesTheItems) {
     }
 }
 
-// --- The word "0" ---
-
 TEST(ConvertEnglishWord, MakesZeroARestAtTheBeginning) {
     EXPECT_EQ(convert(U"0"), Items{"sil"});
 }
@@ -147,8 +143,6 @@ TEST(ConvertEnglishWord, MakesRoomForZeroBeforeItLooksItUp) {
     EXPECT_EQ(convert(load("0\tz iy1 . r ow0\tze . ro\n"), U"0", {"b ae n"}),
               (Items{"b ae", "z iy", "r ow"}));
 }
-
-// --- Typed hyphens ---
 
 TEST(ConvertEnglishWord, CutsTheSyllableOfAHyphenBehindItsVowel) {
     EXPECT_EQ(convert(U"lo-ve"), (Items{"l ah", "- v"}));
@@ -212,8 +206,6 @@ TEST(ConvertEnglishWord, CutsBehindASymbolThatBeginsAMember) {
     EXPECT_EQ(convert(load("kt\tk t\tkt\n"), U"k-t"), (Items{"k t", "- "}));
 }
 
-// --- Odd dictionaries and long words ---
-
 TEST(ConvertEnglishWord, TakesOddEntriesAsTheyAre) {
     const auto dictionary = load("none\t\tnone\n"
                                  "dots\t..\t.\n"
@@ -257,8 +249,6 @@ TEST(ConvertEnglishWord, TakesAHyphenBehindEachOfManySyllables) {
         ASSERT_EQ(items[i + 1], "- ") << i;
     }
 }
-
-// --- Every word of the dictionary ---
 
 std::u32string widened(std::string_view text) {
     return {text.begin(), text.end()};
@@ -359,8 +349,6 @@ TEST(ConvertEnglishWord, KeepsThePhonemesOfEveryWordWithAHyphenAtEveryPlaceInsid
         }
     }
 }
-
-// --- The nucleus ---
 
 TEST(FindSyllableNucleus, IsTheFirstVowel) {
     EXPECT_EQ(findSyllableNucleus({"b", "ae", "n"}), 1);

@@ -32,7 +32,7 @@ std::string_view singlePhonemes(std::u32string_view text, std::size_t i = 0) {
 
 using Syllables = std::vector<std::string>;
 
-/// The syllables of a text when a pair is tried first at each position, as the lyric scan does.
+// The syllables of a text when a pair is tried first at each position, as the lyric scan does.
 Syllables syllables(std::u32string_view text) {
     Syllables result;
     for (std::size_t i = 0; i < text.size(); ++i) {
@@ -46,7 +46,7 @@ Syllables syllables(std::u32string_view text) {
     return result;
 }
 
-/// The hiragana for a katakana, if there is one: the long-vowel mark has none.
+// The hiragana for a katakana, if there is one: the long-vowel mark has none.
 std::optional<char32_t> hiraganaOf(char32_t katakana) {
     const char32_t hiragana = katakana - 0x60;
     if (hiragana < 0x3041 || hiragana > 0x3094) {
@@ -69,7 +69,7 @@ bool isKanaOfTheTable(char32_t c) {
 
 constexpr char32_t kSweepEnd = 0x10400;
 
-/// One line of a second, independently ordered chart: a consonant and its kana for one vowel each.
+// One line of a second, independently ordered chart: a consonant and its kana for one vowel each.
 struct ChartLine {
     std::string_view consonant;
     std::u32string_view kana;
@@ -105,7 +105,7 @@ constexpr ChartLine kSingleChart[] = {
     {"c", U"ッ", "l"},
 };
 
-/// The same for pairs: one leading kana and the small kana that may follow it.
+// The same for pairs: one leading kana and the small kana that may follow it.
 struct PairChartLine {
     std::string_view consonant;
     char32_t first;

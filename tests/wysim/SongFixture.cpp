@@ -13,6 +13,7 @@
 #include <iterator>
 #include <random>
 #include <sstream>
+#include <system_error>
 
 namespace wybeta::tests {
 
