@@ -33,13 +33,8 @@ std::vector<std::string_view> splitAtSpace(std::string_view text, std::size_t ma
 std::vector<std::string_view> splitAtDelimiter(std::string_view text, std::string_view delimiter,
                                                std::size_t maxSplits) {
     std::vector<std::string_view> pieces;
-    auto cut = text.find(delimiter);
-    while (cut != std::string_view::npos && pieces.size() < maxSplits) {
-        pieces.push_back(text.substr(0, cut));
-        text.remove_prefix(cut + delimiter.size());
-        cut = text.find(delimiter);
-    }
-    pieces.push_back(text);
+    forEachPiece(
+        text, delimiter, [&pieces](std::string_view piece) { pieces.push_back(piece); }, maxSplits);
     return pieces;
 }
 

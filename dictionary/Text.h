@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <cstddef>
+#include <limits>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,13 +15,16 @@ bool isSpace(char byte);
 // The text without the white space at both of its ends.
 std::string_view trimmed(std::string_view text);
 
-// Hands each piece of a text to `take`, as splitText cuts it at a delimiter that is not empty.
+// Hands the pieces of a text to `take`, one after the other, as splitText cuts it at a delimiter
+// that is not empty. Behind so many cuts the rest stays whole.
 template <class Take>
-void forEachPiece(std::string_view text, std::string_view delimiter, Take take) {
-    for (auto cut = text.find(delimiter); cut != std::string_view::npos;
-         cut = text.find(delimiter)) {
+void forEachPiece(std::string_view text, std::string_view delimiter, Take take,
+                  std::size_t maxSplits = std::numeric_limits<std::size_t>::max()) {
+    auto cut = text.find(delimiter);
+    for (; cut != std::string_view::npos && maxSplits != 0; --maxSplits) {
         take(text.substr(0, cut));
         text.remove_prefix(cut + delimiter.size());
+        cut = text.find(delimiter);
     }
     take(text);
 }

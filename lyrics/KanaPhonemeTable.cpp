@@ -154,6 +154,7 @@ static_assert(areInRange(), "a kana of the charts lies outside the range");
 
 // Where the charts have the first entry of each kana and of each two: its position plus one, 0
 // where they have none.
+static_assert(kSingles.size() < 256 && kPairs.size() < 256);
 using SinglePositions = std::array<std::uint8_t, kSlots>;
 using PairPositions = std::array<std::array<std::uint8_t, kSlots>, kSlots>;
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // What Windows tells the module when it is loaded: its handle, from which its folder follows.
+// Nothing reads them now; code that needs either can't learn it later.
 #include <windows.h>
 
 #include <cwchar>

@@ -8,6 +8,7 @@ are built already. The report is of the JSON form that GoogleTest writes.
 
 import argparse
 import os
+import re
 import shutil
 import subprocess
 import sys
@@ -21,7 +22,8 @@ import unittest_report
 from check_module_files import PeFile
 
 PROJECT = Path.cwd()
-NAME = "wy-beta-3.0.3-windows-x64"
+VERSION = re.search(r"project\(\w+ VERSION ([\d.]+)", Path("CMakeLists.txt").read_text())[1]
+NAME = f"wy-beta-{VERSION}-windows-x64"
 FILES = ["LICENSE", "README.ja.md", "README.md", "THIRD-PARTY-NOTICES", "WyBeta.vst3"]
 SDK = Path(os.environ.get("VST3_SDK_DIR", PROJECT / ".deps/vst3sdk"))
 DATE = 1700000000
