@@ -96,7 +96,7 @@ private:
         for (std::size_t left = random_.below(3); left > 0; --left) {
             track->add(makePart());
         }
-        tracks_.push_back(track);
+        tracks_.emplace_back(track);
         return track;
     }
 
