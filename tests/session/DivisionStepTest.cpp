@@ -52,8 +52,6 @@ protected:
         EXPECT_EQ(steps.size(), 1u);
         return steps.at(0);
     }
-
-    static Part& partOf(const Track& track) { return dynamic_cast<Part&>(*track.items()[0]); }
 };
 
 TEST_F(DivisionStep, WritesTheNewTextsTheOldOnesAndTheNewOnesAgain) {

@@ -7,7 +7,6 @@
 #include "simulator/EditContext.h"
 #include "simulator/Editor.h"
 #include "simulator/HostObject.h"
-#include "simulator/ProjectTree.h"
 #include "simulator/Track.h"
 #include "tests/session/SessionTest.h"
 
@@ -32,8 +31,6 @@ constexpr std::string_view kIsFlagged = "IPartEvent.isFlagged";
 
 class HostCallsBack : public SessionTest {
 protected:
-    static Part& partOf(const Track& track) { return dynamic_cast<Part&>(*track.items()[0]); }
-
     // Acts at every call of that name, but not at the calls that the action itself leads to.
     void onEvery(std::string_view name, std::function<void()> action) {
         const auto isActing = std::make_shared<bool>(false);

@@ -90,6 +90,9 @@ protected:
     Handle<Part> makePart(const Lyrics& notes) const;
     Handle<Track> makeTrack(const std::vector<Lyrics>& parts) const;
 
+    // The first part of a track.
+    static Part& partOf(const Track& track) { return dynamic_cast<Part&>(*track.items()[0]); }
+
     // Puts a voice track into the project without telling the extension.
     Track& addTrack(const Lyrics& notes) { return addTrackOf({notes}); }
     Track& addTrackOf(const std::vector<Lyrics>& parts);

@@ -4,7 +4,6 @@
 #include "simulator/Editor.h"
 #include "simulator/Event.h"
 #include "simulator/HostObject.h"
-#include "simulator/ProjectTree.h"
 #include "simulator/Track.h"
 #include "simulator/wysim/OpenSong.h"
 #include "tests/session/SessionTest.h"
@@ -25,8 +24,6 @@ protected:
         EXPECT_TRUE(hook().empty());
         EXPECT_EQ(recordedLyrics(track), lyrics);
     }
-
-    static Part& partOf(const Track& track) { return dynamic_cast<Part&>(*track.items()[0]); }
 };
 
 TEST_F(Story, TypesDividesUndoesRedoesUndoesAgainAndTypesSomethingElse) {

@@ -72,10 +72,7 @@ public:
     }
 };
 
-class UnreliableHost : public SessionTest {
-protected:
-    static Part& partOf(const Track& track) { return dynamic_cast<Part&>(*track.items()[0]); }
-};
+class UnreliableHost : public SessionTest {};
 
 TEST_F(UnreliableHost, HasAProjectThatNeverEnds) {
     const auto folder = make<GapNode<Folder>>(state());
