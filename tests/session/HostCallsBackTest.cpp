@@ -32,7 +32,7 @@ constexpr std::string_view kIsFlagged = "IPartEvent.isFlagged";
 class HostCallsBack : public SessionTest {
 protected:
     // Acts at every call of that name, but not at the calls that the action itself leads to.
-    void onEvery(std::string_view name, std::function<void()> action) {
+    void onEvery(std::string_view name, const std::function<void()>& action) {
         const auto isActing = std::make_shared<bool>(false);
         state()->calls.intercept([name, isActing, action](const HostCall& call) {
             if (call.name == name && !*isActing) {
