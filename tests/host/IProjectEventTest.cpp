@@ -61,7 +61,7 @@ TEST(IProjectNoteEvent, SeesATextWithItsTypeInTheFirstTwoBytesAndItsAddressInThe
     const FVariant value(text);
 
     std::array<unsigned char, sizeof(value)> bytes{};
-    std::memcpy(bytes.data(), &value, sizeof(value));
+    std::memcpy(bytes.data(), static_cast<const void*>(&value), sizeof(value));
     const char16_t* address = nullptr;
     std::memcpy(&address, bytes.data() + 8, sizeof(address));
     EXPECT_EQ(sizeof(value), 16u);

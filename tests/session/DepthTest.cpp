@@ -16,7 +16,7 @@ namespace {
 
 using Depth = SessionTest;
 
-constexpr std::size_t kStackBytes = 1024 * 1024;
+constexpr std::size_t kStackBytes = std::size_t{1024} * 1024;
 constexpr int kFolders = 100'000;
 
 TEST_F(Depth, OfAHundredThousandFoldersWalksOnAStackOfOneMebibyte) {

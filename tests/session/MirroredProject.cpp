@@ -125,7 +125,7 @@ Handle<TreeItem> MirroredProject::makeObject(const Item& item) {
 // Each misses something that makes a voice track.
 Handle<Track> MirroredProject::makeOtherTrack() {
     const bool isInstrument = random_.oneIn(2);
-    const auto track = make<Track>(state_, isInstrument ? "instrument" : "audio");
+    auto track = make<Track>(state_, isInstrument ? "instrument" : "audio");
     if (!isInstrument) {
         track->setDevice(makeDevice(state_, Plugin::Kind::VoiceSynthesizer));
     } else if (random_.oneIn(2)) {

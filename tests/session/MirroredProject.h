@@ -50,7 +50,7 @@ public:
     simulator::TreeNode& node(Id id) const;
     // An ID for each event that ever was.
     const std::map<const host::IProjectNode*, Id>& events() const { return events_; }
-    std::string lyricInEditor(Id event) const;
+    std::string lyricInEditor(Id id) const;
 
     void forget();
 
