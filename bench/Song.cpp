@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "bench/Song.h"
 
-#include "simulator/ModuleFile.h"
+#include "simulator/LoadedModule.h"
 #include "simulator/Track.h"
 
 #include "pluginterfaces/base/ipluginbase.h"

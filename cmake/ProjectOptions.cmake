@@ -9,7 +9,7 @@ endfunction()
 
 add_library(project_options INTERFACE)
 target_include_directories(project_options INTERFACE
-    ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR}/generated)
+    ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/src ${PROJECT_BINARY_DIR}/generated)
 add_cxx_options(project_options
     -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror
     -fvisibility=hidden -fvisibility-inlines-hidden)

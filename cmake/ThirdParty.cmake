@@ -27,7 +27,7 @@ else()
         ${VST3_SDK_DIR}/base/source/timer.cpp
         ${VST3_SDK_DIR}/public.sdk/source/common/commoniids.cpp)
     target_compile_options(vst3sdk PUBLIC
-        "SHELL:$<$<COMPILE_LANGUAGE:CXX>:-include ${PROJECT_SOURCE_DIR}/host/ComAbi.h>")
+        "SHELL:$<$<COMPILE_LANGUAGE:CXX>:-include ${PROJECT_SOURCE_DIR}/src/host/ComAbi.h>")
 endif()
 
 # Header-only packages are reached through links, one folder each: the cross compiler must not see

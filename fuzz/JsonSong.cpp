@@ -2,11 +2,11 @@
 //
 // The input is a project file of wysim. It is refused with BadInput, or is a song that keeps
 // through writing and reading.
-#include "simulator/song/JsonSong.h"
+#include "wysim/song/JsonSong.h"
 #include "fuzz/Check.h"
 #include "fuzz/SongChecks.h"
-#include "simulator/song/BadInput.h"
-#include "simulator/song/Song.h"
+#include "wysim/song/BadInput.h"
+#include "wysim/song/Song.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -5,11 +5,11 @@
 // the byte, as a score in all that a score's grid of times can say.
 #include "fuzz/Check.h"
 #include "fuzz/SongChecks.h"
-#include "simulator/song/BadInput.h"
-#include "simulator/song/MusicXmlWriter.h"
-#include "simulator/song/Progress.h"
-#include "simulator/song/Song.h"
-#include "simulator/song/SongFile.h"
+#include "wysim/song/BadInput.h"
+#include "wysim/song/MusicXmlWriter.h"
+#include "wysim/song/Song.h"
+#include "wysim/song/SongFile.h"
+#include "wysim/terminal/Progress.h"
 
 #include <unistd.h>
 

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "fuzz/Check.h"
-#include "simulator/song/BadInput.h"
-#include "simulator/song/JsonSong.h"
-#include "simulator/song/Song.h"
+#include "wysim/song/BadInput.h"
+#include "wysim/song/JsonSong.h"
+#include "wysim/song/Song.h"
 
 #include <string>
 

@@ -3,8 +3,8 @@
 // The first byte of the input is the greatest number of cuts less one, the second the length of the
 // delimiter; the delimiter and the text follow. The text has to be cut as a naive reader cuts it,
 // byte by byte, and joining the pieces has to give it back.
-#include "dictionary/Text.h"
 #include "fuzz/Check.h"
+#include "text/Splitting.h"
 
 #include <cctype>
 #include <cstddef>

@@ -3,8 +3,8 @@
 
 #include "simulator/EditContext.h"
 #include "simulator/Event.h"
+#include "simulator/ExtensionInstance.h"
 #include "simulator/HostObject.h"
-#include "simulator/LoadedExtension.h"
 #include "simulator/ProjectHost.h"
 #include "simulator/ProjectTree.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "simulator/CallLog.h"
+#include "simulator/CallInterceptor.h"
 #include "simulator/Ledger.h"
 
 #include "pluginterfaces/base/funknown.h"

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "simulator/ExtensionInstance.h"
 #include "simulator/HostObject.h"
-#include "simulator/LoadedExtension.h"
-#include "simulator/ModuleFile.h"
+#include "simulator/LoadedModule.h"
 #include "tests/Options.h"
 #include "tests/SimulatedHost.h"
 

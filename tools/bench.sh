@@ -14,4 +14,4 @@ tools/dist.sh build/dist >/dev/null
     --benchmark_enable_random_interleaving=true --benchmark_display_aggregates_only=true \
     --benchmark_out=../bench.json --benchmark_out_format=json "$@")
 python3 tools/bench_table.py build/bench.json build/dist/WyBeta.vst3 \
-    resources/cmudict-0.7b-utf8-spll | tee build/bench.md
+    src/resources/cmudict-0.7b-utf8-spll | tee build/bench.md

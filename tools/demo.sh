@@ -15,10 +15,10 @@ mkdir -p "$output"
 # singSongs WYSIM...: a session on each song, its picture, and its syllables against its notes.
 singSongs() {
     local song name
-    for song in ../../simulator/songs/*.musicxml; do
+    for song in ../../wysim/songs/*.musicxml; do
         name=$(basename "$song" .musicxml)
         echo
-        "$@" "$song" --script ../../simulator/songs/session.txt --svg "$name.svg"
+        "$@" "$song" --script ../../wysim/songs/session.txt --svg "$name.svg"
         echo
         "$@" compare "$song"
         mv "$name.svg" "$output/"
@@ -27,14 +27,14 @@ singSongs() {
 
 runLinux() {
     cd build/linux
-    simulator/demo WyBeta.vst3/Contents/x86_64-linux/WyBeta.so
-    singSongs simulator/wysim
+    wysim/demo WyBeta.vst3/Contents/x86_64-linux/WyBeta.so
+    singSongs wysim/wysim
 }
 
 runWindows() {
     cd build/windows
-    ../../tools/wine.sh simulator/demo.exe WyBeta.vst3
-    singSongs ../../tools/wine.sh simulator/wysim.exe
+    ../../tools/wine.sh wysim/demo.exe WyBeta.vst3
+    singSongs ../../tools/wine.sh wysim/wysim.exe
 }
 
 expectSame() {

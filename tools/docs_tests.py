@@ -15,7 +15,7 @@ from pathlib import Path
 
 PROJECT = Path.cwd()
 BUILD = PROJECT / "build/linux"
-WYSIM = "build/linux/simulator/wysim"
+WYSIM = "build/linux/wysim/wysim"
 GUIDES = ["README.md", "README.ja.md", "CONTRIBUTING.md"]
 DOCUMENTS = [*GUIDES, "docs/architecture.md"]
 
@@ -85,7 +85,7 @@ class DocumentTest(unittest.TestCase):
         scratch = tempfile.TemporaryDirectory()
         self.addCleanup(scratch.cleanup)
         self.folder = Path(scratch.name)
-        for name in ("build", "simulator"):
+        for name in ("build", "wysim"):
             (self.folder / name).symlink_to(PROJECT / name)
         (self.folder / "docs").mkdir()
 
@@ -144,7 +144,7 @@ class Commands(DocumentTest):
 
 class Picture(DocumentTest):
     def test_is_what_the_simulator_draws(self) -> None:
-        run(WYSIM, "simulator/songs/two-bars.json", "--svg", "docs/hello-sakura.svg",
+        run(WYSIM, "wysim/songs/two-bars.json", "--svg", "docs/hello-sakura.svg",
             folder=self.folder)
         drawn = (self.folder / "docs/hello-sakura.svg").read_bytes()
         self.assertTrue(drawn == (PROJECT / "docs/hello-sakura.svg").read_bytes())

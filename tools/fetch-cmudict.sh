@@ -3,7 +3,7 @@
 #
 # Fetches the CMU Pronouncing Dictionary 0.7b, the source of the dictionary text:
 #     tools/fetch-cmudict.sh CMUDICT_FILE
-#     tools/make_dictionary.py CMUDICT_FILE --output resources/cmudict-0.7b-utf8-spll
+#     tools/make_dictionary.py CMUDICT_FILE --output src/resources/cmudict-0.7b-utf8-spll
 # Only needed to make the text anew; a build uses the text as committed.
 
 set -euo pipefail

@@ -7,7 +7,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-readonly folders=(bench dictionary editsteps extension fuzz host lyrics module resources simulator tests)
+readonly folders=(bench fuzz simulator src tests wysim)
 tidied=("$@")
 [ $# -gt 0 ] || tidied=("${folders[@]}")
 

@@ -13,7 +13,7 @@ from unittest import mock
 import make_dictionary
 
 TOOLS = Path(__file__).resolve().parent
-COMMITTED_TEXT = TOOLS.parent / "resources" / "cmudict-0.7b-utf8-spll"
+COMMITTED_TEXT = TOOLS.parent / "src" / "resources" / "cmudict-0.7b-utf8-spll"
 
 CMU_LINES = b""";;; a comment
 ABANDON  AH0 B AE1 N D AH0 N

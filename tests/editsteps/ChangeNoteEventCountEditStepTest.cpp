@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "editsteps/ChangeNoteEventCountEditStep.h"
-#include "editsteps/NoteChange.h"
-#include "extension/TrackTable.h"
 #include "host/IEditStep.h"
 #include "host/IProjectNode.h"
 #include "simulator/EditContext.h"
 #include "simulator/HostObject.h"
 #include "simulator/ProjectTree.h"
 #include "simulator/Track.h"
-#include "tests/editsteps/CurrentTable.h"
-#include "tests/editsteps/NamedNotes.h"
+#include "tests/tracks/CurrentTable.h"
+#include "tests/tracks/NamedNotes.h"
+#include "tracks/NoteListDiff.h"
+#include "tracks/TrackTable.h"
 
 #include "pluginterfaces/base/smartpointer.h"
 

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "extension/WyBetaExtension.h"
 #include "dictionary/PronunciationDictionary.h"
-#include "extension/TrackTable.h"
 #include "host/IProjectHost.h"
 #include "host/IProjectNotification.h"
-#include "host/NoteRecord.h"
-#include "simulator/CallLog.h"
+#include "simulator/CallInterceptor.h"
 #include "simulator/HostObject.h"
 #include "simulator/ProjectHost.h"
 #include "tests/SimulatedHost.h"
+#include "tracks/NoteRecord.h"
+#include "tracks/TrackTable.h"
 
 #include "base/source/fobject.h"
 #include "pluginterfaces/base/ipluginbase.h"

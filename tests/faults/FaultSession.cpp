@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/faults/FaultSession.h"
 
-#include "extension/TrackTable.h"
+#include "tracks/TrackTable.h"
 
 #include <gtest/gtest.h>
 

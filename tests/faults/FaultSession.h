@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "host/NoteRecord.h"
-#include "simulator/CallLog.h"
+#include "simulator/CallInterceptor.h"
 #include "simulator/EditContext.h"
 #include "simulator/Event.h"
+#include "simulator/ExtensionInstance.h"
 #include "simulator/HostObject.h"
-#include "simulator/LoadedExtension.h"
 #include "simulator/ProjectHost.h"
 #include "simulator/ProjectTree.h"
 #include "simulator/Track.h"
 #include "tests/SimulatedHost.h"
+#include "tracks/NoteRecord.h"
 
 #include "pluginterfaces/base/fvariant.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "simulator/LoadedExtension.h"
+#include "simulator/ExtensionInstance.h"
 #include "tests/faults/FaultSession.h"
 #include "tests/faults/Scenario.h"
 

@@ -3,7 +3,7 @@
 // The host answers badly, at every call that the extension makes in turn. What becomes of the
 // lyrics is the host's own affair then; the extension has to let go of everything, to come to an
 // end and to be right again as soon as the host is.
-#include "simulator/CallLog.h"
+#include "simulator/CallInterceptor.h"
 #include "simulator/HostObject.h"
 #include "simulator/ProjectTree.h"
 #include "tests/faults/FaultSession.h"

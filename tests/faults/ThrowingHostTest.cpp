@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // The host throws, at every call that the extension makes in turn.
-#include "simulator/CallLog.h"
+#include "simulator/CallInterceptor.h"
 #include "tests/faults/FaultTest.h"
 #include "tests/faults/Scenario.h"
 

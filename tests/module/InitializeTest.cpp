@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/IProjectHost.h"
 #include "host/IProjectNotification.h"
-#include "simulator/CallLog.h"
+#include "simulator/CallInterceptor.h"
+#include "simulator/ExtensionInstance.h"
 #include "simulator/HostObject.h"
-#include "simulator/LoadedExtension.h"
 #include "simulator/ProjectHost.h"
 #include "tests/ModuleFixture.h"
 #include "tests/SimulatedHost.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "simulator/ModuleFile.h"
+#include "simulator/LoadedModule.h"
 #include "tests/Options.h"
 
 #include "pluginterfaces/base/smartpointer.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/IProjectHost.h"
-#include "simulator/CallLog.h"
+#include "simulator/CallInterceptor.h"
 #include "simulator/EditContext.h"
 #include "simulator/Event.h"
 #include "simulator/HostObject.h"

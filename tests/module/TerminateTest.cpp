@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/IProjectNotification.h"
-#include "simulator/CallLog.h"
+#include "simulator/CallInterceptor.h"
+#include "simulator/ExtensionInstance.h"
 #include "simulator/HostObject.h"
-#include "simulator/LoadedExtension.h"
 #include "simulator/ProjectHost.h"
 #include "tests/ModuleFixture.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "resources/ResourceTable.h"
 
-#include "dictionary/Text.h"
+#include "text/Splitting.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 //
 // Plays a session over and over; each time the host does something unexpected at another one of the
 // calls that the extension makes.
-#include "simulator/CallLog.h"
+#include "simulator/CallInterceptor.h"
 #include "simulator/EditContext.h"
 #include "simulator/HostObject.h"
 #include "simulator/ProjectTree.h"

@@ -2,14 +2,14 @@
 //
 // What undoing and redoing a change of the note count does to the track table.
 #include "host/IEditStep.h"
-#include "simulator/CallLog.h"
+#include "simulator/CallInterceptor.h"
 #include "simulator/Event.h"
 #include "simulator/HostObject.h"
 #include "simulator/ProjectTree.h"
 #include "simulator/Track.h"
-#include "simulator/wysim/OpenSong.h"
 #include "tests/SimulatedHost.h"
 #include "tests/session/SessionTest.h"
+#include "wysim/session/SongInEditor.h"
 
 #include "pluginterfaces/base/smartpointer.h"
 

@@ -5,8 +5,8 @@
 #include "simulator/HostObject.h"
 #include "simulator/ProjectTree.h"
 #include "simulator/Track.h"
-#include "simulator/wysim/OpenSong.h"
 #include "tests/session/SessionTest.h"
+#include "wysim/session/SongInEditor.h"
 
 #include <gtest/gtest.h>
 

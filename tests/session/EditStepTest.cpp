@@ -4,7 +4,7 @@
 #include "host/IEditStep.h"
 #include "host/IProjectNode.h"
 #include "host/IProjectTrack.h"
-#include "simulator/CallLog.h"
+#include "simulator/CallInterceptor.h"
 #include "simulator/EditContext.h"
 #include "simulator/Editor.h"
 #include "simulator/HostObject.h"

@@ -3,7 +3,7 @@
 // The host calls the extension, or lets go of something, in the middle of a call that the extension
 // makes.
 #include "host/IEditStep.h"
-#include "simulator/CallLog.h"
+#include "simulator/CallInterceptor.h"
 #include "simulator/EditContext.h"
 #include "simulator/Editor.h"
 #include "simulator/HostObject.h"

@@ -3,7 +3,7 @@
 // Which tracks of the project tree a walk reaches, and in which order.
 #include "host/IProjectNode.h"
 #include "host/InterfaceId.h"
-#include "simulator/CallLog.h"
+#include "simulator/CallInterceptor.h"
 #include "simulator/EditContext.h"
 #include "simulator/HostObject.h"
 #include "simulator/ProjectTree.h"

@@ -3,8 +3,8 @@
 
 #include "host/IEditStep.h"
 #include "simulator/Editor.h"
+#include "simulator/ExtensionInstance.h"
 #include "simulator/HostObject.h"
-#include "simulator/LoadedExtension.h"
 #include "tests/session/MirroredProject.h"
 #include "tests/session/NaiveModel.h"
 #include "tests/session/RandomLyrics.h"

@@ -3,12 +3,12 @@
 
 #include "host/IEditStep.h"
 #include "host/IProjectNode.h"
-#include "simulator/CallLog.h"
+#include "simulator/CallInterceptor.h"
 #include "simulator/EditContext.h"
 #include "simulator/Editor.h"
 #include "simulator/Event.h"
 #include "simulator/HostObject.h"
-#include "simulator/ModuleFile.h"
+#include "simulator/LoadedModule.h"
 #include "simulator/ProjectTree.h"
 #include "simulator/Track.h"
 

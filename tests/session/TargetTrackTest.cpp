@@ -4,7 +4,7 @@
 #include "host/IProjectNode.h"
 #include "host/IProjectTrack.h"
 #include "host/InterfaceId.h"
-#include "simulator/CallLog.h"
+#include "simulator/CallInterceptor.h"
 #include "simulator/HostObject.h"
 #include "simulator/Track.h"
 #include "tests/session/SessionTest.h"

@@ -5,7 +5,7 @@
 
 #include "host/IProjectNode.h"
 #include "host/InterfaceId.h"
-#include "simulator/CallLog.h"
+#include "simulator/CallInterceptor.h"
 #include "simulator/EditContext.h"
 #include "simulator/Event.h"
 #include "simulator/HostObject.h"

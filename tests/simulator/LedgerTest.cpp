@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "simulator/Ledger.h"
 #include "host/IProjectNode.h"
-#include "simulator/CallLog.h"
+#include "simulator/CallInterceptor.h"
 #include "simulator/HostObject.h"
 #include "simulator/ProjectTree.h"
 

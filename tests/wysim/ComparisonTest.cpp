@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "simulator/song/JsonSong.h"
-#include "simulator/song/Song.h"
 #include "tests/wysim/SongFixture.h"
+#include "wysim/song/JsonSong.h"
+#include "wysim/song/Song.h"
 
 #include <gtest/gtest.h>
 

@@ -117,7 +117,7 @@ TEST(Import, ReadsScoresInUtf16) {
 
 TEST(Import, ReadsTheExampleSongs) {
     for (const auto* const name : {"twinkle", "amazing-grace", "sakura", "hello-sakura"}) {
-        const auto path = sourceFile(std::string("simulator/songs/") + name + ".musicxml");
+        const auto path = sourceFile(std::string("wysim/songs/") + name + ".musicxml");
         EXPECT_EQ(refusalOf(path), "");
     }
 }

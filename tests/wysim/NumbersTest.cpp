@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "simulator/song/Numbers.h"
+#include "wysim/song/Numbers.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/wysim/SongFixture.h"
 
-#include "simulator/wysim/Program.h"
 #include "tests/Options.h"
+#include "wysim/program/Program.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "simulator/song/Progress.h"
+#include "wysim/terminal/Progress.h"
 
 #include <gtest/gtest.h>
 

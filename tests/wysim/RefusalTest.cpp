@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "simulator/song/BadInput.h"
-#include "simulator/song/JsonSong.h"
-#include "simulator/song/MusicXmlReader.h"
-#include "simulator/song/Progress.h"
-#include "simulator/song/Song.h"
-#include "simulator/song/SongFile.h"
 #include "tests/wysim/SongFixture.h"
+#include "wysim/song/BadInput.h"
+#include "wysim/song/JsonSong.h"
+#include "wysim/song/MusicXmlReader.h"
+#include "wysim/song/Song.h"
+#include "wysim/song/SongFile.h"
+#include "wysim/terminal/Progress.h"
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "simulator/song/JsonSong.h"
-#include "simulator/song/MusicXmlReader.h"
-#include "simulator/song/MusicXmlWriter.h"
-#include "simulator/song/Progress.h"
-#include "simulator/song/Song.h"
 #include "tests/wysim/SongFixture.h"
+#include "wysim/song/JsonSong.h"
+#include "wysim/song/MusicXmlReader.h"
+#include "wysim/song/MusicXmlWriter.h"
+#include "wysim/song/Song.h"
+#include "wysim/terminal/Progress.h"
 
 #include <gtest/gtest.h>
 
@@ -30,7 +30,7 @@ Song songFromMusicXml(const std::string& bytes) {
 std::vector<std::filesystem::path> songs() {
     std::vector<std::filesystem::path> paths;
     for (const auto* const name : {"twinkle", "amazing-grace", "sakura", "hello-sakura"}) {
-        paths.push_back(sourceFile(std::string("simulator/songs/") + name + ".musicxml"));
+        paths.push_back(sourceFile(std::string("wysim/songs/") + name + ".musicxml"));
     }
     for (const auto* const name :
          {"ties", "rests", "words", "melisma", "two-voices", "pickup", "elision", "divisions"}) {

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/wysim/SongFixture.h"
 
-#include "simulator/song/BadInput.h"
-#include "simulator/song/Numbers.h"
-#include "simulator/song/Progress.h"
-#include "simulator/song/SongFile.h"
-#include "simulator/wysim/Program.h"
 #include "tests/Options.h"
+#include "wysim/program/Program.h"
+#include "wysim/song/BadInput.h"
+#include "wysim/song/Numbers.h"
+#include "wysim/song/SongFile.h"
+#include "wysim/terminal/Progress.h"
 
 #include <algorithm>
 #include <fstream>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "simulator/song/Song.h"
+#include "wysim/song/Song.h"
 
 #include <filesystem>
 #include <string>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "simulator/picture/SongPicture.h"
+#include "wysim/picture/SongPicture.h"
 
-#include "simulator/song/Song.h"
-#include "simulator/song/XmlDocument.h"
 #include "tests/wysim/SongFixture.h"
+#include "wysim/song/Song.h"
+#include "wysim/song/XmlDocument.h"
 
 #include <gtest/gtest.h>
 
@@ -89,7 +89,7 @@ TEST(SongPicture, OfAnEmptyTrackIsAHeading) {
 TEST(SongPicture, ComesFromASessionWithEveryLyric) {
     const TemporaryFolder folder;
     for (const auto* const name : {"twinkle", "amazing-grace", "sakura", "hello-sakura"}) {
-        const auto song = sourceFile(std::string("simulator/songs/") + name + ".musicxml");
+        const auto song = sourceFile(std::string("wysim/songs/") + name + ".musicxml");
         const auto svg = folder.file("song.svg").u8string();
         const auto json = folder.file("song.json");
         ASSERT_EQ(

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "simulator/song/ZipArchive.h"
+#include "wysim/song/ZipArchive.h"
 
-#include "simulator/song/BadInput.h"
 #include "tests/wysim/SongFixture.h"
+#include "wysim/song/BadInput.h"
 
 #include <gtest/gtest.h>
 

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "editsteps/EditStep.h"
+#include "host/IEditStep.h"
+#include "host/IProjectNode.h"
+#include "tracks/NoteListDiff.h"
+#include "tracks/TrackTable.h"
+#include "tracks/TrackTableUpkeep.h"
+
+namespace wybeta::editsteps {
+
+// Keeps the track table in line with the host's history after the user added or deleted notes.
+// Writes nothing to the host, and holds no note: their addresses are identities only.
+class ChangeNoteEventCountEditStep final : public EditStep {
+public:
+    enum class Cause { NotesAdded, NotesRemoved };
+
+    // `track` is the key under which the table knows the track.
+    ChangeNoteEventCountEditStep(host::IProjectNode* trackNode, TrackKey track, NoteChanges changes,
+                                 Cause cause);
+
+    Steinberg::tresult PLUGIN_API execute() override;
+    void PLUGIN_API undo() override;
+    void PLUGIN_API redo() override;
+    Steinberg::tresult PLUGIN_API
+    reportChangedObjects(host::IEditObjectCollector* collector) override;
+
+private:
+    void apply(CountChange kind);
+
+    NoteChanges changes_;
+    Cause cause_;
+    TrackKey track_;
+};
+
+} // namespace wybeta::editsteps

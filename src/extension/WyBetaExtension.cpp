@@ -1,0 +1,174 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "extension/WyBetaExtension.h"
+
+#include "dictionary/PronunciationDictionary.h"
+#include "extension/ProjectWalk.h"
+#include "host/IProjectNode.h"
+#include "host/InterfaceId.h"
+#include "host/Query.h"
+#include "resources/ResourceTable.h"
+#include "tracks/TrackTableUpkeep.h"
+
+#include <utility>
+
+namespace wybeta {
+
+namespace {
+
+using Steinberg::IPtr;
+using Steinberg::kInvalidArgument;
+using Steinberg::kResultFalse;
+using Steinberg::kResultOk;
+using Steinberg::tresult;
+
+IPtr<host::IProjectManager> findManager(host::IProjectHost& projectHost) {
+    void* found = nullptr;
+    if (projectHost.getInterface(host::IProjectManager::iid, &found) != kResultOk) {
+        return {};
+    }
+    return Steinberg::owned(static_cast<host::IProjectManager*>(found));
+}
+
+dictionary::PronunciationDictionary loadEmbeddedDictionary() {
+    const auto& text = *resources::findResource("cmudict0_7butf8spll");
+    return dictionary::loadPronunciationDictionary(text.data, text.size);
+}
+
+// Puts `value` into `place` before what was there is released, since the release may call back.
+template <class I>
+void replace(IPtr<I>& place, IPtr<I> value) {
+    std::swap(place, value);
+}
+
+} // namespace
+
+WyBetaExtension* WyBetaExtension::current_ = nullptr;
+
+TrackTable* currentTrackTable() {
+    WyBetaExtension* const extension = WyBetaExtension::current_;
+    return extension != nullptr ? &extension->trackTable_ : nullptr;
+}
+
+WyBetaExtension::WyBetaExtension() {
+    dictionary::pronunciationDictionary() = loadEmbeddedDictionary();
+}
+
+// The manager and the host go while all members are alive: they may call back as they are released,
+// since a host may drop the extension without having terminated it.
+WyBetaExtension::~WyBetaExtension() {
+    trackTable_.clear();
+    replace(projectManager_, {});
+    replace(projectHost_, {});
+    if (current_ == this) {
+        current_ = nullptr;
+    }
+}
+
+tresult PLUGIN_API WyBetaExtension::queryInterface(const Steinberg::TUID id, void** object) {
+    const auto answer = [this, object](void* face) {
+        addRef();
+        *object = face;
+        return kResultOk;
+    };
+    if (host::sameId(id, Steinberg::IPluginBase_iid)) {
+        return answer(static_cast<Steinberg::IPluginBase*>(this));
+    }
+    if (host::sameId(id, host::IProjectNotification::iid) ||
+        host::sameId(id, host::IProjectNotification2::iid) ||
+        host::sameId(id, host::IProjectNotification3::iid)) {
+        return answer(static_cast<host::IProjectNotification3*>(this));
+    }
+    if (host::sameId(id, host::IProjectStorageNotification::iid)) {
+        return answer(static_cast<host::IProjectStorageNotification*>(this));
+    }
+    if (host::sameId(id, host::IProjectEditHook::iid)) {
+        return answer(static_cast<host::IProjectEditHook*>(this));
+    }
+    return FObject::queryInterface(id, object);
+}
+
+tresult PLUGIN_API WyBetaExtension::initialize(Steinberg::FUnknown* context) {
+    const auto self = holdSelf();
+    replace(projectHost_, host::query<host::IProjectHost>(context));
+    const auto projectHost = projectHost_;
+    if (!projectHost) {
+        return kResultFalse;
+    }
+    replace(projectManager_, findManager(*projectHost));
+    if (const auto manager = projectManager_) {
+        manager->addNotification(this);
+    }
+    current_ = this;
+    return kResultOk;
+}
+
+tresult PLUGIN_API WyBetaExtension::terminate() {
+    const auto self = holdSelf();
+    current_ = nullptr;
+    replace(projectHost_, {});
+    // Taken out of the object first, so that a host that calls back finds it terminated already.
+    const auto manager = std::exchange(projectManager_, {});
+    if (!manager) {
+        return kResultOk;
+    }
+    manager->removeNotification(this);
+    for (Steinberg::int32 i = 0; i < manager->countDocuments(); ++i) {
+        if (auto* const document = manager->getDocument(i)) {
+            document->removeStorageNotification(this);
+        }
+    }
+    return kResultOk;
+}
+
+void PLUGIN_API WyBetaExtension::ignored3(void* /*hostDefined*/) {}
+
+void PLUGIN_API WyBetaExtension::ignored4(void* /*hostDefined*/) {}
+
+tresult PLUGIN_API WyBetaExtension::documentOpened(host::IProjectDocument* document) {
+    return document != nullptr ? document->addStorageNotification(this) : kInvalidArgument;
+}
+
+tresult PLUGIN_API WyBetaExtension::documentClosing(host::IProjectDocument* document) {
+    return document != nullptr ? document->removeStorageNotification(this) : kInvalidArgument;
+}
+
+tresult PLUGIN_API WyBetaExtension::ignored7(void* /*hostDefined*/) {
+    return kResultOk;
+}
+
+void PLUGIN_API WyBetaExtension::ignored8(void* /*hostDefined*/) {}
+
+void PLUGIN_API WyBetaExtension::projectChanged(Steinberg::FUnknown* node) {
+    walkProject(node, nullptr);
+}
+
+void PLUGIN_API WyBetaExtension::storageChanged(void* /*hostDefined*/) {}
+
+tresult PLUGIN_API WyBetaExtension::hookEdit(Steinberg::FUnknown* node,
+                                             host::IProjectEditContext* context) {
+    walkProject(node, context);
+    return kResultOk;
+}
+
+IPtr<Steinberg::IPluginBase> WyBetaExtension::holdSelf() {
+    return Steinberg::shared<Steinberg::IPluginBase>(this);
+}
+
+void WyBetaExtension::walkProject(Steinberg::FUnknown* argument,
+                                  host::IProjectEditContext* context) {
+    // The host may drop any of these while it is called back.
+    const auto self = holdSelf();
+    const auto keptArgument = Steinberg::shared(argument);
+    const auto keptContext = Steinberg::shared(context);
+    auto node = host::query<host::IProjectNode>(argument);
+    if (!node) {
+        return;
+    }
+    ProjectWalk walk(trackTable_, retiredLists_,
+                     static_cast<host::IProjectNotificationArgument&>(*argument), context);
+    walk.run(std::move(node));
+    editsteps::pruneTrackTable(trackTable_, walk.visited());
+    editsteps::pruneTrackTable(retiredLists_, walk.visited());
+}
+
+} // namespace wybeta

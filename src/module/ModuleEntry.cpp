@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "module/ModuleEntry.h"
+
+#include "extension/WyBetaExtension.h"
+#include "module/FactoryInfo.h"
+#include "public.sdk/source/main/pluginfactory.h"
+
+#include <new>
+
+namespace {
+
+Steinberg::int32 initCount = 0;
+
+// The extension needs nothing of the module but its code, so there is nothing to set up or to undo.
+bool initModule() {
+    return true;
+}
+
+bool deinitModule() {
+    return true;
+}
+
+Steinberg::FUnknown* createExtension(void* /*context*/) {
+    auto* const extension = new (std::nothrow) wybeta::WyBetaExtension;
+    return static_cast<Steinberg::IPluginBase*>(extension);
+}
+
+} // namespace
+
+// Returns the module's factory with a reference for the caller. The first call creates it.
+Steinberg::IPluginFactory* PLUGIN_API GetPluginFactory() {
+    using Steinberg::gPluginFactory;
+    if (gPluginFactory != nullptr) {
+        gPluginFactory->addRef();
+        return gPluginFactory;
+    }
+    gPluginFactory = new Steinberg::CPluginFactory(wybeta::factoryInfo());
+    gPluginFactory->registerClass(&wybeta::classRecord(), createExtension, nullptr);
+    return gPluginFactory;
+}
+
+bool InitDll() {
+    return ++initCount == 1 ? initModule() : true;
+}
+
+bool ExitDll() {
+    --initCount;
+    return initCount == 0 ? deinitModule() : initCount > 0;
+}

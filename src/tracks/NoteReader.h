@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "host/IProjectEvent.h"
+#include "tracks/NoteRecord.h"
+
+namespace wybeta::host {
+
+// Reads a note event into `record`, over whatever it holds. Returns false and leaves the record
+// untouched when the event is not a note. `timeContext` is the one of the event's part.
+bool readNoteEvent(IPartEvent& event, Steinberg::FUnknown* timeContext, NoteRecord& record);
+
+} // namespace wybeta::host

@@ -1,0 +1,206 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "wysim/program/Program.h"
+
+#include "simulator/Editor.h"
+#include "simulator/HostObject.h"
+#include "simulator/LoadedModule.h"
+#include "wysim/program/CommandLine.h"
+#include "wysim/session/Comparison.h"
+#include "wysim/session/Session.h"
+#include "wysim/song/BadInput.h"
+#include "wysim/song/Song.h"
+#include "wysim/song/SongFile.h"
+#include "wysim/terminal/Console.h"
+#include "wysim/terminal/Progress.h"
+
+#include "pluginterfaces/base/smartpointer.h"
+
+#include <cstddef>
+#include <exception>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <optional>
+#include <stdexcept>
+#include <string_view>
+#include <system_error>
+#include <utility>
+
+namespace wybeta::simulator {
+
+namespace {
+
+constexpr int kDone = 0;
+constexpr int kModuleTrouble = 1;
+constexpr int kBadInput = 2;
+
+// A module that was told that it is loaded, and gives back everything in the end.
+class RunningModule {
+public:
+    explicit RunningModule(const std::filesystem::path& path) : file_(path) {
+        if (!file_.initDll()) {
+            throw std::runtime_error("expected InitDll to succeed, it did not");
+        }
+    }
+    RunningModule(const RunningModule&) = delete;
+    RunningModule& operator=(const RunningModule&) = delete;
+
+    // Lets `work` use an editor with the module's extension.
+    void use(const std::function<void(Editor&)>& work) const {
+        SharedState state;
+        {
+            const auto factory = Steinberg::owned(file_.getPluginFactory());
+            Editor editor(*factory);
+            state = editor.state();
+            work(editor);
+        }
+        if (!state->ledger.isBalanced()) {
+            throw std::runtime_error("expected the module to give back all that it took, found:\n" +
+                                     state->ledger.report());
+        }
+        if (!file_.exitDll()) {
+            throw std::runtime_error("expected ExitDll to succeed, it did not");
+        }
+    }
+
+private:
+    ModuleFile file_;
+};
+
+// The commands of a script. Mistakes are told with their lines, and the script goes on.
+class Script {
+public:
+    Script(std::istream& lines, std::string name, const Streams& streams)
+        : lines_(lines), name_(std::move(name)), streams_(streams) {}
+
+    int run(Session& session) {
+        int status = kDone;
+        std::string line;
+        for (std::size_t number = 1; !session.isOver() && std::getline(lines_, line); ++number) {
+            try {
+                streams_.out << "> " << withoutReturn(line) << "\n";
+                session.run(withoutReturn(line));
+            } catch (const BadInput& error) {
+                streams_.out.flush();
+                streams_.err << "wysim: " << name_ << ", line " << number << ": " << error.what()
+                             << "; nothing changed.\n";
+                status = kBadInput;
+            }
+        }
+        return status;
+    }
+
+private:
+    static std::string_view withoutReturn(std::string_view line) {
+        return !line.empty() && line.back() == '\r' ? line.substr(0, line.size() - 1) : line;
+    }
+
+    std::istream& lines_;
+    std::string name_;
+    const Streams& streams_;
+};
+
+int converse(Session& session, const Streams& streams) {
+    streams.out << "'help' lists the commands, 'quit' ends.\n";
+    std::string line;
+    while (!session.isOver()) {
+        streams.out << "wysim> " << std::flush;
+        if (!readTerminalLine(line)) {
+            streams.out << "\n";
+            break;
+        }
+        try {
+            session.run(line);
+        } catch (const BadInput& error) {
+            streams.out << error.what() << "; nothing changed.\n";
+        }
+    }
+    return kDone;
+}
+
+int runCommands(Session& session, const CommandLine& line, const Streams& streams) {
+    if (line.script == "-") {
+        return Script(streams.in, "standard input", streams).run(session);
+    }
+    if (!line.script.empty()) {
+        const auto path = std::filesystem::u8path(line.script);
+        std::ifstream file(path);
+        std::error_code ignored;
+        if (!file || std::filesystem::is_directory(path, ignored)) {
+            throw BadInput::expected("a script that can be read", "none at " + line.script);
+        }
+        return Script(file, line.script, streams).run(session);
+    }
+    if (!line.svg.empty()) {
+        return kDone;
+    }
+    return streams.isInputTerminal ? converse(session, streams)
+                                   : Script(streams.in, "standard input", streams).run(session);
+}
+
+void tellSong(const Song& song, const std::string& file, std::ostream& out) {
+    out << (song.title.empty() ? file : song.title) << ": " << song.tracks.size() << " track"
+        << (song.tracks.size() == 1 ? "" : "s") << ", " << countNotes(song) << " notes\n";
+}
+
+int runSession(const CommandLine& line, const Song& song, Editor& editor, const Streams& streams) {
+    tellSong(song, line.song, streams.out);
+    Session session(editor, song, std::filesystem::u8path(line.song), streams.out);
+    const int status = runCommands(session, line, streams);
+    if (!line.svg.empty()) {
+        writeFile(std::filesystem::u8path(line.svg), session.picture());
+        streams.out << "wrote " << line.svg << "\n";
+    }
+    return status;
+}
+
+int run(const CommandLine& line, const Streams& streams) {
+    std::optional<Progress> progress;
+    if (streams.isErrorTerminal) {
+        progress.emplace(streams.err);
+    } else {
+        progress.emplace();
+    }
+    const auto song = readSongFile(std::filesystem::u8path(line.song), line.verse, *progress);
+    if (!line.svg.empty()) {
+        expectOtherFile(std::filesystem::u8path(line.svg), std::filesystem::u8path(line.song));
+    }
+    const RunningModule module(moduleFile(line.module));
+    int status = kDone;
+    module.use([&](Editor& editor) {
+        if (line.isComparison) {
+            tellSong(song, line.song, streams.out);
+            streams.out << comparisonText(compareWords(editor, song, *progress));
+        } else {
+            status = runSession(line, song, editor, streams);
+        }
+    });
+    return status;
+}
+
+} // namespace
+
+int runWysim(const std::vector<std::string>& arguments, const Streams& streams) {
+    try {
+        const auto line = parseCommandLine(arguments);
+        if (!line.help.empty()) {
+            streams.out << line.help;
+        }
+        const int status = line.help.empty() ? run(line, streams) : kDone;
+        if (!streams.out.flush()) {
+            throw std::runtime_error(
+                "expected to write the output, found that it cannot be written");
+        }
+        return status;
+    } catch (const BadInput& error) {
+        streams.out.flush();
+        streams.err << "wysim: " << error.what() << ".\n";
+        return kBadInput;
+    } catch (const std::exception& error) {
+        streams.out.flush();
+        streams.err << "wysim: " << error.what() << ".\n";
+        return kModuleTrouble;
+    }
+}
+
+} // namespace wybeta::simulator

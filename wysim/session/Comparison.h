@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "simulator/Editor.h"
+#include "wysim/song/Song.h"
+#include "wysim/terminal/Progress.h"
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace wybeta::simulator {
+
+// What it was in the extension that divided a word.
+enum class KnownBy { Nothing, Dictionary, Kana, Brackets };
+
+struct ComparedWord {
+    std::size_t track; // from 1, as the note
+    std::size_t note;
+    std::string text;
+    std::size_t notes;     // that the song gives the word, up to the next word
+    std::size_t syllables; // that the extension gives
+    KnownBy knownBy;
+};
+
+// Types each word of the song into an empty track of an editor that holds nothing else.
+std::vector<ComparedWord> compareWords(Editor& editor, const Song& song, Progress& progress);
+
+// A table of the words, and the totals.
+std::string comparisonText(const std::vector<ComparedWord>& words);
+
+} // namespace wybeta::simulator

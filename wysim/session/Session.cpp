@@ -1,0 +1,286 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "wysim/session/Session.h"
+
+#include "wysim/picture/SongPicture.h"
+#include "wysim/session/SongChanges.h"
+#include "wysim/song/BadInput.h"
+#include "wysim/song/Numbers.h"
+#include "wysim/song/SongFile.h"
+#include "wysim/terminal/TextTable.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace wybeta::simulator {
+
+namespace {
+
+std::string_view withoutSpace(std::string_view text) {
+    const auto first = text.find_first_not_of(" \t\r");
+    return first == std::string_view::npos
+               ? std::string_view()
+               : text.substr(first, text.find_last_not_of(" \t\r") - first + 1);
+}
+
+// Takes the first word off a text.
+std::string_view takeWord(std::string_view& text) {
+    const auto word = text.substr(0, text.find_first_of(" \t"));
+    text = withoutSpace(text.substr(word.size()));
+    return word;
+}
+
+std::string quoted(std::string_view text) {
+    return text.empty() ? "nothing" : "'" + std::string(text) + "'";
+}
+
+void expectNothing(std::string_view arguments) {
+    if (!arguments.empty()) {
+        throw BadInput::expected("the command alone", quoted(arguments) + " behind it");
+    }
+}
+
+// One of the numbers 1 to `last`, as an index.
+std::size_t indexFrom(std::string_view number, std::size_t last, const std::string& what) {
+    if (last == 0) {
+        throw BadInput::expected(what, "none in the track");
+    }
+    const auto value = parseInteger(number);
+    if (!value || *value < 1 || static_cast<std::size_t>(*value) > last) {
+        throw BadInput::expected(what + " from 1 to " + std::to_string(last), quoted(number));
+    }
+    return static_cast<std::size_t>(*value) - 1;
+}
+
+double time(std::string_view text, const char* what) {
+    const auto value = parseNumber(text);
+    if (!value) {
+        throw BadInput::expected(std::string(what) + " in quarter notes", quoted(text));
+    }
+    return *value;
+}
+
+// Two quotation marks stand for an empty lyric.
+std::string lyricFrom(std::string_view text) {
+    return text == "\"\"" ? std::string() : std::string(text);
+}
+
+} // namespace
+
+const std::vector<Session::Command> Session::kCommands = {
+    {"show", "[FROM [TO]]", "list the notes of the track", &Session::show, false},
+    {"tracks", "[NUMBER]", "list the tracks, or go to one", &Session::tracks, false},
+    {"type", "NOTE TEXT", "type a lyric into a note; \"\" empties it", &Session::type, true},
+    {"add", "START LENGTH PITCH [TEXT]", "add a note, such as: add 4 1 C4 love", &Session::add,
+     true},
+    {"delete", "NOTE", "delete a note", &Session::remove, true},
+    {"undo", "", "take the last edit back", &Session::undo, true},
+    {"redo", "", "do the last undone edit again", &Session::redo, true},
+    {"notify", "", "tell the extension that the project changed", &Session::notify, true},
+    {"save", "FILE", "write the song (.json, .musicxml, .xml) or its picture (.svg)",
+     &Session::save, false},
+    {"history", "", "list the commands so far; !3 runs the third again", &Session::history, false},
+    {"help", "", "show this list", &Session::help, false},
+    {"quit", "", "end the session", &Session::quit, false},
+};
+
+Session::Session(Editor& editor, const Song& song, std::filesystem::path file, std::ostream& out)
+    : editor_(editor), opened_(song), file_(std::move(file)), song_(editor, song), out_(out) {}
+
+void Session::run(std::string_view line) {
+    line = withoutSpace(line);
+    if (line.empty() || line.front() == '#') {
+        return;
+    }
+    const auto command = recalled(line);
+    if (command != line) {
+        out_ << command << "\n";
+    }
+    history_.push_back(command);
+    perform(command);
+}
+
+std::string Session::picture() const {
+    return svgPicture(opened_, song_.song());
+}
+
+std::string Session::recalled(std::string_view line) const {
+    if (line.front() != '!') {
+        return std::string(line);
+    }
+    if (history_.empty()) {
+        throw BadInput::expected("a command to run again", "an empty history");
+    }
+    return history_[indexFrom(line.substr(1), history_.size(), "a command of the history")];
+}
+
+void Session::perform(std::string_view line) {
+    const auto name = takeWord(line);
+    const auto command =
+        std::find_if(kCommands.begin(), kCommands.end(),
+                     [name](const auto& candidate) { return candidate.name == name; });
+    if (command == kCommands.end()) {
+        throw BadInput::expected("a command ('help' lists them)", quoted(name));
+    }
+    if (!command->changesNotes) {
+        (this->*command->perform)(line);
+        return;
+    }
+    const SongChanges changes(song_);
+    (this->*command->perform)(line);
+    const auto lines = changes.lines();
+    for (const auto& change : lines) {
+        out_ << change << "\n";
+    }
+    if (lines.empty()) {
+        out_ << "no lyric changed\n";
+    }
+}
+
+void Session::show(Arguments arguments) {
+    const auto from = takeWord(arguments);
+    const auto to = takeWord(arguments);
+    expectNothing(arguments);
+    const auto count = song_.countNotes(track_);
+    const std::size_t first = from.empty() ? 0 : noteIndex(from);
+    const std::size_t end = to.empty() ? (from.empty() ? count : first + 1) : noteIndex(to) + 1;
+    if (end <= first && !from.empty()) {
+        throw BadInput::expected("the first note to show before the last", "it behind");
+    }
+    TextTable table({"note", "start", "length", "pitch", "lyric"});
+    for (std::size_t i = first; i < end; ++i) {
+        const auto note = song_.songNote(track_, i);
+        table.add({std::to_string(i + 1), formatNumber(note.start), formatNumber(note.length),
+                   formatPitch(note.pitch), note.lyric});
+    }
+    out_ << table.text();
+}
+
+void Session::tracks(Arguments arguments) {
+    if (!arguments.empty()) {
+        track_ = indexFrom(arguments, song_.countTracks(), "a track");
+    }
+    TextTable table({"track", "notes", "name"});
+    for (std::size_t i = 0; i < song_.countTracks(); ++i) {
+        table.add({std::to_string(i + 1) + (i == track_ ? " *" : ""),
+                   std::to_string(song_.countNotes(i)), song_.trackName(i)});
+    }
+    out_ << table.text();
+}
+
+void Session::type(Arguments arguments) {
+    const auto index = noteIndex(takeWord(arguments));
+    if (arguments.empty()) {
+        throw BadInput::expected("a text behind the note (\"\" for none)", "nothing");
+    }
+    const auto lyric = lyricFrom(arguments);
+    checkText(lyric);
+    editor_.type(song_.note(track_, index), lyric);
+    ++edits_;
+}
+
+void Session::add(Arguments arguments) {
+    SongNote note;
+    note.start = time(takeWord(arguments), "a start");
+    note.length = time(takeWord(arguments), "a length");
+    const auto pitchText = takeWord(arguments);
+    const auto pitch = parsePitch(pitchText);
+    if (!pitch) {
+        throw BadInput::expected("a pitch such as C4, F#3 or 60", quoted(pitchText));
+    }
+    note.pitch = *pitch;
+    note.lyric = lyricFrom(arguments);
+    checkNote(note);
+    std::size_t index = 0;
+    while (index < song_.countNotes(track_) && song_.songNote(track_, index).start < note.start) {
+        ++index;
+    }
+    expectFree(index, note);
+    const auto event = makeNote(editor_.state(), note);
+    std::vector<Change> changes = {insertion(song_.part(track_), index, event)};
+    if (!note.lyric.empty()) {
+        changes.push_back(typingChange(*event, note.lyric));
+    }
+    editor_.edit(std::move(changes));
+    ++edits_;
+}
+
+void Session::expectFree(std::size_t index, const SongNote& note) const {
+    const auto refuse = [](std::size_t other) {
+        throw BadInput::expected("a time at which no other note sounds",
+                                 "one at which note " + std::to_string(other + 1) + " does");
+    };
+    if (index > 0 && overlap(song_.songNote(track_, index - 1), note)) {
+        refuse(index - 1);
+    }
+    if (index < song_.countNotes(track_) && overlap(note, song_.songNote(track_, index))) {
+        refuse(index);
+    }
+}
+
+void Session::remove(Arguments arguments) {
+    const auto index = noteIndex(arguments);
+    editor_.remove(song_.part(track_), song_.note(track_, index));
+    ++edits_;
+}
+
+void Session::undo(Arguments arguments) {
+    expectNothing(arguments);
+    if (edits_ == 0) {
+        throw BadInput::expected("an edit to take back", "none");
+    }
+    editor_.undo();
+    --edits_;
+}
+
+void Session::redo(Arguments arguments) {
+    expectNothing(arguments);
+    if (!editor_.redo()) {
+        throw BadInput::expected("an undone edit to do again", "none");
+    }
+    ++edits_;
+}
+
+void Session::notify(Arguments arguments) {
+    expectNothing(arguments);
+    editor_.notify();
+}
+
+void Session::save(Arguments arguments) {
+    if (arguments.empty()) {
+        throw BadInput::expected("the name of a file", "nothing");
+    }
+    const auto path = std::filesystem::u8path(std::string(arguments));
+    expectOtherFile(path, file_);
+    const auto text = endingOf(path) == ".svg" ? picture() : songFileText(path, song_.song());
+    writeFile(path, text);
+    out_ << "wrote " << arguments << "\n";
+}
+
+void Session::history(Arguments arguments) {
+    expectNothing(arguments);
+    for (std::size_t i = 0; i < history_.size(); ++i) {
+        out_ << "  " << i + 1 << "  " << history_[i] << "\n";
+    }
+}
+
+void Session::help(Arguments arguments) {
+    expectNothing(arguments);
+    TextTable table({"command", "what it does"});
+    for (const auto& command : kCommands) {
+        table.add({std::string(command.name) + " " + std::string(command.arguments),
+                   std::string(command.help)});
+    }
+    out_ << table.text()
+         << "Notes are counted from 1 within the track, times in quarter notes from 0.\n";
+}
+
+void Session::quit(Arguments arguments) {
+    expectNothing(arguments);
+    isOver_ = true;
+}
+
+std::size_t Session::noteIndex(std::string_view number) const {
+    return indexFrom(number, song_.countNotes(track_), "a note");
+}
+
+} // namespace wybeta::simulator

@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "simulator/Editor.h"
+#include "wysim/session/SongInEditor.h"
+#include "wysim/song/Song.h"
+
+#include <cstddef>
+#include <filesystem>
+#include <ostream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace wybeta::simulator {
+
+// A person's work on one song, command by command. Each command answers with what has changed.
+class Session {
+public:
+    // Opens the song, which was read from the file, in the editor. The editor and the stream have
+    // to outlive this.
+    Session(Editor& editor, const Song& song, std::filesystem::path file, std::ostream& out);
+
+    // Runs one line; an empty one and one that begins with '#' do nothing. A mistake throws
+    // BadInput, and then nothing has changed.
+    void run(std::string_view line);
+    bool isOver() const { return isOver_; }
+
+    // The song as it was opened beside the song as it is now, in SVG.
+    std::string picture() const;
+
+private:
+    using Arguments = std::string_view;
+    struct Command {
+        std::string_view name;
+        std::string_view arguments;
+        std::string_view help;
+        void (Session::*perform)(Arguments);
+        bool changesNotes;
+    };
+    static const std::vector<Command> kCommands;
+
+    std::string recalled(std::string_view line) const;
+    void perform(std::string_view line);
+
+    void show(Arguments arguments);
+    void tracks(Arguments arguments);
+    void type(Arguments arguments);
+    void add(Arguments arguments);
+    void remove(Arguments arguments);
+    void undo(Arguments arguments);
+    void redo(Arguments arguments);
+    void notify(Arguments arguments);
+    void save(Arguments arguments);
+    void history(Arguments arguments);
+    void help(Arguments arguments);
+    void quit(Arguments arguments);
+
+    // Throws BadInput unless the note fits before the note at the index.
+    void expectFree(std::size_t index, const SongNote& note) const;
+    std::size_t noteIndex(std::string_view number) const;
+
+    Editor& editor_;
+    Song opened_;
+    std::filesystem::path file_;
+    OpenSong song_;
+    std::ostream& out_;
+    std::size_t track_ = 0; // that commands are about
+    std::vector<std::string> history_;
+    std::size_t edits_ = 0; // of the session that undo can take back; opening is none
+    bool isOver_ = false;
+};
+
+} // namespace wybeta::simulator

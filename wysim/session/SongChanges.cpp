@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "wysim/session/SongChanges.h"
+
+#include <unordered_map>
+
+namespace wybeta::simulator {
+
+namespace {
+
+std::string quoted(const std::string& lyric) {
+    return "\"" + lyric + "\"";
+}
+
+template <class Places>
+auto byEvent(const Places& places) {
+    std::unordered_map<const Event*, const typename Places::value_type*> index;
+    for (const auto& place : places) {
+        index.emplace(place.event.get(), &place);
+    }
+    return index;
+}
+
+} // namespace
+
+SongChanges::SongChanges(const OpenSong& song) : song_(song), before_(placesNow()) {}
+
+std::vector<std::string> SongChanges::lines() const {
+    const auto now = placesNow();
+    const auto old = byEvent(before_);
+    const auto present = byEvent(now);
+    std::vector<std::string> lines;
+    for (const auto& place : before_) {
+        if (present.find(place.event.get()) == present.end()) {
+            lines.push_back(nameOf(place) + " is gone: " + quoted(place.lyric));
+        }
+    }
+    for (const auto& place : now) {
+        const auto found = old.find(place.event.get());
+        if (found == old.end()) {
+            lines.push_back(nameOf(place) + " is new: " + quoted(place.lyric));
+        } else if (found->second->lyric != place.lyric) {
+            lines.push_back(nameOf(place) + ": " + quoted(found->second->lyric) + " -> " +
+                            quoted(place.lyric));
+        }
+    }
+    return lines;
+}
+
+SongChanges::Places SongChanges::placesNow() const {
+    Places places;
+    for (std::size_t track = 0; track < song_.countTracks(); ++track) {
+        for (std::size_t index = 0; index < song_.countNotes(track); ++index) {
+            Event& event = song_.note(track, index);
+            places.push_back({Handle<Event>(&event), track, index, event.lyric()});
+        }
+    }
+    return places;
+}
+
+std::string SongChanges::nameOf(const Place& place) const {
+    const auto note = "note " + std::to_string(place.index + 1);
+    return song_.countTracks() == 1 ? note
+                                    : "track " + std::to_string(place.track + 1) + ", " + note;
+}
+
+} // namespace wybeta::simulator

@@ -1,0 +1,159 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "wysim/song/JsonSong.h"
+
+#include "wysim/song/BadInput.h"
+
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <cstddef>
+#include <limits>
+
+namespace wybeta::simulator {
+
+namespace {
+
+using nlohmann::json;
+using nlohmann::ordered_json;
+
+constexpr auto kFormat = "wysim song 1";
+
+std::string placeOf(const std::string& bytes, std::size_t offset) {
+    const auto before = bytes.substr(0, offset == 0 ? 0 : offset - 1);
+    const auto line = 1 + std::count(before.begin(), before.end(), '\n');
+    const auto column = before.size() - (before.rfind('\n') + 1) + 1;
+    return "at line " + std::to_string(line) + ", column " + std::to_string(column);
+}
+
+json parse(const std::string& bytes) {
+    try {
+        return json::parse(bytes);
+    } catch (const json::parse_error& error) {
+        throw BadInput::expected("well-formed JSON", "an error " + placeOf(bytes, error.byte));
+    } catch (const json::out_of_range&) {
+        throw BadInput::expected("numbers that a song can hold", "one that is too large");
+    }
+}
+
+const json& member(const json& object, const char* name, bool (json::*isRight)() const noexcept,
+                   const char* kind) {
+    if (!object.is_object()) {
+        throw BadInput::expected("an object", object.type_name());
+    }
+    const auto found = object.find(name);
+    if (found == object.end() || !((*found).*isRight)()) {
+        throw BadInput::expected(kind + std::string(" as '") + name + "'",
+                                 found == object.end() ? "none" : found->type_name());
+    }
+    return *found;
+}
+
+std::string text(const json& object, const char* name) {
+    return member(object, name, &json::is_string, "a text").get<std::string>();
+}
+
+double number(const json& object, const char* name) {
+    return member(object, name, &json::is_number, "a number").get<double>();
+}
+
+int integer(const json& object, const char* name) {
+    const auto& value = member(object, name, &json::is_number_integer, "an integer");
+    const auto wide = value.get<double>();
+    constexpr int kMost = std::numeric_limits<int>::max();
+    return wide < -kMost || wide > kMost ? -1 : value.get<int>();
+}
+
+const json& list(const json& object, const char* name) {
+    return member(object, name, &json::is_array, "a list");
+}
+
+SongNote readNote(const json& object) {
+    SongNote note;
+    note.start = number(object, "start");
+    note.length = number(object, "length");
+    note.pitch = integer(object, "pitch");
+    note.lyric = text(object, "lyric");
+    note.typed = member(object, "typed", &json::is_boolean, "true or false").get<bool>();
+    checkNote(note);
+    return note;
+}
+
+// Runs one reading; what it finds wrong is told with the place.
+template <class Read>
+auto readAt(const std::string& place, Read read) {
+    try {
+        return read();
+    } catch (const BadInput& error) {
+        throw BadInput(error.what() + std::string(" at ") + place);
+    }
+}
+
+SongTrack readTrack(const json& object) {
+    SongTrack track;
+    track.name = text(object, "name");
+    for (const auto& note : list(object, "notes")) {
+        const auto place = "note " + std::to_string(track.notes.size() + 1);
+        track.notes.push_back(readAt(place, [&note] { return readNote(note); }));
+    }
+    return track;
+}
+
+Song readSong(const json& object) {
+    if (const auto format = text(object, "format"); format != kFormat) {
+        throw BadInput::expected(std::string("the format '") + kFormat + "'", "'" + format + "'");
+    }
+    Song song;
+    song.title = text(object, "title");
+    song.time.beats = integer(object, "beats");
+    song.time.beatType = integer(object, "beatType");
+    song.pickup = number(object, "pickup");
+    for (const auto& track : list(object, "tracks")) {
+        const auto place = "track " + std::to_string(song.tracks.size() + 1);
+        song.tracks.push_back(readAt(place, [&track] { return readTrack(track); }));
+    }
+    checkSong(song);
+    return song;
+}
+
+ordered_json noteToJson(const SongNote& note) {
+    return {{"start", note.start},
+            {"length", note.length},
+            {"pitch", note.pitch},
+            {"lyric", note.lyric},
+            {"typed", note.typed}};
+}
+
+} // namespace
+
+std::string jsonFromSong(const Song& song) {
+    // One note on a line, as a person would lay it out.
+    std::string text = "{\n";
+    const auto add = [&text](const char* name, const ordered_json& value) {
+        text += "  " + ordered_json(name).dump() + ": " + value.dump() + ",\n";
+    };
+    add("format", kFormat);
+    add("title", song.title);
+    add("beats", song.time.beats);
+    add("beatType", song.time.beatType);
+    add("pickup", song.pickup);
+    text += "  \"tracks\": [";
+    const char* trackGap = "\n";
+    for (const auto& track : song.tracks) {
+        text += trackGap + std::string("    {\"name\": ") + ordered_json(track.name).dump() +
+                ", \"notes\": [";
+        const char* noteGap = "\n";
+        for (const auto& note : track.notes) {
+            text += noteGap + std::string("      ") + noteToJson(note).dump();
+            noteGap = ",\n";
+        }
+        text += "\n    ]}";
+        trackGap = ",\n";
+    }
+    return text + "\n  ]\n}\n";
+}
+
+Song songFromJson(const std::string& bytes) {
+    return readSong(parse(bytes));
+}
+
+} // namespace wybeta::simulator

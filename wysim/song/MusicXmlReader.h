@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "wysim/song/Song.h"
+#include "wysim/terminal/Progress.h"
+
+#include <string>
+
+namespace wybeta::simulator {
+
+// Reads a score in MusicXML ("score-partwise"). Each voice that has words in the verse becomes a
+// track; repeats are sung once. Throws BadInput, saying where.
+Song songFromMusicXml(const std::string& bytes, int verse, Progress& progress);
+
+} // namespace wybeta::simulator

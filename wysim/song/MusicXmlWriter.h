@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "wysim/song/Song.h"
+
+#include <string>
+
+namespace wybeta::simulator {
+
+// What a score names as the software that wrote it.
+constexpr auto kSoftware = "wysim";
+
+// The song as an uncompressed MusicXML score, one part for each track. A division is written as a
+// word whose syllables are the texts of its notes.
+std::string musicXmlFromSong(const Song& song);
+
+} // namespace wybeta::simulator

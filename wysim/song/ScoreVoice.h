@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "wysim/song/ScoreLyric.h"
+#include "wysim/song/Song.h"
+
+#include <utility>
+#include <vector>
+
+namespace wybeta::simulator {
+
+// A note as it is written in a score.
+struct ScoreNote {
+    SongNote note; // without a lyric
+    bool endsTie = false;
+    bool beginsTie = false;
+    ScoreSyllable syllable;
+};
+
+// The written notes of one voice, which become the notes that one singer sings.
+class ScoreVoice {
+public:
+    void add(ScoreNote note) { notes_.push_back(std::move(note)); }
+    bool isSung() const;
+
+    // Of a chord, the top note; of tied notes, one; a note ends where the next begins. Each word is
+    // typed into the first of its notes. The voice is empty afterwards.
+    std::vector<SongNote> takeSungNotes();
+
+private:
+    void typeWords();
+    void cutOverlaps();
+
+    std::vector<ScoreNote> notes_; // in the order of the score until they are taken
+};
+
+} // namespace wybeta::simulator

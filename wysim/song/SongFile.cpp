@@ -1,0 +1,156 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "wysim/song/SongFile.h"
+
+#include "wysim/song/BadInput.h"
+#include "wysim/song/JsonSong.h"
+#include "wysim/song/MusicXmlReader.h"
+#include "wysim/song/MusicXmlWriter.h"
+#include "wysim/song/XmlDocument.h"
+#include "wysim/song/ZipArchive.h"
+
+#include <cctype>
+#include <cstdint>
+#include <fstream>
+#include <new>
+#include <system_error>
+
+namespace wybeta::simulator {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string readBytes(const fs::path& path) {
+    std::error_code error;
+    if (fs::is_directory(path, error)) {
+        throw BadInput::expected("a file", "a folder");
+    }
+    std::ifstream file(path, std::ios::binary | std::ios::ate);
+    if (!file) {
+        throw BadInput::expected("a file that can be read", "none");
+    }
+    const auto size = static_cast<std::streamoff>(file.tellg());
+    if (size < 0 || static_cast<std::uintmax_t>(size) > kLargestSongFile) {
+        throw BadInput::expected("a file of at most 256 MiB",
+                                 size < 0 ? "no size" : std::to_string(size) + " bytes");
+    }
+    std::string bytes(static_cast<std::size_t>(size), '\0');
+    file.seekg(0);
+    if (!file.read(bytes.data(), size)) {
+        throw BadInput::expected("a file that can be read", "an error while reading it");
+    }
+    return bytes;
+}
+
+// A compressed score names its main file in a container file.
+std::string unpackScore(const std::string& bytes) {
+    const ZipArchive archive(bytes);
+    const auto container = archive.unpack("META-INF/container.xml", kLargestSongFile);
+    const XmlDocument document(container);
+    const std::string score =
+        document.root().child("rootfiles").child("rootfile").attribute("full-path").value();
+    return archive.unpack(score, kLargestSongFile);
+}
+
+bool isMusicXml(const std::string& ending) {
+    return ending == ".musicxml" || ending == ".xml";
+}
+
+std::string quoted(const std::string& ending) {
+    return ending.empty() ? "no ending" : "'" + ending + "'";
+}
+
+Song readByEnding(const fs::path& path, int verse, Progress& progress) {
+    const auto ending = endingOf(path);
+    if (ending == ".json") {
+        return songFromJson(readBytes(path));
+    }
+    if (ending == ".mxl") {
+        return songFromMusicXml(unpackScore(readBytes(path)), verse, progress);
+    }
+    if (isMusicXml(ending)) {
+        return songFromMusicXml(readBytes(path), verse, progress);
+    }
+    throw BadInput::expected("a name that ends in .musicxml, .xml, .mxl or .json", quoted(ending));
+}
+
+// The file that a symbolic link leads to; any other path as it is.
+fs::path targetOf(const fs::path& path, std::error_code& error) {
+    std::error_code ignored;
+    return fs::is_symlink(path, ignored) ? fs::canonical(path, error) : path;
+}
+
+// A name beside the file that nothing has yet.
+fs::path unusedDraft(const fs::path& path) {
+    auto draft = path;
+    draft += ".part";
+    std::error_code ignored;
+    for (int number = 2; fs::exists(fs::symlink_status(draft, ignored)); ++number) {
+        draft = path;
+        draft += ".part" + std::to_string(number);
+    }
+    return draft;
+}
+
+} // namespace
+
+std::string endingOf(const fs::path& path) {
+    auto ending = path.extension().u8string();
+    for (char& letter : ending) {
+        letter = static_cast<char>(std::tolower(static_cast<unsigned char>(letter)));
+    }
+    return ending;
+}
+
+Song readSongFile(const fs::path& path, int verse, Progress& progress) {
+    try {
+        return readByEnding(path, verse, progress);
+    } catch (const BadInput& error) {
+        throw BadInput(path.u8string() + ": " + error.what());
+    } catch (const std::bad_alloc&) {
+        throw BadInput(path.u8string() +
+                       ": expected a song that fits into memory, found a larger one");
+    }
+}
+
+std::string songFileText(const fs::path& path, const Song& song) {
+    const auto ending = endingOf(path);
+    if (ending == ".json") {
+        return jsonFromSong(song);
+    }
+    if (isMusicXml(ending)) {
+        return musicXmlFromSong(song);
+    }
+    throw BadInput::expected("a name that ends in .json, .musicxml, .xml or .svg", quoted(ending));
+}
+
+void expectOtherFile(const fs::path& path, const fs::path& song) {
+    std::error_code ignored;
+    if (fs::equivalent(path, song, ignored)) {
+        throw BadInput::expected("another file to write than the song that was opened",
+                                 path.u8string());
+    }
+}
+
+void writeFile(const fs::path& path, std::string_view text) {
+    std::error_code error;
+    const auto target = targetOf(path, error);
+    const auto draft = unusedDraft(target);
+    if (!error) {
+        std::ofstream file(draft, std::ios::binary);
+        file.write(text.data(), static_cast<std::streamsize>(text.size()));
+        if (!file.flush()) {
+            error = std::make_error_code(std::errc::io_error);
+        }
+    }
+    if (!error) {
+        fs::rename(draft, target, error);
+    }
+    if (error) {
+        std::error_code ignored;
+        fs::remove(draft, ignored);
+        throw BadInput::expected("to write " + path.u8string(), "that it cannot be written");
+    }
+}
+
+} // namespace wybeta::simulator

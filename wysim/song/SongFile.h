@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "wysim/song/Song.h"
+#include "wysim/terminal/Progress.h"
+
+#include <cstddef>
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace wybeta::simulator {
+
+constexpr std::size_t kLargestSongFile = std::size_t{256} * 1024 * 1024;
+
+// Reads a song by the ending of the file's name: .musicxml or .xml, .mxl (compressed), .json. The
+// verse matters to scores only. Throws BadInput, naming the file; it is larger than allowed also
+// when its unpacked score is.
+Song readSongFile(const std::filesystem::path& path, int verse, Progress& progress);
+
+// What is written to a file of that name: JSON for .json, MusicXML for .musicxml and .xml. Throws
+// BadInput for any other ending.
+std::string songFileText(const std::filesystem::path& path, const Song& song);
+
+// Throws BadInput when both paths lead to the same file: a song is never written over.
+void expectOtherFile(const std::filesystem::path& path, const std::filesystem::path& song);
+
+// Replaces the file by the text, or leaves it as it was and throws BadInput. Where the path is a
+// symbolic link, the file is the one that it leads to.
+void writeFile(const std::filesystem::path& path, std::string_view text);
+
+// The ending of a file's name in small letters, such as ".json".
+std::string endingOf(const std::filesystem::path& path);
+
+} // namespace wybeta::simulator

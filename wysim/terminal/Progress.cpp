@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "wysim/terminal/Progress.h"
+
+#include <utility>
+
+namespace wybeta::simulator {
+
+using namespace std::chrono_literals;
+
+Progress::Progress(std::ostream& terminal, Clock clock)
+    : terminal_(&terminal), clock_(std::move(clock)) {}
+
+Progress::~Progress() {
+    finish();
+}
+
+void Progress::start(std::string work, std::size_t steps) {
+    finish();
+    work_ = std::move(work);
+    steps_ = steps;
+    done_ = 0;
+    if (terminal_ != nullptr) {
+        nextShow_ = clock_() + 1s;
+    }
+}
+
+void Progress::step() {
+    ++done_;
+    if (terminal_ == nullptr) {
+        return;
+    }
+    const auto now = clock_();
+    if (now >= nextShow_) {
+        show(now);
+    }
+}
+
+void Progress::finish() {
+    if (isShown_) {
+        *terminal_ << "\r" << std::string(work_.size() + 6, ' ') << "\r" << std::flush;
+        isShown_ = false;
+    }
+}
+
+void Progress::show(std::chrono::steady_clock::time_point now) {
+    const std::size_t percent = steps_ == 0 ? 100 : 100 * done_ / steps_;
+    *terminal_ << "\r" << work_ << " " << percent << " %" << std::flush;
+    isShown_ = true;
+    nextShow_ = now + 100ms;
+}
+
+} // namespace wybeta::simulator
