@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // What undo and redo of a long division cost, beside the writing of the lyrics into the notes.
-#include "bench/Song.h"
+#include "bench/LongTrack.h"
 #include "host/IEditStep.h"
 #include "host/IProjectEvent.h"
 
@@ -18,7 +18,7 @@
 namespace {
 
 using namespace wybeta;
-using bench::Song;
+using bench::LongTrack;
 
 constexpr std::size_t kNotes = 100'000;
 
@@ -33,9 +33,9 @@ std::string longLyric() {
 }
 
 // A song that has just been divided.
-class DividedSong : public Song {
+class DividedSong : public LongTrack {
 public:
-    DividedSong() : Song(kNotes, kNotes) { editor().type(note(0), longLyric()); }
+    DividedSong() : LongTrack(kNotes, kNotes) { editor().type(note(0), longLyric()); }
 
     host::IEditStep& step() { return *editor().lastSteps().front(); }
 

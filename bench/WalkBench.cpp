@@ -2,7 +2,7 @@
 //
 // What a walk over the project costs, beside the calls into the host that it can't do without.
 #include "bench/HostCalls.h"
-#include "bench/Song.h"
+#include "bench/LongTrack.h"
 
 #include <benchmark/benchmark.h>
 
@@ -11,14 +11,14 @@
 namespace {
 
 using namespace wybeta;
-using bench::Song;
+using bench::LongTrack;
 
 void countNotes(benchmark::State& state) {
     state.SetItemsProcessed(state.iterations() * state.range(0));
 }
 
 void hostCallsAlone(benchmark::State& state) {
-    Song song(static_cast<std::size_t>(state.range(0)), 10);
+    LongTrack song(static_cast<std::size_t>(state.range(0)), 10);
     for ([[maybe_unused]] auto _ : state) {
         bench::makeHostCalls(song.editor().project());
     }
@@ -26,7 +26,7 @@ void hostCallsAlone(benchmark::State& state) {
 }
 
 void walkNothingChanged(benchmark::State& state) {
-    Song song(static_cast<std::size_t>(state.range(0)), 10);
+    LongTrack song(static_cast<std::size_t>(state.range(0)), 10);
     for ([[maybe_unused]] auto _ : state) {
         song.editor().notify();
     }
@@ -34,7 +34,7 @@ void walkNothingChanged(benchmark::State& state) {
 }
 
 void walkAllFlagged(benchmark::State& state) {
-    Song song(static_cast<std::size_t>(state.range(0)), 1);
+    LongTrack song(static_cast<std::size_t>(state.range(0)), 1);
     for ([[maybe_unused]] auto _ : state) {
         song.editor().notify();
     }
@@ -42,7 +42,7 @@ void walkAllFlagged(benchmark::State& state) {
 }
 
 void walkAllChanged(benchmark::State& state) {
-    Song song(static_cast<std::size_t>(state.range(0)), 1);
+    LongTrack song(static_cast<std::size_t>(state.range(0)), 1);
     bool isOdd = false;
     for ([[maybe_unused]] auto _ : state) {
         state.PauseTiming();

@@ -2,30 +2,44 @@
 #
 # What is used but not written here, each as a target whose headers raise no warnings.
 
-set(VST3_SDK_DIR "$ENV{VST3_SDK_DIR}" CACHE PATH "Folder with base/, pluginterfaces/, public.sdk/")
-set(GOOGLETEST_SOURCE_DIR /usr/src/googletest CACHE PATH "Folder with the sources of GoogleTest")
+set(default_sdk ${PROJECT_SOURCE_DIR}/.deps/vst3sdk)
+if(DEFINED ENV{VST3_SDK_DIR})
+    set(default_sdk $ENV{VST3_SDK_DIR})
+endif()
+set(VST3_SDK_DIR ${default_sdk} CACHE PATH "Folder with base/, pluginterfaces/, public.sdk/")
 if(NOT EXISTS ${VST3_SDK_DIR}/pluginterfaces/base/funknown.h)
     message(FATAL_ERROR
         "Expected the plug-in SDK in VST3_SDK_DIR (\"${VST3_SDK_DIR}\"), found none: run 'make setup'.")
 endif()
 
-add_library(vst3sdk STATIC
-    ${VST3_SDK_DIR}/base/source/fobject.cpp
-    ${VST3_SDK_DIR}/base/thread/source/flock.cpp
-    ${VST3_SDK_DIR}/pluginterfaces/base/coreiids.cpp
-    ${VST3_SDK_DIR}/pluginterfaces/base/funknown.cpp
-    ${VST3_SDK_DIR}/public.sdk/source/main/pluginfactory.cpp
-)
-target_include_directories(vst3sdk SYSTEM PUBLIC ${VST3_SDK_DIR})
+# Adds a static library of third-party sources, with its own warnings off:
+# add_third_party(target INCLUDE folder SOURCES files...)
+function(add_third_party target)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "INCLUDE" "SOURCES")
+    add_library(${target} STATIC EXCLUDE_FROM_ALL ${arg_SOURCES})
+    target_include_directories(${target} SYSTEM PUBLIC ${arg_INCLUDE})
+    target_compile_options(${target} PRIVATE -w)
+    target_link_libraries(${target} PUBLIC everywhere)
+endfunction()
+
+list(APPEND sdk_sources
+    base/source/fobject.cpp
+    base/thread/source/flock.cpp
+    pluginterfaces/base/coreiids.cpp
+    pluginterfaces/base/funknown.cpp
+    public.sdk/source/main/pluginfactory.cpp)
+if(NOT WIN32)
+    list(APPEND sdk_sources base/source/timer.cpp public.sdk/source/common/commoniids.cpp)
+endif()
+list(TRANSFORM sdk_sources PREPEND ${VST3_SDK_DIR}/)
+add_third_party(vst3sdk INCLUDE ${VST3_SDK_DIR} SOURCES ${sdk_sources})
 target_compile_definitions(vst3sdk PUBLIC RELEASE=1)
-target_compile_options(vst3sdk PRIVATE -w -fvisibility=hidden)
-target_link_libraries(vst3sdk PUBLIC hardening reproducible)
+target_compile_options(vst3sdk
+    PRIVATE -fvisibility=hidden
+    PUBLIC $<$<COMPILE_LANGUAGE:CXX>:-ffile-prefix-map=${VST3_SDK_DIR}=vst3sdk>)
 if(WIN32)
     target_link_libraries(vst3sdk PUBLIC ole32)
 else()
-    target_sources(vst3sdk PRIVATE
-        ${VST3_SDK_DIR}/base/source/timer.cpp
-        ${VST3_SDK_DIR}/public.sdk/source/common/commoniids.cpp)
     target_compile_options(vst3sdk PUBLIC
         "SHELL:$<$<COMPILE_LANGUAGE:CXX>:-include ${PROJECT_SOURCE_DIR}/src/host/ComAbi.h>")
 endif()
@@ -34,14 +48,44 @@ endif()
 # the rest of the build machine's include folder.
 set(header_links ${PROJECT_BINARY_DIR}/headers)
 function(add_header_package target folder)
+    if(NOT EXISTS /usr/include/${folder})
+        message(FATAL_ERROR "Expected /usr/include/${folder}, found none: run 'make setup'.")
+    endif()
     file(MAKE_DIRECTORY ${header_links}/${target})
     file(CREATE_LINK /usr/include/${folder} ${header_links}/${target}/${folder} SYMBOLIC)
     add_library(${target} INTERFACE)
     target_include_directories(${target} SYSTEM INTERFACE ${header_links}/${target})
 endfunction()
-add_header_package(utfcpp utf8cpp)
-add_header_package(cli11 CLI)
-add_header_package(nlohmann_json nlohmann)
 
-set(INSTALL_GTEST OFF CACHE BOOL "" FORCE)
-add_subdirectory(${GOOGLETEST_SOURCE_DIR} ${PROJECT_BINARY_DIR}/googletest EXCLUDE_FROM_ALL)
+add_header_package(utfcpp utf8cpp)
+
+if(WYBETA_BUILD_SIMULATOR)
+    add_header_package(cli11 CLI)
+    add_header_package(nlohmann_json nlohmann)
+
+    set(PUGIXML_SOURCE_DIR ${PROJECT_SOURCE_DIR}/.deps/pugixml CACHE PATH
+        "Folder with the sources of pugixml")
+    if(NOT EXISTS ${PUGIXML_SOURCE_DIR}/src/pugixml.cpp)
+        message(FATAL_ERROR
+            "Expected pugixml in PUGIXML_SOURCE_DIR (\"${PUGIXML_SOURCE_DIR}\"), found none: run 'make setup'.")
+    endif()
+    add_third_party(pugixml
+        INCLUDE ${PUGIXML_SOURCE_DIR}/src
+        SOURCES ${PUGIXML_SOURCE_DIR}/src/pugixml.cpp)
+
+    set(ZLIB_USE_STATIC_LIBS ON)
+    find_package(ZLIB REQUIRED GLOBAL)
+endif()
+
+if(WYBETA_BUILD_TESTING)
+    set(GOOGLETEST_SOURCE_DIR /usr/src/googletest CACHE PATH "Folder with the sources of GoogleTest")
+    set(INSTALL_GTEST OFF CACHE BOOL "" FORCE)
+    set(BUILD_GMOCK OFF CACHE BOOL "" FORCE)
+    add_subdirectory(${GOOGLETEST_SOURCE_DIR} ${PROJECT_BINARY_DIR}/googletest EXCLUDE_FROM_ALL SYSTEM)
+    target_link_libraries(gtest PUBLIC everywhere)
+    target_compile_options(gtest PRIVATE -w)
+endif()
+
+if(WYBETA_BUILD_BENCHMARKS)
+    find_package(benchmark REQUIRED)
+endif()

@@ -17,10 +17,10 @@ namespace wybeta::fuzz {
 namespace {
 
 void readSong(const std::string& bytes) {
-    simulator::Song song;
+    wysim::song::Song song;
     try {
-        song = simulator::songFromJson(bytes);
-    } catch (const simulator::BadInput&) {
+        song = wysim::song::songFromJson(bytes);
+    } catch (const wysim::song::BadInput&) {
         return;
     }
     checkReadSong(song);

@@ -6,9 +6,9 @@
 
 namespace wybeta::fuzz {
 
-const simulator::LoadedExtension& moduleExtension() {
+const simulator::ExtensionInstance& moduleExtension() {
     static const auto factory = Steinberg::owned(GetPluginFactory());
-    static const simulator::LoadedExtension extension(*factory);
+    static const simulator::ExtensionInstance extension(*factory);
     return extension;
 }
 

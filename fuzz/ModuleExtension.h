@@ -6,6 +6,6 @@
 namespace wybeta::fuzz {
 
 // One extension for all inputs of a process: loading its dictionary takes longer than a session.
-const simulator::LoadedExtension& moduleExtension();
+const simulator::ExtensionInstance& moduleExtension();
 
 } // namespace wybeta::fuzz

@@ -27,7 +27,7 @@ namespace wybeta::fuzz {
 
 namespace {
 
-using simulator::Song;
+using wysim::song::Song;
 namespace fs = std::filesystem;
 
 // A file in memory where the system has such; gone at the end of the process.
@@ -61,8 +61,8 @@ Song readScore(std::string_view bytes) {
     static const ScratchFile plain(".musicxml");
     static const ScratchFile compressed(".mxl");
     const bool isZip = bytes.substr(0, 2) == "PK";
-    simulator::Progress progress;
-    return simulator::readSongFile((isZip ? compressed : plain).write(bytes), 1, progress);
+    wysim::terminal::Progress progress;
+    return wysim::song::readSongFile((isZip ? compressed : plain).write(bytes), 1, progress);
 }
 
 // Whether the time is one that every score of wysim can hold exactly.
@@ -102,8 +102,8 @@ std::vector<std::string> described(const Song& song) {
 
 void checkScore(const Song& song) {
     try {
-        checkEqual(described(readScore(simulator::musicXmlFromSong(song))), described(song));
-    } catch (const simulator::BadInput& error) {
+        checkEqual(described(readScore(wysim::song::musicXmlFromSong(song))), described(song));
+    } catch (const wysim::song::BadInput& error) {
         fail(std::string("a score that was written is refused: ") + error.what());
     }
 }
@@ -112,7 +112,7 @@ void readSong(std::string_view bytes) {
     Song song;
     try {
         song = readScore(bytes);
-    } catch (const simulator::BadInput&) {
+    } catch (const wysim::song::BadInput&) {
         return;
     }
     checkReadSong(song);

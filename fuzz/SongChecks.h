@@ -12,17 +12,17 @@ namespace wybeta::fuzz {
 
 // What has to hold of every song that was read: it is within the bounds of a song, and its project
 // file is read again as the same song.
-inline void checkReadSong(const simulator::Song& song) {
+inline void checkReadSong(const wysim::song::Song& song) {
     try {
-        simulator::checkSong(song);
+        wysim::song::checkSong(song);
         for (const auto& track : song.tracks) {
             for (const auto& note : track.notes) {
-                simulator::checkNote(note);
+                wysim::song::checkNote(note);
             }
         }
-        const auto text = simulator::jsonFromSong(song);
-        checkEqual(simulator::jsonFromSong(simulator::songFromJson(text)), text);
-    } catch (const simulator::BadInput& error) {
+        const auto text = wysim::song::jsonFromSong(song);
+        checkEqual(wysim::song::jsonFromSong(wysim::song::songFromJson(text)), text);
+    } catch (const wysim::song::BadInput& error) {
         fail(std::string("a song that was read is refused: ") + error.what());
     }
 }

@@ -65,14 +65,14 @@ std::string naivelyTrimmed(std::string text) {
 }
 
 void checkCuts(const std::string& text, const std::string& delimiter, int maxSplits) {
-    const auto pieces = dictionary::splitText(text, delimiter, maxSplits);
+    const auto pieces = text::splitText(text, delimiter, maxSplits);
     checkEqual(Texts(pieces.begin(), pieces.end()), delimiter.empty()
                                                         ? naivelyCutAtSpace(text, maxSplits)
                                                         : naivelyCut(text, delimiter, maxSplits));
     if (!delimiter.empty()) {
-        checkEqual(dictionary::joinText(pieces, delimiter), text);
+        checkEqual(text::joinText(pieces, delimiter), text);
     }
-    checkEqual(std::string(dictionary::trimmed(text)), naivelyTrimmed(text));
+    checkEqual(std::string(text::trimmed(text)), naivelyTrimmed(text));
 }
 
 } // namespace

@@ -83,7 +83,7 @@ public:
 
 private:
     TreeNode& project() { return editor_->project(); }
-    const LoadedExtension& extension() { return editor_->extension(); }
+    const ExtensionInstance& extension() { return editor_->extension(); }
 
     void buildProject() {
         for (int i = 0; i < 2; ++i) {
@@ -92,7 +92,8 @@ private:
     }
 
     Handle<TreeItem> makeTrack() {
-        const auto track = random_.oneIn(8) ? make<Track>(state_, "audio") : makeVoiceTrack(state_);
+        const auto track =
+            random_.oneIn(8) ? makeHandle<Track>(state_, "audio") : makeVoiceTrack(state_);
         for (std::size_t left = random_.below(3); left > 0; --left) {
             track->add(makePart());
         }
@@ -102,9 +103,9 @@ private:
 
     Handle<TreeItem> makePart() {
         if (random_.oneIn(12)) {
-            return make<TreeNode>(state_, "Automation", "automation");
+            return makeHandle<TreeNode>(state_, "Automation", "automation");
         }
-        const auto part = make<Part>(state_);
+        const auto part = makeHandle<Part>(state_);
         for (std::size_t left = random_.below(5); left > 0; --left) {
             part->add(makeEvent());
         }
@@ -116,7 +117,7 @@ private:
             return {};
         }
         const auto event =
-            make<Event>(state_, random_.oneIn(8) ? Event::Kind::Other : Event::Kind::Note);
+            makeHandle<Event>(state_, random_.oneIn(8) ? Event::Kind::Other : Event::Kind::Note);
         type(*event);
         event->flagged = random_.oneIn(2);
         return event;
@@ -167,7 +168,7 @@ private:
 
     // Steps of hooks that are no edits are kept aside, to be undone and redone in any order.
     Handle<EditContext> makeContext() {
-        contexts_.push_back(make<EditContext>(state_));
+        contexts_.push_back(makeHandle<EditContext>(state_));
         return contexts_.back();
     }
 
@@ -191,7 +192,7 @@ private:
     void addTopTrack() {
         Handle<TreeItem> item = makeTrack();
         if (random_.oneIn(4)) {
-            const auto folder = make<Folder>(state_);
+            const auto folder = makeHandle<Folder>(state_);
             folder->add(item);
             item = folder;
         }
@@ -228,7 +229,7 @@ private:
             step.redo();
             break;
         default:
-            step.reportChangedObjects(make<ObjectCollector>(state_).get());
+            step.reportChangedObjects(makeHandle<ObjectCollector>(state_).get());
         }
     }
 
@@ -333,9 +334,9 @@ private:
 
     void checkDivides() {
         const auto track = makeVoiceTrack(state_);
-        const auto part = make<Part>(state_);
-        const auto first = make<Event>(state_);
-        const auto second = make<Event>(state_);
+        const auto part = makeHandle<Part>(state_);
+        const auto first = makeHandle<Event>(state_);
+        const auto second = makeHandle<Event>(state_);
         part->add(first);
         part->add(second);
         track->add(part);

@@ -22,7 +22,7 @@ enum class Answer { Normal, Refuse };
 
 // Sees every call that the module makes, and lets a test act in the middle of one: refuse it,
 // throw, or call the module back.
-class CallLog {
+class CallInterceptor {
 public:
     using Interceptor = std::function<Answer(const HostCall&)>;
 

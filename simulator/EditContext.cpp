@@ -6,7 +6,7 @@
 namespace wybeta::simulator {
 
 Steinberg::tresult EditContext::addEditStep(host::IEditStep* step) {
-    if (refuses("IProjectEditContext.addEditStep")) {
+    if (enter("IProjectEditContext.addEditStep") == Answer::Refuse) {
         return Steinberg::kResultFalse;
     }
     steps_.push_back(Steinberg::shared(step));
@@ -14,17 +14,17 @@ Steinberg::tresult EditContext::addEditStep(host::IEditStep* step) {
     return Steinberg::kResultOk;
 }
 
-void* EditContext::face(const Steinberg::TUID id) {
+void* EditContext::interfaceFor(const Steinberg::TUID id) {
     return host::sameId(id, Steinberg::FUnknown_iid) ? static_cast<host::IProjectEditContext*>(this)
                                                      : nullptr;
 }
 
 void ObjectCollector::addObject(host::IProjectNode* object) {
-    refuses("IEditObjectCollector.addObject");
+    enter("IEditObjectCollector.addObject");
     objects_.push_back(object);
 }
 
-void* ObjectCollector::face(const Steinberg::TUID id) {
+void* ObjectCollector::interfaceFor(const Steinberg::TUID id) {
     return host::sameId(id, Steinberg::FUnknown_iid)
                ? static_cast<host::IEditObjectCollector*>(this)
                : nullptr;

@@ -24,7 +24,7 @@ public:
     Steinberg::tresult PLUGIN_API addEditStep(host::IEditStep* step) override;
 
 protected:
-    void* face(const Steinberg::TUID id) override;
+    void* interfaceFor(const Steinberg::TUID id) override;
 
 private:
     EditSteps steps_;
@@ -41,7 +41,7 @@ public:
     void PLUGIN_API addObject(host::IProjectNode* object) override;
 
 protected:
-    void* face(const Steinberg::TUID id) override;
+    void* interfaceFor(const Steinberg::TUID id) override;
 
 private:
     std::vector<host::IProjectNode*> objects_;

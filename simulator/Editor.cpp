@@ -36,10 +36,11 @@ Change removal(TreeNode& parent, TreeItem& item) {
             [node, kept, index] { node->insert(*index, kept); }};
 }
 
-Editor::Editor(LoadedExtension extension)
-    : document_(make<Document>(state_)), manager_(make<ProjectManager>(state_)),
-      host_(make<ProjectHost>(state_, manager_)),
-      project_(make<TreeNode>(state_, "Project", "project")), extension_(std::move(extension)) {
+Editor::Editor(ExtensionInstance extension)
+    : document_(makeHandle<Document>(state_)), manager_(makeHandle<ProjectManager>(state_)),
+      host_(makeHandle<ProjectHost>(state_, manager_)),
+      project_(makeHandle<TreeNode>(state_, "Project", "project")),
+      extension_(std::move(extension)) {
     manager_->documents.push_back(document_);
     extension_->base().initialize(static_cast<host::IProjectHost*>(host_.get()));
     extension_->notification().documentOpened(document_.get());
@@ -67,7 +68,7 @@ void Editor::edit(std::vector<Change> changes) {
     for (const auto& change : changes) {
         change.apply();
     }
-    const auto context = make<EditContext>(state_);
+    const auto context = makeHandle<EditContext>(state_);
     if (extension_) {
         extension_->editHook().hookEdit(project_->argument(), context.get());
     }

@@ -29,9 +29,9 @@ struct Change {
 class Editor {
 public:
     // Creates the extension, initialises it and opens the document.
-    explicit Editor(Steinberg::IPluginFactory& factory) : Editor(LoadedExtension(factory)) {}
+    explicit Editor(Steinberg::IPluginFactory& factory) : Editor(ExtensionInstance(factory)) {}
     // Works with an extension that others may hold as well, and use before and after it.
-    explicit Editor(LoadedExtension extension);
+    explicit Editor(ExtensionInstance extension);
     // Terminates the extension if that has not happened yet.
     ~Editor();
     Editor(const Editor&) = delete;
@@ -41,7 +41,7 @@ public:
     // The top of the project tree, under which the tracks and folders are.
     TreeNode& project() const { return *project_; }
     // The extension, until it is terminated.
-    const LoadedExtension& extension() const { return *extension_; }
+    const ExtensionInstance& extension() const { return *extension_; }
 
     // Each of these is one edit that the user can undo: the change, then the edit hook.
     void type(Event& note, std::string_view lyric);
@@ -74,7 +74,7 @@ private:
     Handle<ProjectManager> manager_;
     Handle<ProjectHost> host_;
     Handle<TreeNode> project_;
-    std::optional<LoadedExtension> extension_;
+    std::optional<ExtensionInstance> extension_;
     std::vector<Edit> done_;
     std::vector<Edit> undone_;
 };

@@ -36,38 +36,38 @@ void Event::setUtf16(std::string_view key, std::u16string text) {
 }
 
 bool Event::isKind(Steinberg::FIDString /*kind*/) {
-    refuses("IProjectItem.isKind");
+    enter("IProjectItem.isKind");
     return false;
 }
 
 bool Event::isFlagged() {
-    return !refuses("IPartEvent.isFlagged") && flagged;
+    return enter("IPartEvent.isFlagged") != Answer::Refuse && flagged;
 }
 
 double Event::start(Steinberg::FUnknown* timeContext) {
-    refuses("IPartEvent.start");
+    enter("IPartEvent.start");
     const auto* const context = dynamic_cast<TimeContext*>(timeContext);
     return context != nullptr ? context->partStart() + startInPart : startInPart;
 }
 
 double Event::length(Steinberg::FUnknown* /*timeContext*/) {
-    refuses("IPartEvent.length");
+    enter("IPartEvent.length");
     return duration;
 }
 
 host::IProjectNodeIterator* Event::children() {
-    refuses("IProjectNode.children");
+    enter("IProjectNode.children");
     return nullptr;
 }
 
 Steinberg::int32 Event::value() {
-    refuses("IProjectEvent.value");
-    return number;
+    enter("IProjectEvent.value");
+    return pitch;
 }
 
 Steinberg::tresult Event::setAttribute(Steinberg::FIDString key, Steinberg::FVariant* value,
                                        Steinberg::TPtrInt reserved1, Steinberg::TPtrInt reserved2) {
-    if (refuses("IProjectNoteEvent.setAttribute")) {
+    if (enter("IProjectNoteEvent.setAttribute") == Answer::Refuse) {
         return Steinberg::kResultFalse;
     }
     const bool isPlainText = value->type == Steinberg::FVariant::kString16;
@@ -81,7 +81,7 @@ Steinberg::tresult Event::setAttribute(Steinberg::FIDString key, Steinberg::FVar
 }
 
 Steinberg::tresult Event::getAttribute(Steinberg::FIDString key, Steinberg::FVariant* value) {
-    if (refuses("IProjectNoteEvent.getAttribute")) {
+    if (enter("IProjectNoteEvent.getAttribute") == Answer::Refuse) {
         return Steinberg::kResultFalse;
     }
     if (attributes) {
@@ -96,7 +96,7 @@ Steinberg::tresult Event::getAttribute(Steinberg::FIDString key, Steinberg::FVar
     return Steinberg::kResultOk;
 }
 
-void* Event::face(const Steinberg::TUID id) {
+void* Event::interfaceFor(const Steinberg::TUID id) {
     if (host::sameId(id, Steinberg::FUnknown_iid)) {
         return static_cast<host::IPartEvent*>(this);
     }

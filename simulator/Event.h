@@ -27,7 +27,7 @@ public:
     // Times are counted from the start of the part.
     double startInPart = 0;
     double duration = 1;
-    Steinberg::int32 number = 0;
+    Steinberg::int32 pitch = 0;
     // Whether a lyric typed into the note starts a division.
     bool flagged = false;
     // When set, answers for the attributes in place of the texts below.
@@ -59,7 +59,7 @@ public:
                                                Steinberg::FVariant* value) override;
 
 protected:
-    void* face(const Steinberg::TUID id) override;
+    void* interfaceFor(const Steinberg::TUID id) override;
 
 private:
     const std::u16string* find(std::string_view key) const;

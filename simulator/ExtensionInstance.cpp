@@ -38,7 +38,7 @@ IPtr<I> faceOf(Steinberg::FUnknown& object, const char* name) {
 
 } // namespace
 
-LoadedExtension::LoadedExtension(Steinberg::IPluginFactory& factory)
+ExtensionInstance::ExtensionInstance(Steinberg::IPluginFactory& factory)
     : base_(create(factory)),
       notification_(faceOf<host::IProjectNotification3>(*base_, "IProjectNotification3")),
       storage_(faceOf<host::IProjectStorageNotification>(*base_, "IProjectStorageNotification")),

@@ -10,10 +10,10 @@ namespace wybeta::simulator {
 
 // An extension made by a module's factory, with the faces that an editor uses. Given back when the
 // object goes.
-class LoadedExtension {
+class ExtensionInstance {
 public:
     // Throws std::runtime_error when the factory does not make the extension or a face is missing.
-    explicit LoadedExtension(Steinberg::IPluginFactory& factory);
+    explicit ExtensionInstance(Steinberg::IPluginFactory& factory);
 
     Steinberg::IPluginBase& base() const { return *base_; }
     host::IProjectNotification3& notification() const { return *notification_; }

@@ -19,13 +19,13 @@ void HostObject::drop() {
     destroyWhenUnused();
 }
 
-Steinberg::uint32 HostObject::take() {
+Steinberg::uint32 HostObject::addModuleReference() {
     ++moduleReferences_;
     state_->ledger.referenceTaken();
     return static_cast<Steinberg::uint32>(moduleReferences_);
 }
 
-Steinberg::uint32 HostObject::giveBack() {
+Steinberg::uint32 HostObject::releaseModuleReference() {
     if (moduleReferences_ == 0) {
         state_->ledger.fault(std::string(className_) + " was given back without having been taken");
         return 0;

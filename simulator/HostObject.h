@@ -16,7 +16,7 @@ namespace wybeta::simulator {
 // What all objects of one simulated host share.
 struct HostState {
     Ledger ledger;
-    CallLog calls;
+    CallInterceptor calls;
 };
 
 using SharedState = std::shared_ptr<HostState>;
@@ -41,16 +41,15 @@ public:
     void drop();
 
 protected:
-    // The face that answers to the ID, without a reference; null when there is none.
-    virtual void* face(const Steinberg::TUID id) = 0;
+    // The interface that answers to the ID, without a new reference; null when there is none.
+    virtual void* interfaceFor(const Steinberg::TUID id) = 0;
 
-    Steinberg::uint32 take();
-    Steinberg::uint32 giveBack();
+    Steinberg::uint32 addModuleReference();
+    Steinberg::uint32 releaseModuleReference();
 
-    // Enters the call into the log. True when this call is to fail.
-    bool refuses(std::string_view call) {
-        return state_->calls.enter({call, *this}) == Answer::Refuse;
-    }
+    // Announces a call by the module, such as "IProjectNode.children", and returns how to answer
+    // it.
+    Answer enter(std::string_view call) { return state_->calls.enter({call, *this}); }
 
 private:
     void destroyWhenUnused();
@@ -95,7 +94,7 @@ private:
 };
 
 template <class T, class... Arguments>
-Handle<T> make(Arguments&&... arguments) {
+Handle<T> makeHandle(Arguments&&... arguments) {
     return Handle<T>(std::make_unique<T>(std::forward<Arguments>(arguments)...).release());
 }
 
@@ -106,16 +105,17 @@ public:
     using Base::Base;
 
     Steinberg::tresult PLUGIN_API queryInterface(const Steinberg::TUID id, void** object) override {
-        *object = this->refuses("queryInterface") ? nullptr : this->face(id);
+        const bool isRefused = this->enter("queryInterface") == Answer::Refuse;
+        *object = isRefused ? nullptr : this->interfaceFor(id);
         if (*object == nullptr) {
             return Steinberg::kNoInterface;
         }
-        this->take();
+        this->addModuleReference();
         return Steinberg::kResultOk;
     }
 
-    Steinberg::uint32 PLUGIN_API addRef() override { return this->take(); }
-    Steinberg::uint32 PLUGIN_API release() override { return this->giveBack(); }
+    Steinberg::uint32 PLUGIN_API addRef() override { return this->addModuleReference(); }
+    Steinberg::uint32 PLUGIN_API release() override { return this->releaseModuleReference(); }
 };
 
 // Hands an object over with a reference that the module has to give back; null stays null.

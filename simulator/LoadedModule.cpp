@@ -55,7 +55,7 @@ std::string lastError() {
 
 } // namespace
 
-struct ModuleFile::Library {
+struct LoadedModule::Library {
     explicit Library(const std::filesystem::path& path) : handle(openLibrary(path)) {
         if (handle == nullptr) {
             throw std::runtime_error("expected a module in the file " + path.string() +
@@ -78,13 +78,13 @@ struct ModuleFile::Library {
     NativeHandle handle;
 };
 
-ModuleFile::ModuleFile(const std::filesystem::path& path)
+LoadedModule::LoadedModule(const std::filesystem::path& path)
     : library_(std::make_unique<Library>(std::filesystem::absolute(path))) {
     library_->bind(getPluginFactory_, "GetPluginFactory");
     library_->bind(initDll_, "InitDll");
     library_->bind(exitDll_, "ExitDll");
 }
 
-ModuleFile::~ModuleFile() = default;
+LoadedModule::~LoadedModule() = default;
 
 } // namespace wybeta::simulator

@@ -10,13 +10,13 @@ namespace wybeta::simulator {
 
 // A module file loaded into this process the way an editor loads it: by its path, through its
 // exports. Unloaded when the object goes.
-class ModuleFile {
+class LoadedModule {
 public:
     // Throws std::runtime_error, saying which file or export could not be had.
-    explicit ModuleFile(const std::filesystem::path& path);
-    ~ModuleFile();
-    ModuleFile(const ModuleFile&) = delete;
-    ModuleFile& operator=(const ModuleFile&) = delete;
+    explicit LoadedModule(const std::filesystem::path& path);
+    ~LoadedModule();
+    LoadedModule(const LoadedModule&) = delete;
+    LoadedModule& operator=(const LoadedModule&) = delete;
 
     // The exports themselves. The factory comes with a reference.
     Steinberg::IPluginFactory* getPluginFactory() const { return getPluginFactory_(); }

@@ -23,7 +23,7 @@ Steinberg::tresult removeSink(std::vector<Sink*>& sinks, const Sink* sink) {
 } // namespace
 
 Steinberg::tresult Document::addStorageNotification(host::IProjectStorageNotification* sink) {
-    if (refuses("IProjectDocument.addStorageNotification")) {
+    if (enter("IProjectDocument.addStorageNotification") == Answer::Refuse) {
         return Steinberg::kResultFalse;
     }
     sinks_.push_back(sink);
@@ -31,34 +31,34 @@ Steinberg::tresult Document::addStorageNotification(host::IProjectStorageNotific
 }
 
 Steinberg::tresult Document::removeStorageNotification(host::IProjectStorageNotification* sink) {
-    if (refuses("IProjectDocument.removeStorageNotification")) {
+    if (enter("IProjectDocument.removeStorageNotification") == Answer::Refuse) {
         return Steinberg::kResultFalse;
     }
     removed_.push_back(sink);
     return removeSink(sinks_, sink);
 }
 
-void* Document::face(const Steinberg::TUID id) {
+void* Document::interfaceFor(const Steinberg::TUID id) {
     return host::sameId(id, Steinberg::FUnknown_iid) ? static_cast<host::IProjectDocument*>(this)
                                                      : nullptr;
 }
 
 Steinberg::int32 ProjectManager::countDocuments() {
-    return refuses("IProjectManager.countDocuments")
+    return enter("IProjectManager.countDocuments") == Answer::Refuse
                ? 0
                : static_cast<Steinberg::int32>(documents.size());
 }
 
 host::IProjectDocument* ProjectManager::getDocument(Steinberg::int32 index) {
     const auto place = static_cast<std::size_t>(index);
-    if (refuses("IProjectManager.getDocument") || place >= documents.size()) {
+    if (enter("IProjectManager.getDocument") == Answer::Refuse || place >= documents.size()) {
         return nullptr;
     }
     return documents[place].get();
 }
 
 Steinberg::tresult ProjectManager::addNotification(host::IProjectNotification3* sink) {
-    if (refuses("IProjectManager.addNotification")) {
+    if (enter("IProjectManager.addNotification") == Answer::Refuse) {
         return Steinberg::kResultFalse;
     }
     sinks_.push_back(sink);
@@ -66,13 +66,13 @@ Steinberg::tresult ProjectManager::addNotification(host::IProjectNotification3* 
 }
 
 Steinberg::tresult ProjectManager::removeNotification(host::IProjectNotification3* sink) {
-    if (refuses("IProjectManager.removeNotification")) {
+    if (enter("IProjectManager.removeNotification") == Answer::Refuse) {
         return Steinberg::kResultFalse;
     }
     return removeSink(sinks_, sink);
 }
 
-void* ProjectManager::face(const Steinberg::TUID id) {
+void* ProjectManager::interfaceFor(const Steinberg::TUID id) {
     const bool answers =
         host::sameId(id, Steinberg::FUnknown_iid) || host::sameId(id, host::IProjectManager::iid);
     return answers ? static_cast<host::IProjectManager*>(this) : nullptr;
@@ -80,13 +80,13 @@ void* ProjectManager::face(const Steinberg::TUID id) {
 
 Steinberg::tresult ProjectHost::getInterface(const Steinberg::TUID id, void** object) {
     *object = nullptr;
-    if (refuses("IProjectHost.getInterface") || !manager_) {
+    if (enter("IProjectHost.getInterface") == Answer::Refuse || !manager_) {
         return Steinberg::kNoInterface;
     }
     return manager_->queryInterface(id, object);
 }
 
-void* ProjectHost::face(const Steinberg::TUID id) {
+void* ProjectHost::interfaceFor(const Steinberg::TUID id) {
     const bool answers =
         host::sameId(id, Steinberg::FUnknown_iid) || host::sameId(id, host::IProjectHost::iid);
     return answers ? static_cast<host::IProjectHost*>(this) : nullptr;

@@ -29,7 +29,7 @@ public:
     removeStorageNotification(host::IProjectStorageNotification* sink) override;
 
 protected:
-    void* face(const Steinberg::TUID id) override;
+    void* interfaceFor(const Steinberg::TUID id) override;
 
 private:
     std::vector<host::IProjectStorageNotification*> sinks_;
@@ -51,7 +51,7 @@ public:
     Steinberg::tresult PLUGIN_API removeNotification(host::IProjectNotification3* sink) override;
 
 protected:
-    void* face(const Steinberg::TUID id) override;
+    void* interfaceFor(const Steinberg::TUID id) override;
 
 private:
     std::vector<host::IProjectNotification3*> sinks_;
@@ -66,7 +66,7 @@ public:
     Steinberg::tresult PLUGIN_API getInterface(const Steinberg::TUID id, void** object) override;
 
 protected:
-    void* face(const Steinberg::TUID id) override;
+    void* interfaceFor(const Steinberg::TUID id) override;
 
 private:
     Handle<ProjectManager> manager_;

@@ -37,26 +37,27 @@ std::size_t TreeNode::remove(const TreeItem& item) {
 }
 
 bool TreeNode::isKind(Steinberg::FIDString kind) {
-    return !refuses("IProjectItem.isKind") && kind_ == kind;
+    return enter("IProjectItem.isKind") != Answer::Refuse && kind_ == kind;
 }
 
 host::IProjectNodeIterator* TreeNode::children() {
-    if (refuses("IProjectNode.children") || (noIteratorWhenEmpty_ && items_.empty())) {
+    if (enter("IProjectNode.children") == Answer::Refuse ||
+        (noIteratorWhenEmpty_ && items_.empty())) {
         return nullptr;
     }
-    const auto iterator = make<TreeIterator>(Handle<TreeNode>(this));
+    const auto iterator = makeHandle<TreeIterator>(Handle<TreeNode>(this));
     return handOver<host::IProjectNodeIterator>(iterator.get());
 }
 
 Steinberg::FUnknown* TreeNode::timeContext(host::IProjectItem* part) {
-    if (refuses("IProjectNotificationArgument.timeContext")) {
+    if (enter("IProjectNotificationArgument.timeContext") == Answer::Refuse) {
         return nullptr;
     }
-    const auto context = make<TimeContext>(state(), dynamic_cast<Part&>(*part).start());
+    const auto context = makeHandle<TimeContext>(state(), dynamic_cast<Part&>(*part).start());
     return handOver<Steinberg::FUnknown>(context.get());
 }
 
-void* TreeNode::face(const Steinberg::TUID id) {
+void* TreeNode::interfaceFor(const Steinberg::TUID id) {
     if (host::sameId(id, Steinberg::FUnknown_iid)) {
         return static_cast<host::IProjectItem*>(this);
     }
@@ -64,13 +65,13 @@ void* TreeNode::face(const Steinberg::TUID id) {
                                                      : nullptr;
 }
 
-void* TimeContext::face(const Steinberg::TUID id) {
+void* TimeContext::interfaceFor(const Steinberg::TUID id) {
     return host::sameId(id, Steinberg::FUnknown_iid) ? static_cast<Steinberg::FUnknown*>(this)
                                                      : nullptr;
 }
 
 host::IProjectItem* TreeIterator::next() {
-    if (refuses("IProjectNodeIterator.next") || index_ >= node_->items().size()) {
+    if (enter("IProjectNodeIterator.next") == Answer::Refuse || index_ >= node_->items().size()) {
         return nullptr;
     }
     const auto& item = node_->items()[index_++];
@@ -78,10 +79,10 @@ host::IProjectItem* TreeIterator::next() {
 }
 
 bool TreeIterator::atEnd() {
-    return refuses("IProjectNodeIterator.atEnd") || index_ >= node_->items().size();
+    return enter("IProjectNodeIterator.atEnd") == Answer::Refuse || index_ >= node_->items().size();
 }
 
-void* TreeIterator::face(const Steinberg::TUID id) {
+void* TreeIterator::interfaceFor(const Steinberg::TUID id) {
     return host::sameId(id, Steinberg::FUnknown_iid)
                ? static_cast<host::IProjectNodeIterator*>(this)
                : nullptr;

@@ -48,7 +48,7 @@ public:
     Steinberg::FUnknown* PLUGIN_API timeContext(host::IProjectItem* part) override;
 
 protected:
-    void* face(const Steinberg::TUID id) override;
+    void* interfaceFor(const Steinberg::TUID id) override;
 
 private:
     std::string kind_;
@@ -82,7 +82,7 @@ public:
     double partStart() const { return partStart_; }
 
 protected:
-    void* face(const Steinberg::TUID id) override;
+    void* interfaceFor(const Steinberg::TUID id) override;
 
 private:
     double partStart_;
@@ -98,7 +98,7 @@ public:
     bool PLUGIN_API atEnd() override;
 
 protected:
-    void* face(const Steinberg::TUID id) override;
+    void* interfaceFor(const Steinberg::TUID id) override;
 
 private:
     Handle<TreeNode> node_;

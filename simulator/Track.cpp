@@ -7,7 +7,7 @@
 
 namespace wybeta::simulator {
 
-void* Plugin::face(const Steinberg::TUID id) {
+void* Plugin::interfaceFor(const Steinberg::TUID id) {
     const bool answers =
         host::sameId(id, Steinberg::FUnknown_iid) ||
         (kind_ == Kind::VoiceSynthesizer && host::sameId(id, host::IVoiceSynthesizer::iid));
@@ -20,28 +20,28 @@ void Element::holdPlugin(Handle<Plugin> plugin) {
 }
 
 Steinberg::FIDString Element::typeName() {
-    return refuses("IProjectElement.typeName") ? nullptr : type_.c_str();
+    return enter("IProjectElement.typeName") == Answer::Refuse ? nullptr : type_.c_str();
 }
 
 Steinberg::int32 Element::countElements() {
-    return refuses("IProjectElement.countElements")
+    return enter("IProjectElement.countElements") == Answer::Refuse
                ? 0
                : static_cast<Steinberg::int32>(elements_.size());
 }
 
 host::IProjectElement* Element::element(Steinberg::int32 index) {
     const auto place = static_cast<std::size_t>(index);
-    if (refuses("IProjectElement.element") || place >= elements_.size()) {
+    if (enter("IProjectElement.element") == Answer::Refuse || place >= elements_.size()) {
         return nullptr;
     }
     return handOver<host::IProjectElement>(elements_[place].get());
 }
 
 Steinberg::FUnknown* Element::plugin() {
-    return refuses("IProjectPluginSlot.plugin") ? nullptr : plugin_.get();
+    return enter("IProjectPluginSlot.plugin") == Answer::Refuse ? nullptr : plugin_.get();
 }
 
-void* Element::face(const Steinberg::TUID id) {
+void* Element::interfaceFor(const Steinberg::TUID id) {
     if (host::sameId(id, Steinberg::FUnknown_iid)) {
         return static_cast<host::IProjectElement*>(this);
     }
@@ -51,28 +51,29 @@ void* Element::face(const Steinberg::TUID id) {
 }
 
 host::IProjectElement* Track::deviceElement() {
-    return refuses("IProjectTrack.deviceElement") ? nullptr
-                                                  : handOver<host::IProjectElement>(device_.get());
+    return enter("IProjectTrack.deviceElement") == Answer::Refuse
+               ? nullptr
+               : handOver<host::IProjectElement>(device_.get());
 }
 
-void* Track::face(const Steinberg::TUID id) {
+void* Track::interfaceFor(const Steinberg::TUID id) {
     return host::sameId(id, host::IProjectTrack::iid) ? static_cast<host::IProjectTrack*>(this)
-                                                      : TreeNode::face(id);
+                                                      : TreeNode::interfaceFor(id);
 }
 
 Handle<Element> makeDevice(const SharedState& state, Plugin::Kind plugin) {
-    const auto holder = make<Element>(state, "Instrument");
-    holder->holdPlugin(make<Plugin>(state, plugin));
-    const auto slot = make<Element>(state, "Slot");
+    const auto holder = makeHandle<Element>(state, "Instrument");
+    holder->holdPlugin(makeHandle<Plugin>(state, plugin));
+    const auto slot = makeHandle<Element>(state, "Slot");
     slot->add(holder);
-    auto device = make<Element>(state, "Device");
-    device->add(make<Element>(state, "Inserts"));
+    auto device = makeHandle<Element>(state, "Device");
+    device->add(makeHandle<Element>(state, "Inserts"));
     device->add(slot);
     return device;
 }
 
 Handle<Track> makeVoiceTrack(const SharedState& state) {
-    auto track = make<Track>(state);
+    auto track = makeHandle<Track>(state);
     track->setDevice(makeDevice(state, Plugin::Kind::VoiceSynthesizer));
     return track;
 }

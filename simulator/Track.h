@@ -19,7 +19,7 @@ public:
     Plugin(SharedState state, Kind kind) : Implements(std::move(state), "Plugin"), kind_(kind) {}
 
 protected:
-    void* face(const Steinberg::TUID id) override;
+    void* interfaceFor(const Steinberg::TUID id) override;
 
 private:
     Kind kind_;
@@ -42,7 +42,7 @@ public:
     Steinberg::FUnknown* PLUGIN_API plugin() override;
 
 protected:
-    void* face(const Steinberg::TUID id) override;
+    void* interfaceFor(const Steinberg::TUID id) override;
 
 private:
     std::string type_;
@@ -61,7 +61,7 @@ public:
     host::IProjectElement* PLUGIN_API deviceElement() override;
 
 protected:
-    void* face(const Steinberg::TUID id) override;
+    void* interfaceFor(const Steinberg::TUID id) override;
 
 private:
     Handle<Element> device_;

@@ -31,7 +31,11 @@ std::optional<std::string> option(std::string_view name) {
 }
 
 std::filesystem::path modulePath() {
-    return option("module").value_or("");
+    return std::filesystem::u8path(option("module").value_or(WYBETA_MODULE_FILE));
+}
+
+std::filesystem::path sourceFile(const std::string& name) {
+    return std::filesystem::u8path(WYBETA_SOURCE_FOLDER) / std::filesystem::u8path(name);
 }
 
 } // namespace wybeta::tests

@@ -30,7 +30,7 @@ protected:
         EXPECT_EQ(state->ledger.objectsAlive(), 0u);
     }
 
-    const simulator::ModuleFile module{modulePath()};
+    const simulator::LoadedModule module{modulePath()};
     const simulator::SharedState state = std::make_shared<simulator::HostState>();
     std::optional<SimulatedHost> host{state};
     Steinberg::IPtr<Steinberg::IPluginFactory> factory =
@@ -55,7 +55,7 @@ protected:
         EXPECT_EQ(base.release(), 0u) << "references to the extension are left";
     }
 
-    std::optional<simulator::LoadedExtension> extension{*factory};
+    std::optional<simulator::ExtensionInstance> extension{*factory};
 };
 
 } // namespace wybeta::tests

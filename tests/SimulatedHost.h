@@ -12,8 +12,8 @@ namespace wybeta::tests {
 // A host with a project manager and, at first, no documents.
 struct SimulatedHost {
     explicit SimulatedHost(const simulator::SharedState& state)
-        : manager(simulator::make<simulator::ProjectManager>(state)),
-          projectHost(simulator::make<simulator::ProjectHost>(state, manager)) {}
+        : manager(simulator::makeHandle<simulator::ProjectManager>(state)),
+          projectHost(simulator::makeHandle<simulator::ProjectHost>(state, manager)) {}
 
     // What an extension is initialised with.
     Steinberg::FUnknown* context() const {
@@ -22,7 +22,7 @@ struct SimulatedHost {
 
     simulator::Handle<simulator::Document> openDocument() const {
         return manager->documents.emplace_back(
-            simulator::make<simulator::Document>(manager->state()));
+            simulator::makeHandle<simulator::Document>(manager->state()));
     }
 
     // References that the module holds to the host and to its manager.

@@ -23,8 +23,8 @@ constexpr const char* kVowelsAndN[] = {"ih", "eh", "ae", "aa", "ah", "uh", "ax",
 constexpr const char* kVoiced[] = {"w", "y", "m", "ng", "v", "z", "zh", "jh", "l"};
 constexpr const char* kUnvoiced[] = {"f", "s", "th", "sh", "hh"};
 
-// The index of the first symbol that is in the group. A symbol counts as every member that it is
-// the beginning of: "n" as "ng", "t" as "th".
+// The index of the first symbol that is in the group. A symbol matches every member of which it is
+// a prefix: "n" matches "ng", "t" matches "th".
 template <std::size_t Size>
 std::optional<std::int32_t> findFirstOf(const char* const (&group)[Size], const Pieces& symbols) {
     const auto found =
@@ -65,78 +65,79 @@ std::string withoutHyphens(std::string word) {
 }
 
 Pieces syllablesOf(std::string_view divided) {
-    Pieces syllables = splitText(divided, ".");
-    std::transform(syllables.begin(), syllables.end(), syllables.begin(), trimmed);
+    Pieces syllables = text::splitText(divided, ".");
+    std::transform(syllables.begin(), syllables.end(), syllables.begin(), text::trimmed);
     return syllables;
 }
 
-// Drops the last symbol of the last item, which silences a vowel; a lone symbol becomes a rest.
-void silenceLast(std::vector<std::string>& items) {
-    if (items.empty()) {
-        items.emplace_back("sil");
+// Drops the last symbol of the last syllable, which silences a vowel; a lone symbol becomes a rest.
+void silenceLast(std::vector<std::string>& syllables) {
+    if (syllables.empty()) {
+        syllables.emplace_back("sil");
         return;
     }
-    Pieces symbols = splitText(items.back(), "");
+    Pieces symbols = text::splitText(syllables.back(), "");
     if (symbols.size() < 2) {
-        items.back() = "sil";
+        syllables.back() = "sil";
         return;
     }
     symbols.pop_back();
-    items.back() = joinText(symbols, " ");
+    syllables.back() = text::joinText(symbols, " ");
 }
 
-// How many hyphens fall into each of the phoneme syllables. A hyphen belongs to the written
-// syllable that holds the letter before it: a leading one to the first, and so does one behind more
-// letters than the written syllables have. Written syllables beyond the last spoken one fold onto
-// that one.
+// Counts the hyphens of each spoken syllable. A hyphen belongs to the written syllable of the
+// letter before it; without such a letter, or past the end of the spelling, to the first; past the
+// last spoken syllable, to the last.
 std::vector<std::size_t> countHyphens(std::string_view typed, const Pieces& written,
-                                      std::size_t syllables) {
-    std::vector<std::size_t> hyphens(syllables);
-    std::size_t letters = 0;         // before the byte
-    std::size_t lettersOfOthers = 0; // in the written syllables before the current one
+                                      std::size_t spokenCount) {
+    std::vector<std::size_t> hyphens(spokenCount);
+    std::size_t letters = 0;       // of the typed word so far
+    std::size_t lettersBefore = 0; // the current written syllable
     std::size_t current = 0;
     for (const char byte : typed) {
         if (byte != '-') {
             ++letters;
             continue;
         }
-        while (current < written.size() && letters > lettersOfOthers + written[current].size()) {
-            lettersOfOthers += written[current].size();
+        while (current < written.size() && letters > lettersBefore + written[current].size()) {
+            lettersBefore += written[current].size();
             ++current;
         }
         const std::size_t holder = current < written.size() ? current : 0;
-        ++hyphens[std::min(holder, syllables - 1)];
+        ++hyphens[std::min(holder, spokenCount - 1)];
     }
     return hyphens;
 }
 
-// Appends the syllable up to its nucleus, then as many "-" items as it has hyphens, the last of
+// Appends the syllable up to its nucleus, then as many "-" syllables as it has hyphens, the last of
 // which carries the rest, even if there is none.
-void appendCut(std::vector<std::string>& items, std::string_view syllable, std::size_t hyphens) {
-    Pieces symbols = splitText(syllable, "");
+void appendCut(std::vector<std::string>& syllables, std::string_view syllable,
+               std::size_t hyphens) {
+    Pieces symbols = text::splitText(syllable, "");
     const auto nucleus = static_cast<std::size_t>(findSyllableNucleus(symbols));
     const auto cut = static_cast<std::ptrdiff_t>(std::min(nucleus + 1, symbols.size()));
     const Pieces rest(symbols.begin() + cut, symbols.end());
     symbols.erase(symbols.begin() + cut, symbols.end());
-    items.push_back(joinText(symbols, " "));
-    items.insert(items.end(), hyphens, "-");
-    items.back() += " " + joinText(rest, " ");
+    syllables.push_back(text::joinText(symbols, " "));
+    syllables.insert(syllables.end(), hyphens, "-");
+    syllables.back() += " " + text::joinText(rest, " ");
 }
 
-void appendWhole(std::vector<std::string>& items, const PronunciationEntry& entry) {
-    forEachPiece(entry.phonemes, ".",
-                 [&items](std::string_view syllable) { items.emplace_back(trimmed(syllable)); });
+void appendWhole(std::vector<std::string>& syllables, const PronunciationEntry& entry) {
+    text::forEachSplit(entry.phonemes, ".", [&syllables](std::string_view syllable) {
+        syllables.emplace_back(text::trimmed(syllable));
+    });
 }
 
-void appendDivided(std::vector<std::string>& items, const PronunciationEntry& entry,
+void appendDivided(std::vector<std::string>& syllables, const PronunciationEntry& entry,
                    std::string_view typed) {
-    const Pieces syllables = syllablesOf(entry.phonemes);
-    const auto hyphens = countHyphens(typed, syllablesOf(entry.spelling), syllables.size());
-    for (std::size_t i = 0; i < syllables.size(); ++i) {
+    const Pieces spoken = syllablesOf(entry.phonemes);
+    const auto hyphens = countHyphens(typed, syllablesOf(entry.spelling), spoken.size());
+    for (std::size_t i = 0; i < spoken.size(); ++i) {
         if (hyphens[i] == 0) {
-            items.emplace_back(syllables[i]);
+            syllables.emplace_back(spoken[i]);
         } else {
-            appendCut(items, syllables[i], hyphens[i]);
+            appendCut(syllables, spoken[i], hyphens[i]);
         }
     }
 }
@@ -144,7 +145,7 @@ void appendDivided(std::vector<std::string>& items, const PronunciationEntry& en
 } // namespace
 
 void convertEnglishWord(const PronunciationDictionary& dictionary, std::u32string_view lyric,
-                        std::int32_t begin, std::int32_t end, std::vector<std::string>& items) {
+                        std::int32_t begin, std::int32_t end, std::vector<std::string>& syllables) {
     if (begin < 0 || begin >= end || static_cast<std::size_t>(end) > lyric.size()) {
         return;
     }
@@ -152,14 +153,14 @@ void convertEnglishWord(const PronunciationDictionary& dictionary, std::u32strin
         lyric.substr(static_cast<std::size_t>(begin), static_cast<std::size_t>(end - begin));
     const std::string typed = typedWord(word);
     if (word == U"0") {
-        silenceLast(items);
+        silenceLast(syllables);
     }
     if (!hasHyphens(typed)) {
         if (const auto entry = dictionary.find(typed)) {
-            appendWhole(items, *entry);
+            appendWhole(syllables, *entry);
         }
     } else if (const auto entry = dictionary.find(withoutHyphens(typed))) {
-        appendDivided(items, *entry, typed);
+        appendDivided(syllables, *entry, typed);
     }
 }
 

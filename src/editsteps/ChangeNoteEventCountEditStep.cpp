@@ -9,8 +9,8 @@ using Steinberg::kResultOk;
 using Steinberg::tresult;
 
 ChangeNoteEventCountEditStep::ChangeNoteEventCountEditStep(host::IProjectNode* trackNode,
-                                                           TrackKey track, NoteChanges changes,
-                                                           Cause cause)
+                                                           tracks::TrackKey track,
+                                                           tracks::NoteChanges changes, Cause cause)
     : EditStep(trackNode), changes_(std::move(changes)), cause_(cause), track_(track) {}
 
 // The walk that made the step has put the new list into the table already.
@@ -19,11 +19,13 @@ tresult PLUGIN_API ChangeNoteEventCountEditStep::execute() {
 }
 
 void PLUGIN_API ChangeNoteEventCountEditStep::undo() {
-    apply(cause_ == Cause::NotesRemoved ? CountChange::Insert : CountChange::Remove);
+    apply(cause_ == Cause::NotesRemoved ? tracks::CountChange::Insert
+                                        : tracks::CountChange::Remove);
 }
 
 void PLUGIN_API ChangeNoteEventCountEditStep::redo() {
-    apply(cause_ == Cause::NotesRemoved ? CountChange::Remove : CountChange::Insert);
+    apply(cause_ == Cause::NotesRemoved ? tracks::CountChange::Remove
+                                        : tracks::CountChange::Insert);
 }
 
 tresult PLUGIN_API
@@ -31,10 +33,10 @@ ChangeNoteEventCountEditStep::reportChangedObjects(host::IEditObjectCollector* /
     return kResultOk;
 }
 
-void ChangeNoteEventCountEditStep::apply(CountChange kind) {
+void ChangeNoteEventCountEditStep::apply(tracks::CountChange kind) {
     if (!changes_.empty()) {
         const auto self = holdSelf();
-        applyNoteCountChange(trackNode(), track_, changes_, kind);
+        tracks::applyNoteCountChange(trackNode(), track_, changes_, kind);
     }
 }
 

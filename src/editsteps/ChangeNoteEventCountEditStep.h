@@ -6,7 +6,6 @@
 #include "host/IProjectNode.h"
 #include "tracks/NoteListDiff.h"
 #include "tracks/TrackTable.h"
-#include "tracks/TrackTableUpkeep.h"
 
 namespace wybeta::editsteps {
 
@@ -17,8 +16,8 @@ public:
     enum class Cause { NotesAdded, NotesRemoved };
 
     // `track` is the key under which the table knows the track.
-    ChangeNoteEventCountEditStep(host::IProjectNode* trackNode, TrackKey track, NoteChanges changes,
-                                 Cause cause);
+    ChangeNoteEventCountEditStep(host::IProjectNode* trackNode, tracks::TrackKey track,
+                                 tracks::NoteChanges changes, Cause cause);
 
     Steinberg::tresult PLUGIN_API execute() override;
     void PLUGIN_API undo() override;
@@ -27,11 +26,11 @@ public:
     reportChangedObjects(host::IEditObjectCollector* collector) override;
 
 private:
-    void apply(CountChange kind);
+    void apply(tracks::CountChange kind);
 
-    NoteChanges changes_;
+    tracks::NoteChanges changes_;
     Cause cause_;
-    TrackKey track_;
+    tracks::TrackKey track_;
 };
 
 } // namespace wybeta::editsteps

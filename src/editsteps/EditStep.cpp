@@ -5,6 +5,13 @@
 
 namespace wybeta::editsteps {
 
+namespace {
+
+// While a step is destroyed, what it releases may take and give back references to it.
+constexpr Steinberg::int32 kBeingDestroyed = -1'000'000;
+
+} // namespace
+
 Steinberg::tresult PLUGIN_API EditStep::queryInterface(const Steinberg::TUID id, void** object) {
     if (!host::sameId(id, Steinberg::FUnknown_iid) && !host::sameId(id, host::IEditStep::iid)) {
         *object = nullptr;
@@ -22,6 +29,7 @@ Steinberg::uint32 PLUGIN_API EditStep::addRef() {
 Steinberg::uint32 PLUGIN_API EditStep::release() {
     const auto left = --references_;
     if (left == 0) {
+        references_ = kBeingDestroyed;
         delete this;
     }
     return static_cast<Steinberg::uint32>(left);

@@ -11,8 +11,8 @@
 namespace wybeta::editsteps {
 
 // What both kinds of step share: identity, the reference count and the track that they belong to. A
-// step is made with one reference and never changes: the host may call its methods in any order and
-// any number of times, even after the extension is gone.
+// step is constructed with one reference and never changes: the host may call its methods in any
+// order and any number of times, even after the extension is gone.
 class EditStep : public host::IEditStep {
 public:
     EditStep(const EditStep&) = delete;

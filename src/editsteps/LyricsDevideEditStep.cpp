@@ -3,16 +3,13 @@
 
 #include "host/IProjectEvent.h"
 #include "host/Query.h"
+#include "text/Utf16.h"
 #include "tracks/TrackTable.h"
-#include "tracks/TrackTableUpkeep.h"
 
 #include "pluginterfaces/base/fvariant.h"
 
-#include <utf8cpp/utf8.h>
-
 #include <cstddef>
-#include <cstring>
-#include <string>
+#include <string_view>
 #include <utility>
 
 namespace wybeta::editsteps {
@@ -23,12 +20,8 @@ using Steinberg::FVariant;
 using Steinberg::kResultOk;
 using Steinberg::tresult;
 
-bool isAscii(char byte) {
-    return byte != 0 && static_cast<unsigned char>(byte) < 0x80;
-}
-
-// Texts as the host takes them, one after the other in the same memory. The memory stays here: it
-// must not be freed by the variant, even if the host marks it as the variant's own.
+// A text as the host takes it. The variant must never free it, even if the host marks it as the
+// variant's own.
 class TextAttribute {
 public:
     TextAttribute() = default;
@@ -36,33 +29,29 @@ public:
     TextAttribute(const TextAttribute&) = delete;
     TextAttribute& operator=(const TextAttribute&) = delete;
 
-    // Takes the UTF-8 text up to its first zero byte.
-    FVariant* set(const std::string& utf8) {
-        if (utf16_.size() <= utf8.size()) {
-            utf16_.resize(utf8.size() + 1);
-        }
-        // Phonemes are ASCII, which needs no decoding.
-        auto utf16 = utf16_.begin();
-        const char* rest = utf8.c_str();
-        while (isAscii(*rest)) {
-            *utf16++ = static_cast<unsigned char>(*rest++);
-        }
-        *utf8::utf8to16(rest, rest + std::strlen(rest), utf16) = 0;
+    // The UTF-8 text up to its first zero byte; good until the next call.
+    FVariant* set(std::string_view utf8) {
+        text::utf16FromUtf8(utf8, utf16_);
         value_.setOwner(false);
-        value_.setString16(utf16_.data());
+        value_.setString16(utf16_.c_str());
         return &value_;
     }
 
 private:
-    std::vector<char16_t> utf16_;
+    std::u16string utf16_;
     FVariant value_;
 };
 
 } // namespace
 
 LyricsDevideEditStep::LyricsDevideEditStep(host::IProjectNode* trackNode,
-                                           lyrics::LyricsDivision division)
+                                           tracks::LyricsDivision division)
     : EditStep(trackNode), division_(std::move(division)) {}
+
+// A note may call the step while it is released, so the step has no notes by then.
+LyricsDevideEditStep::~LyricsDevideEditStep() {
+    const auto division = std::exchange(division_, {});
+}
 
 tresult PLUGIN_API LyricsDevideEditStep::execute() {
     const auto self = holdSelf();
@@ -104,9 +93,9 @@ void LyricsDevideEditStep::applyLyrics(const std::vector<std::string>& texts) co
 }
 
 void LyricsDevideEditStep::syncTable(const std::vector<std::string>& texts) const {
-    TrackTable* const table = currentTrackTable();
+    auto* const table = tracks::currentTrackTable();
     if (table != nullptr && !division_.notes.empty() && division_.notes.front()) {
-        syncTrackTableLyrics(*table, division_.firstEvent, texts);
+        tracks::syncTrackTableLyrics(*table, division_.firstEvent, texts);
     }
 }
 

@@ -12,10 +12,11 @@
 namespace wybeta::editsteps {
 
 // Writes the texts of a division into its notes, and the old texts back on undo. Holds the notes,
-// so that they can come back from the host's history. The spelling of the name is kept on purpose.
+// so that they survive a deletion that the host may undo. The class name is spelled so on purpose.
 class LyricsDevideEditStep final : public EditStep {
 public:
-    LyricsDevideEditStep(host::IProjectNode* trackNode, lyrics::LyricsDivision division);
+    LyricsDevideEditStep(host::IProjectNode* trackNode, tracks::LyricsDivision division);
+    ~LyricsDevideEditStep() override;
 
     Steinberg::tresult PLUGIN_API execute() override;
     void PLUGIN_API undo() override;
@@ -24,12 +25,12 @@ public:
     reportChangedObjects(host::IEditObjectCollector* collector) override;
 
 private:
-    // Notes that are null or that are notes no longer are passed over. A text that is not valid
-    // UTF-8 raises utf8::exception; the notes before it have been written then.
+    // Skips notes that are null or no longer notes. A text that is not valid UTF-8 throws
+    // utf8::exception after the notes before it have been written.
     void applyLyrics(const std::vector<std::string>& texts) const;
     void syncTable(const std::vector<std::string>& texts) const;
 
-    lyrics::LyricsDivision division_;
+    tracks::LyricsDivision division_;
 };
 
 } // namespace wybeta::editsteps

@@ -3,6 +3,7 @@
 
 #include "editsteps/ChangeNoteEventCountEditStep.h"
 #include "editsteps/LyricsDevideEditStep.h"
+#include "extension/OpenFolders.h"
 #include "extension/TargetTrack.h"
 #include "host/ChildCursor.h"
 #include "host/IProjectEvent.h"
@@ -12,19 +13,19 @@
 #include "tracks/NoteListDiff.h"
 #include "tracks/NoteReader.h"
 
-#include <memory>
 #include <utility>
 
-namespace wybeta {
+namespace wybeta::extension {
 
 namespace {
 
-using editsteps::ChangeNoteEventCountEditStep;
-using editsteps::LyricsDevideEditStep;
 using host::IProjectNode;
-using host::NoteRecord;
-using host::NoteRecords;
 using Steinberg::IPtr;
+using tracks::NoteList;
+using tracks::NoteRecord;
+
+// A tree that never ends must not hang the editor. No project has so many folders and tracks.
+constexpr int kMaxNodes = 1'048'576;
 
 // Clears everything but the event.
 void clearForNextEvent(NoteRecord& record) {
@@ -35,47 +36,47 @@ void clearForNextEvent(NoteRecord& record) {
 
 // Reads all events of a track that is seen for the first time. An event that is not a note gets a
 // record as well, an empty one that repeats the event of the last note before it; the lyric pass
-// passes such events over, so that the next walk sees a change of count.
-NoteRecords readAllEvents(host::IProjectNotificationArgument& argument, IProjectNode& track) {
-    NoteRecords records;
+// skips such events, so that the next walk sees a change of count.
+NoteList readAllEvents(host::IProjectNotificationArgument& argument, IProjectNode& track) {
+    NoteList records;
     NoteRecord record;
-    host::Children children(&track);
+    host::ChildCursor children(&track);
     while (const auto child = children.next()) {
         if (!child->isKind("part")) {
             continue;
         }
         const auto timeContext = Steinberg::owned(argument.timeContext(child));
-        host::Children events(host::query<IProjectNode>(child));
+        host::ChildCursor events(host::query<IProjectNode>(child));
         while (const auto event = events.next()) {
             clearForNextEvent(record);
-            host::readNoteEvent(static_cast<host::IPartEvent&>(*event), timeContext, record);
-            records.push_back(record);
+            tracks::readNoteEvent(static_cast<host::IPartEvent&>(*event), timeContext, record);
+            records.append(record);
         }
     }
     return records;
 }
 
 // The step for lists of different length.
-IPtr<host::IEditStep> makeCountStep(IProjectNode& node, TrackKey track,
-                                    const NoteRecords& oldRecords, const NoteRecords& newRecords) {
+IPtr<host::IEditStep> makeCountStep(IProjectNode& node, tracks::TrackKey track,
+                                    const NoteList& oldRecords, const NoteList& newRecords) {
+    using editsteps::ChangeNoteEventCountEditStep;
     using Cause = ChangeNoteEventCountEditStep::Cause;
     const bool hasGrown = newRecords.size() > oldRecords.size();
-    auto changes = hasGrown ? editsteps::diffNoteLists(newRecords, oldRecords)
-                            : editsteps::diffNoteLists(oldRecords, newRecords);
+    auto changes = hasGrown ? tracks::diffNoteLists(newRecords, oldRecords)
+                            : tracks::diffNoteLists(oldRecords, newRecords);
     return Steinberg::owned<host::IEditStep>(new ChangeNoteEventCountEditStep(
         &node, track, std::move(changes), hasGrown ? Cause::NotesAdded : Cause::NotesRemoved));
 }
 
 } // namespace
 
-// The folders that are open are kept in a list and not on the stack: they nest to any depth.
 void ProjectWalk::run(IPtr<IProjectNode> node) {
-    std::vector<host::Children> open;
-    open.emplace_back(std::move(node));
-    while (!open.empty()) {
-        const auto child = open.back().next();
+    OpenFolders folders;
+    folders.open(std::move(node));
+    for (int nodes = 0; !folders.empty() && nodes < kMaxNodes; ++nodes) {
+        const auto child = folders.innermost().next();
         if (!child) {
-            open.pop_back();
+            folders.closeInnermost();
             continue;
         }
         const bool isFolder = child->isKind("folder");
@@ -84,7 +85,7 @@ void ProjectWalk::run(IPtr<IProjectNode> node) {
             continue;
         }
         if (isFolder) {
-            open.emplace_back(std::move(childNode));
+            folders.open(std::move(childNode));
         } else if (const auto track = findTargetTrack(*childNode)) {
             visitTrack(*childNode, *track);
         }
@@ -95,42 +96,37 @@ void ProjectWalk::visitTrack(IProjectNode& node, host::IProjectTrack& track) {
     visited_.push_back(&track);
     const auto entry = table_.find(&track);
     if (entry == table_.end()) {
-        auto records = std::make_shared<NoteRecords>(readAllEvents(argument_, node));
-        table_.insert_or_assign(&track, std::move(records));
+        auto records = std::make_shared<NoteList>(readAllEvents(argument_, node));
+        table_[&track].notes = std::move(records);
         return;
     }
     // Held for the whole update: the host may call back, and an inner walk replace the entry.
-    auto oldRecords = entry->second;
-    updateTrack(node, &track, *oldRecords);
-    if (oldRecords.use_count() == 1) {
-        retired_.insert_or_assign(&track, std::move(oldRecords));
+    auto oldRecords = entry->second.notes;
+    auto spare = std::exchange(entry->second.spare, {});
+    updateTrack(node, &track, *oldRecords, spare ? std::move(spare) : std::make_shared<NoteList>());
+    const auto updated = table_.find(&track);
+    if (updated != table_.end() && oldRecords.use_count() == 1) {
+        updated->second.spare = std::move(oldRecords);
     }
 }
 
-// A list to write the new records into: the one that the last walk retired, if no inner walk has
-// it.
-SharedNoteRecords ProjectWalk::takeRetired(TrackKey track) {
-    auto& retired = retired_[track];
-    return retired ? std::exchange(retired, {}) : std::make_shared<NoteRecords>();
-}
-
-void ProjectWalk::updateTrack(IProjectNode& node, TrackKey track, const NoteRecords& oldRecords) {
-    auto newRecords = takeRetired(track);
-    lyrics::LyricsDivision division;
+void ProjectWalk::updateTrack(IProjectNode& node, tracks::TrackKey track,
+                              const NoteList& oldRecords, std::shared_ptr<NoteList> newRecords) {
+    tracks::LyricsDivision division;
     const int result =
-        lyrics::convertTrackLyrics(argument_, node, oldRecords, *newRecords, division);
+        tracks::convertTrackLyrics(argument_, node, oldRecords, *newRecords, division);
 
-    // Made first, so that a failed allocation leaves the table as it was.
+    // Made first, so that a failed allocation leaves the table unchanged.
     IPtr<host::IEditStep> step;
     if (context_ != nullptr && result == 1) {
-        step = Steinberg::owned(new LyricsDevideEditStep(&node, std::move(division)));
+        step = Steinberg::owned(new editsteps::LyricsDevideEditStep(&node, std::move(division)));
     } else if (context_ != nullptr && newRecords->size() != oldRecords.size()) {
         step = makeCountStep(node, track, oldRecords, *newRecords);
     }
-    table_.insert_or_assign(track, std::move(newRecords));
+    table_[track].notes = std::move(newRecords);
     if (step) {
         context_->addEditStep(step);
     }
 }
 
-} // namespace wybeta
+} // namespace wybeta::extension

@@ -4,44 +4,44 @@
 #include "host/IEditStep.h"
 #include "host/IProjectNode.h"
 #include "host/IProjectTrack.h"
-#include "tracks/NoteRecord.h"
+#include "tracks/NoteList.h"
 #include "tracks/TrackTable.h"
 
 #include "pluginterfaces/base/smartpointer.h"
 
+#include <memory>
 #include <vector>
 
-namespace wybeta {
+namespace wybeta::extension {
 
 // One walk over the project: brings the track table up to date with every target track that it
-// meets and, within an edit, hands the edit steps that follow to the host.
+// meets and, within an edit, hands the resulting edit steps to the host.
 class ProjectWalk {
 public:
-    // `retired` keeps the lists that the walk replaces, for the next walk to write over: a walk
-    // then allocates nothing for notes that it has seen before. `argument` is what the host passed
-    // to start the walk; null `context`: no steps are made. All have to outlive the walk. Both
-    // tables may be changed by the host calling back meanwhile.
-    ProjectWalk(TrackTable& table, TrackTable& retired,
-                host::IProjectNotificationArgument& argument, host::IProjectEditContext* context)
-        : table_(table), retired_(retired), argument_(argument), context_(context) {}
+    // `argument` is what the host passed to start the walk; with a null `context` no steps are
+    // made. All must outlive the walk. The table may change during the walk when the host calls
+    // back.
+    ProjectWalk(tracks::TrackTable& table, host::IProjectNotificationArgument& argument,
+                host::IProjectEditContext* context)
+        : table_(table), argument_(argument), context_(context) {}
 
-    // Walks depth first through the folders under the node, children in order.
+    // Walks depth first through the folders under the node, children in order. A folder that is
+    // open already is not entered again.
     void run(Steinberg::IPtr<host::IProjectNode> node);
 
     // The target tracks that were met, in order.
-    const std::vector<TrackKey>& visited() const { return visited_; }
+    const std::vector<tracks::TrackKey>& visited() const { return visited_; }
 
 private:
     void visitTrack(host::IProjectNode& node, host::IProjectTrack& track);
-    void updateTrack(host::IProjectNode& node, TrackKey track, const host::NoteRecords& oldRecords);
+    void updateTrack(host::IProjectNode& node, tracks::TrackKey track,
+                     const tracks::NoteList& oldRecords,
+                     std::shared_ptr<tracks::NoteList> newRecords);
 
-    SharedNoteRecords takeRetired(TrackKey track);
-
-    TrackTable& table_;
-    TrackTable& retired_;
+    tracks::TrackTable& table_;
     host::IProjectNotificationArgument& argument_;
     host::IProjectEditContext* context_;
-    std::vector<TrackKey> visited_;
+    std::vector<tracks::TrackKey> visited_;
 };
 
-} // namespace wybeta
+} // namespace wybeta::extension

@@ -3,14 +3,18 @@
 
 #include "host/Query.h"
 
+#include <algorithm>
 #include <string_view>
 
-namespace wybeta {
+namespace wybeta::extension {
 
 namespace {
 
 using host::IProjectElement;
 using Steinberg::IPtr;
+
+// A device that claims endless elements must not hang the editor.
+constexpr Steinberg::int32 kMaxElements = 65'536;
 
 bool hasType(IProjectElement& element, std::string_view type) {
     const Steinberg::FIDString name = element.typeName();
@@ -32,7 +36,7 @@ bool holdsVoiceSynthesizer(IProjectElement& slot) {
 }
 
 bool hasVoiceSynthesizerSlot(IProjectElement& device) {
-    const auto count = device.countElements();
+    const auto count = std::min(device.countElements(), kMaxElements);
     for (Steinberg::int32 i = 0; i < count; ++i) {
         const auto element = Steinberg::owned(device.element(i));
         if (element && hasType(*element, "Slot") && holdsVoiceSynthesizer(*element)) {
@@ -53,4 +57,4 @@ IPtr<host::IProjectTrack> findTargetTrack(host::IProjectNode& node) {
     return device && hasVoiceSynthesizerSlot(*device) ? track : IPtr<host::IProjectTrack>();
 }
 
-} // namespace wybeta
+} // namespace wybeta::extension

@@ -7,11 +7,10 @@
 #include "host/InterfaceId.h"
 #include "host/Query.h"
 #include "resources/ResourceTable.h"
-#include "tracks/TrackTableUpkeep.h"
 
 #include <utility>
 
-namespace wybeta {
+namespace wybeta::extension {
 
 namespace {
 
@@ -42,25 +41,18 @@ void replace(IPtr<I>& place, IPtr<I> value) {
 
 } // namespace
 
-WyBetaExtension* WyBetaExtension::current_ = nullptr;
-
-TrackTable* currentTrackTable() {
-    WyBetaExtension* const extension = WyBetaExtension::current_;
-    return extension != nullptr ? &extension->trackTable_ : nullptr;
-}
-
 WyBetaExtension::WyBetaExtension() {
     dictionary::pronunciationDictionary() = loadEmbeddedDictionary();
 }
 
-// The manager and the host go while all members are alive: they may call back as they are released,
-// since a host may drop the extension without having terminated it.
+// The manager and the host may call back while they are released, so this happens before any member
+// is destroyed. A host may drop the extension without having terminated it.
 WyBetaExtension::~WyBetaExtension() {
     trackTable_.clear();
     replace(projectManager_, {});
     replace(projectHost_, {});
-    if (current_ == this) {
-        current_ = nullptr;
+    if (tracks::currentTrackTable() == &trackTable_) {
+        tracks::setCurrentTrackTable(nullptr);
     }
 }
 
@@ -98,15 +90,15 @@ tresult PLUGIN_API WyBetaExtension::initialize(Steinberg::FUnknown* context) {
     if (const auto manager = projectManager_) {
         manager->addNotification(this);
     }
-    current_ = this;
+    tracks::setCurrentTrackTable(&trackTable_);
     return kResultOk;
 }
 
 tresult PLUGIN_API WyBetaExtension::terminate() {
     const auto self = holdSelf();
-    current_ = nullptr;
+    tracks::setCurrentTrackTable(nullptr);
     replace(projectHost_, {});
-    // Taken out of the object first, so that a host that calls back finds it terminated already.
+    // Moved out of the object first, so that a host that calls back finds it terminated.
     const auto manager = std::exchange(projectManager_, {});
     if (!manager) {
         return kResultOk;
@@ -164,11 +156,10 @@ void WyBetaExtension::walkProject(Steinberg::FUnknown* argument,
     if (!node) {
         return;
     }
-    ProjectWalk walk(trackTable_, retiredLists_,
-                     static_cast<host::IProjectNotificationArgument&>(*argument), context);
+    ProjectWalk walk(trackTable_, static_cast<host::IProjectNotificationArgument&>(*argument),
+                     context);
     walk.run(std::move(node));
-    editsteps::pruneTrackTable(trackTable_, walk.visited());
-    editsteps::pruneTrackTable(retiredLists_, walk.visited());
+    tracks::pruneTrackTable(trackTable_, walk.visited());
 }
 
-} // namespace wybeta
+} // namespace wybeta::extension

@@ -12,7 +12,7 @@
 #include "pluginterfaces/base/ipluginbase.h"
 #include "pluginterfaces/base/smartpointer.h"
 
-namespace wybeta {
+namespace wybeta::extension {
 
 // The service that the module offers. The host creates and initialises it; from then on it hears of
 // every change of the project and keeps the lyrics of the voice synthesizer's notes divided.
@@ -34,7 +34,7 @@ public:
     // Makes this the current instance. Returns 0, or 1 when the context does not answer
     // IProjectHost.
     Steinberg::tresult PLUGIN_API initialize(Steinberg::FUnknown* context) override;
-    // Takes itself off the manager and all open documents and gives the host back. There is no
+    // Unregisters from the manager and all open documents and releases the host. There is no
     // current instance afterwards. Returns 0, also when it was never initialised.
     Steinberg::tresult PLUGIN_API terminate() override;
 
@@ -45,7 +45,7 @@ public:
     Steinberg::tresult PLUGIN_API documentClosing(host::IProjectDocument* document) override;
     Steinberg::tresult PLUGIN_API ignored7(void* hostDefined) override;
     void PLUGIN_API ignored8(void* hostDefined) override;
-    // A node that is null or does not answer IProjectNode is passed over, here and by hookEdit.
+    // A node that is null or does not answer IProjectNode is ignored, here and by hookEdit.
     void PLUGIN_API projectChanged(Steinberg::FUnknown* node) override;
 
     void PLUGIN_API storageChanged(void* hostDefined) override;
@@ -54,18 +54,13 @@ public:
                                            host::IProjectEditContext* context) override;
 
 private:
-    friend TrackTable* currentTrackTable();
-
     // Keeps the extension alive while it calls the host, which may drop it meanwhile.
     Steinberg::IPtr<Steinberg::IPluginBase> holdSelf();
     void walkProject(Steinberg::FUnknown* argument, host::IProjectEditContext* context);
 
-    static WyBetaExtension* current_;
-
     Steinberg::IPtr<host::IProjectHost> projectHost_;
     Steinberg::IPtr<host::IProjectManager> projectManager_;
-    TrackTable trackTable_;
-    TrackTable retiredLists_;
+    tracks::TrackTable trackTable_;
 };
 
-} // namespace wybeta
+} // namespace wybeta::extension

@@ -7,18 +7,22 @@ namespace wybeta::host {
 
 namespace {
 
-// An iterator that never says that it is at its end must not hang the editor. No host has this many
-// gaps in a row.
-constexpr int kMostGapsInARow = 65'536;
+// An iterator that never comes to its end must not hang the editor. No host has so many nulls in a
+// row, and no part so many notes.
+constexpr int kMaxNullsInARow = 65'536;
+constexpr std::size_t kMaxChildren = 4'194'304;
 
 } // namespace
 
-Children::Children(Steinberg::IPtr<IProjectNode> node)
-    : node_(std::move(node)), iterator_(Steinberg::owned(node_ ? node_->children() : nullptr)) {}
+ChildCursor::ChildCursor(Steinberg::IPtr<IProjectNode> node)
+    : node_(std::move(node)), iterator_(Steinberg::owned(node_ ? node_->children() : nullptr)),
+      childrenLeft_(iterator_ ? kMaxChildren : 0) {}
 
-Steinberg::IPtr<IProjectItem> Children::next() {
-    for (int gaps = 0; iterator_ && gaps < kMostGapsInARow && !iterator_->atEnd(); ++gaps) {
+Steinberg::IPtr<IProjectItem> ChildCursor::next() {
+    for (int nulls = 0; childrenLeft_ != 0 && nulls < kMaxNullsInARow && !iterator_->atEnd();
+         ++nulls) {
         if (auto* const child = iterator_->next()) {
+            --childrenLeft_;
             return Steinberg::shared(child);
         }
     }

@@ -5,24 +5,28 @@
 
 #include "pluginterfaces/base/smartpointer.h"
 
+#include <cstddef>
+
 namespace wybeta::host {
 
-// Goes through the children of a node once, skipping the places where the host has nothing to show.
-class Children {
+// Goes through the children of a node once, skipping the places where the iterator yields null.
+// Holds the node and its iterator.
+class ChildCursor {
 public:
-    // The node is held as long as its children are gone through. A null node has none.
-    explicit Children(Steinberg::IPtr<IProjectNode> node);
+    // A null node has no children.
+    explicit ChildCursor(Steinberg::IPtr<IProjectNode> node);
 
-    // Whether the host offered an iterator at all, be it an empty one.
-    bool exist() const { return iterator_.get() != nullptr; }
+    // Whether the host offered an iterator, even an empty one.
+    bool hasIterator() const { return iterator_.get() != nullptr; }
 
-    // The next child, null at the end. The child is held: the host may drop it while it is looked
-    // at.
+    // The next child, null at the end. The reference keeps it alive if the host drops it meanwhile.
+    // An iterator that never comes to its end is left after some millions of children.
     Steinberg::IPtr<IProjectItem> next();
 
 private:
     Steinberg::IPtr<IProjectNode> node_;
     Steinberg::IPtr<IProjectNodeIterator> iterator_;
+    std::size_t childrenLeft_;
 };
 
 } // namespace wybeta::host

@@ -9,8 +9,8 @@
 
 namespace wybeta::lyrics {
 
-// Syllable phoneme strings in lyric order. One is the phoneme symbols of a sung syllable joined by
-// single spaces: "k a", "ky o", "cl", "sil".
+// Syllable phoneme strings in lyric order. Each is the phoneme symbols of one sung syllable joined
+// by single spaces: "k a", "ky o", "cl", "sil".
 using SyllableList = std::vector<std::string>;
 
 // The texts that a note and the notes after it are to carry, one for each note. The first is the
@@ -18,14 +18,14 @@ using SyllableList = std::vector<std::string>;
 // there is nothing to convert, the lyric alone.
 using NoteLyricList = std::vector<std::string>;
 
-// Divides a UTF-8 lyric. `noteLyrics` is replaced when the conversion completes and untouched when
+// Divides a UTF-8 lyric. `noteLyrics` is replaced when the conversion completes and unchanged when
 // it throws: utf8::exception for a lyric that is not valid UTF-8, std::bad_alloc. Returns whether
 // the lyric carried its phonemes in brackets.
 bool convertLyric(std::string_view lyric, NoteLyricList& noteLyrics,
                   const dictionary::PronunciationDictionary& dictionary);
 
 // The syllables of a UTF-8 lyric without brackets: kana, and English words known to the dictionary.
-// Everything else is passed over.
+// Everything else is skipped.
 SyllableList lyricToSyllables(std::string_view lyric,
                               const dictionary::PronunciationDictionary& dictionary);
 

@@ -3,7 +3,7 @@
 
 #include "module/Identity.h"
 
-namespace wybeta {
+namespace wybeta::module {
 
 namespace {
 
@@ -27,4 +27,4 @@ const Steinberg::PClassInfo2& classRecord() {
     return record;
 }
 
-} // namespace wybeta
+} // namespace wybeta::module

@@ -3,7 +3,7 @@
 
 #include "pluginterfaces/base/ipluginbase.h"
 
-namespace wybeta {
+namespace wybeta::module {
 
 // Who made the module.
 const Steinberg::PFactoryInfo& factoryInfo();
@@ -11,4 +11,4 @@ const Steinberg::PFactoryInfo& factoryInfo();
 // The one class that the module offers. Built on the first call, once per process.
 const Steinberg::PClassInfo2& classRecord();
 
-} // namespace wybeta
+} // namespace wybeta::module

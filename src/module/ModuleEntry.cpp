@@ -21,7 +21,7 @@ bool deinitModule() {
 }
 
 Steinberg::FUnknown* createExtension(void* /*context*/) {
-    auto* const extension = new (std::nothrow) wybeta::WyBetaExtension;
+    auto* const extension = new (std::nothrow) wybeta::extension::WyBetaExtension;
     return static_cast<Steinberg::IPluginBase*>(extension);
 }
 
@@ -34,8 +34,8 @@ Steinberg::IPluginFactory* PLUGIN_API GetPluginFactory() {
         gPluginFactory->addRef();
         return gPluginFactory;
     }
-    gPluginFactory = new Steinberg::CPluginFactory(wybeta::factoryInfo());
-    gPluginFactory->registerClass(&wybeta::classRecord(), createExtension, nullptr);
+    gPluginFactory = new Steinberg::CPluginFactory(wybeta::module::factoryInfo());
+    gPluginFactory->registerClass(&wybeta::module::classRecord(), createExtension, nullptr);
     return gPluginFactory;
 }
 

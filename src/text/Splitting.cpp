@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <limits>
 
-namespace wybeta::dictionary {
+namespace wybeta::text {
 
 namespace {
 
@@ -33,7 +33,7 @@ std::vector<std::string_view> splitAtSpace(std::string_view text, std::size_t ma
 std::vector<std::string_view> splitAtDelimiter(std::string_view text, std::string_view delimiter,
                                                std::size_t maxSplits) {
     std::vector<std::string_view> pieces;
-    forEachPiece(
+    forEachSplit(
         text, delimiter, [&pieces](std::string_view piece) { pieces.push_back(piece); }, maxSplits);
     return pieces;
 }
@@ -70,4 +70,4 @@ std::string joinText(const std::vector<std::string_view>& pieces, std::string_vi
     return text;
 }
 
-} // namespace wybeta::dictionary
+} // namespace wybeta::text

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-namespace wybeta::dictionary {
+namespace wybeta::text {
 
 // White space as the C locale has it: space, TAB, LF, VT, FF and CR.
 bool isSpace(char byte);
@@ -15,28 +15,28 @@ bool isSpace(char byte);
 // The text without the white space at both of its ends.
 std::string_view trimmed(std::string_view text);
 
-// Hands the pieces of a text to `take`, one after the other, as splitText cuts it at a delimiter
-// that is not empty. Behind so many cuts the rest stays whole.
-template <class Take>
-void forEachPiece(std::string_view text, std::string_view delimiter, Take take,
+// Calls `callback` for each piece that splitText would give, without building a list; the delimiter
+// must not be empty. After `maxSplits` cuts the rest is one piece.
+template <class Callback>
+void forEachSplit(std::string_view text, std::string_view delimiter, Callback callback,
                   std::size_t maxSplits = std::numeric_limits<std::size_t>::max()) {
     auto cut = text.find(delimiter);
     for (; cut != std::string_view::npos && maxSplits != 0; --maxSplits) {
-        take(text.substr(0, cut));
+        callback(text.substr(0, cut));
         text.remove_prefix(cut + delimiter.size());
         cut = text.find(delimiter);
     }
-    take(text);
+    callback(text);
 }
 
 // Cuts a text at every occurrence of the delimiter, from the left, keeping empty pieces; so there
 // is always one piece at least. With an empty delimiter it cuts at runs of white space and keeps no
-// empty pieces. A maxSplits of 0 or more is the greatest number of cuts, behind which the rest
-// stays whole; a negative one sets no limit. The pieces are views into the text.
+// empty pieces. After `maxSplits` cuts the rest is one piece; a negative number sets no limit. The
+// pieces are views into the text.
 std::vector<std::string_view> splitText(std::string_view text, std::string_view delimiter,
                                         int maxSplits = -1);
 
 // The pieces in order, with the separator between each two of them.
 std::string joinText(const std::vector<std::string_view>& pieces, std::string_view separator);
 
-} // namespace wybeta::dictionary
+} // namespace wybeta::text

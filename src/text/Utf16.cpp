@@ -1,16 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "text/Utf16.h"
 
-#include <utf8cpp/utf8/unchecked.h>
+#include <utf8cpp/utf8.h>
 
+#include <algorithm>
 #include <array>
+#include <iterator>
 
-namespace wybeta::host {
+namespace wybeta::text {
 
 namespace {
 
 constexpr char32_t kReplacementCharacter = 0xFFFD;
-constexpr int kMostBytes = 4; // of one code point in UTF-8
+constexpr int kMaxBytes = 4; // of one code point in UTF-8
 
 bool isLeadSurrogate(char16_t unit) {
     return unit >= 0xD800 && unit <= 0xDBFF;
@@ -18,6 +20,10 @@ bool isLeadSurrogate(char16_t unit) {
 
 bool isTrailSurrogate(char16_t unit) {
     return unit >= 0xDC00 && unit <= 0xDFFF;
+}
+
+bool isAscii(char byte) {
+    return static_cast<unsigned char>(byte) < 0x80;
 }
 
 // Takes one code point off the front of a text that is not at its end.
@@ -32,17 +38,25 @@ char32_t takeCodePoint(const char16_t*& text) {
 
 } // namespace
 
-// The bytes are gathered in pieces, since a lyric is short and a string slow to grow byte by byte.
+// Gathers the bytes in a buffer, since growing a string byte by byte is slow.
 void utf8FromUtf16(const char16_t* text, std::string& utf8) {
     utf8.clear();
     std::array<char, 64> piece;
     while (text != nullptr && *text != 0) {
         char* end = piece.data();
-        while (*text != 0 && end + kMostBytes <= piece.data() + piece.size()) {
+        while (*text != 0 && end + kMaxBytes <= piece.data() + piece.size()) {
             end = utf8::unchecked::append(takeCodePoint(text), end);
         }
         utf8.append(piece.data(), end);
     }
 }
 
-} // namespace wybeta::host
+void utf16FromUtf8(std::string_view utf8, std::u16string& utf16) {
+    utf8 = utf8.substr(0, utf8.find('\0'));
+    // Phonemes are ASCII, which needs no decoding.
+    const auto rest = std::find_if_not(utf8.begin(), utf8.end(), isAscii);
+    utf16.assign(utf8.begin(), rest);
+    utf8::utf8to16(rest, utf8.end(), std::back_inserter(utf16));
+}
+
+} // namespace wybeta::text

@@ -1,68 +1,34 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tracks/EventIndex.h"
 
-namespace wybeta::lyrics {
+namespace wybeta::tracks {
 
-namespace {
-
-// At most half of the slots are taken, so that a search soon meets an empty one.
-std::size_t slotCount(std::size_t records) {
-    std::size_t count = 16;
-    while (count < records * 2) {
-        count *= 2;
-    }
-    return count;
-}
-
-// Spreads addresses, whose low bits are alike, over 64 bits.
-std::uint64_t spread(const void* event) {
-    const std::uint64_t hash = reinterpret_cast<std::uintptr_t>(event) * 0x9E3779B97F4A7C15u;
-    return hash ^ (hash >> 32);
-}
-
-} // namespace
-
-void EventIndex::follow(const void* event) {
-    if (followed_ < records_.size() && records_[followed_].event == event) {
-        last_ = &records_[followed_++];
+void EventIndex::advance(const void* event) {
+    if (next_ < list_.size() && list_[next_].event == event) {
+        current_ = &list_[next_++];
     } else {
-        last_ = nullptr;
+        current_ = nullptr;
         isInOrder_ = false;
     }
 }
 
-const host::NoteRecord* EventIndex::find(const void* event) {
-    if (areDistinct_ && last_ != nullptr && last_->event == event) {
-        return last_;
+const NoteRecord* EventIndex::find(const void* event) {
+    if (isListDistinct_ && current_ != nullptr && current_->event == event) {
+        return current_;
     }
-    if (slots_.empty()) {
+    if (firstRecords_.empty()) {
         build();
     }
-    const auto position = slots_[slotOf(event)];
-    return position != 0 ? &records_[position - 1] : nullptr;
+    const auto found = firstRecords_.find(event);
+    return found != firstRecords_.end() ? found->second : nullptr;
 }
 
 void EventIndex::build() {
-    slots_.resize(slotCount(records_.size()));
-    areDistinct_ = true;
-    for (std::size_t i = 0; i < records_.size(); ++i) {
-        auto& slot = slots_[slotOf(records_[i].event)];
-        if (slot == 0) {
-            slot = static_cast<std::uint32_t>(i + 1);
-        } else {
-            areDistinct_ = false;
-        }
+    firstRecords_.reserve(list_.size());
+    for (const auto& record : list_) {
+        firstRecords_.emplace(record.event, &record);
     }
+    isListDistinct_ = firstRecords_.size() == list_.size();
 }
 
-// The slot that holds the event, or the empty one where it would be put.
-std::size_t EventIndex::slotOf(const void* event) const {
-    const std::size_t mask = slots_.size() - 1;
-    std::size_t slot = spread(event) & mask;
-    while (slots_[slot] != 0 && records_[slots_[slot] - 1].event != event) {
-        slot = (slot + 1) & mask;
-    }
-    return slot;
-}
-
-} // namespace wybeta::lyrics
+} // namespace wybeta::tracks

@@ -1,45 +1,39 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "tracks/NoteRecord.h"
+#include "tracks/NoteList.h"
 
 #include <cstddef>
-#include <cstdint>
-#include <vector>
+#include <unordered_map>
 
-namespace wybeta::lyrics {
+namespace wybeta::tracks {
 
-// Finds the record of an event in a list of note records, which has to outlive the index and stay
-// as it is. The hash table is made when it is first needed: not while nothing is sought, nor while
-// the notes are those of a list whose events are known to be distinct.
+// Finds the record of an event in a list of notes, which must outlive the index unchanged. While
+// the notes are read in the order of a list whose events are known to be distinct, a cursor
+// answers; the hash table is built on the first find() that the cursor cannot answer.
 class EventIndex {
 public:
-    explicit EventIndex(const host::NoteRecords& records)
-        : records_(records), areDistinct_(records.areDistinct) {}
+    explicit EventIndex(const NoteList& list)
+        : list_(list), isListDistinct_(list.isKnownDistinct()) {}
 
-    // To be told the event of each note that is read, in turn. Where the notes are still those of
-    // the list, in its order, the search for the event is over with that.
-    void follow(const void* event);
+    // Moves the cursor. Call once per note, in reading order, with the note's event.
+    void advance(const void* event);
 
     // The first record of the event, null when the list has none.
-    const host::NoteRecord* find(const void* event);
+    const NoteRecord* find(const void* event);
 
-    // Whether the events that were followed are known to be distinct.
-    bool hasFollowedDistinct() const { return isInOrder_ && areDistinct_; }
+    // Whether the events passed to advance() are known to be distinct.
+    bool isKnownDistinct() const { return isInOrder_ && isListDistinct_; }
 
 private:
     void build();
-    std::size_t slotOf(const void* event) const;
 
-    const host::NoteRecords& records_;
-    bool areDistinct_;
-    // The position up to which the list has been followed; the record of the event that came last,
-    // null if it was not the next one of the list; and whether each was the next one.
-    std::size_t followed_ = 0;
-    const host::NoteRecord* last_ = nullptr;
-    bool isInOrder_ = true;
-    // An open-addressed hash table of record positions plus one; 0 is an empty slot.
-    std::vector<std::uint32_t> slots_;
+    const NoteList& list_;
+    bool isListDistinct_;
+    std::size_t next_ = 0;
+    const NoteRecord* current_ = nullptr; // null when the last event was not the next of the list
+    bool isInOrder_ = true;               // whether each event was the next of the list
+    std::unordered_map<const void*, const NoteRecord*> firstRecords_;
 };
 
-} // namespace wybeta::lyrics
+} // namespace wybeta::tracks

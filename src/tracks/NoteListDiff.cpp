@@ -1,15 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tracks/NoteListDiff.h"
 
-#include <algorithm>
 #include <cstddef>
 
-namespace wybeta::editsteps {
+namespace wybeta::tracks {
 
 namespace {
-
-using host::NoteRecord;
-using host::NoteRecords;
 
 // An ordinary value, 0xFFFFFFFF, which no real note carries.
 constexpr std::int32_t kDeletionMark = -1;
@@ -23,7 +19,7 @@ bool belongsAt(const NoteChange& change, std::size_t place) {
 
 } // namespace
 
-NoteChanges diffNoteLists(const NoteRecords& longer, const NoteRecords& shorter) {
+NoteChanges diffNoteLists(const NoteList& longer, const NoteList& shorter) {
     NoteChanges changes;
     if (longer.size() < shorter.size()) {
         return changes;
@@ -40,32 +36,30 @@ NoteChanges diffNoteLists(const NoteRecords& longer, const NoteRecords& shorter)
     return changes;
 }
 
-NoteRecords mergeNotes(const NoteRecords& records, const NoteChanges& changes) {
-    NoteRecords merged;
-    merged.reserve(records.size() + changes.size());
+NoteList mergeNotes(const NoteList& list, const NoteChanges& changes) {
+    NoteList merged;
+    merged.reserve(list.size() + changes.size());
     auto change = changes.begin();
-    auto record = records.begin();
-    const auto takeChanges = [&] {
-        while (change != changes.end() && belongsAt(*change, merged.size())) {
-            merged.push_back((change++)->note);
+    const auto appendChanges = [&] {
+        for (; change != changes.end() && belongsAt(*change, merged.size()); ++change) {
+            merged.append(change->note);
         }
     };
-    takeChanges();
-    while (record != records.end()) {
-        merged.push_back(*record++);
-        takeChanges();
+    appendChanges();
+    for (const auto& record : list) {
+        merged.append(record);
+        appendChanges();
     }
     return merged;
 }
 
-void removeNotes(NoteRecords& records, const NoteChanges& changes) {
+void removeNotes(NoteList& list, const NoteChanges& changes) {
     for (const auto& change : changes) {
-        if (change.position < records.size()) {
-            records[change.position].value = kDeletionMark;
+        if (change.position < list.size()) {
+            list.value(change.position) = kDeletionMark;
         }
     }
-    const auto isMarked = [](const NoteRecord& record) { return record.value == kDeletionMark; };
-    records.erase(std::remove_if(records.begin(), records.end(), isMarked), records.end());
+    list.removeIf([](const NoteRecord& record) { return record.value == kDeletionMark; });
 }
 
-} // namespace wybeta::editsteps
+} // namespace wybeta::tracks

@@ -1,31 +1,31 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "tracks/NoteRecord.h"
+#include "tracks/NoteList.h"
 
 #include <cstdint>
 #include <vector>
 
-namespace wybeta::editsteps {
+namespace wybeta::tracks {
 
 // A note record that the longer of two lists has and the shorter lacks.
 struct NoteChange {
     std::uint64_t position = 0; // in the longer list
-    host::NoteRecord note;
+    NoteRecord note;
 };
 
 using NoteChanges = std::vector<NoteChange>;
 
 // Compares two lists by the events of their records, in one pass without looking ahead: a greedy
 // match, not the shortest difference. Positions ascend. Empty when `longer` is the shorter one.
-NoteChanges diffNoteLists(const host::NoteRecords& longer, const host::NoteRecords& shorter);
+NoteChanges diffNoteLists(const NoteList& longer, const NoteList& shorter);
 
 // Puts the changes back at their positions. A position past the end of the merged list ends the
 // merge: that change and those after it are left out.
-host::NoteRecords mergeNotes(const host::NoteRecords& records, const NoteChanges& changes);
+NoteList mergeNotes(const NoteList& list, const NoteChanges& changes);
 
-// Takes the records at the positions of the changes out again; positions past the end are passed
-// over. A record whose value is the deletion mark goes as well, whatever its position.
-void removeNotes(host::NoteRecords& records, const NoteChanges& changes);
+// Takes the records at the positions of the changes out again; positions past the end are ignored.
+// A record whose value is the deletion mark goes as well, whatever its position.
+void removeNotes(NoteList& list, const NoteChanges& changes);
 
-} // namespace wybeta::editsteps
+} // namespace wybeta::tracks

@@ -8,14 +8,14 @@
 
 #include <string>
 
-namespace wybeta::host {
+namespace wybeta::tracks {
 
 namespace {
 
 using Steinberg::FVariant;
 
-// Receives an attribute from the host. The strings in it are the host's, from the host's heap, and
-// are never freed here, whatever the owner bit says.
+// Receives an attribute from the host. A string in it is never freed here, even if the host marks
+// it as its receiver's own: the host allocated it on another heap.
 class ReceivedAttribute {
 public:
     ReceivedAttribute() = default;
@@ -37,17 +37,17 @@ private:
     FVariant value_;
 };
 
-void readText(IProjectNoteEvent& note, Steinberg::FIDString key, std::string& text) {
+void readText(host::IProjectNoteEvent& note, Steinberg::FIDString key, std::string& text) {
     ReceivedAttribute attribute;
     const bool isThere = note.getAttribute(key, attribute.receiver()) == Steinberg::kResultOk;
-    utf8FromUtf16(isThere ? attribute.utf16() : nullptr, text);
+    text::utf8FromUtf16(isThere ? attribute.utf16() : nullptr, text);
 }
 
 } // namespace
 
-bool readNoteEvent(IPartEvent& event, Steinberg::FUnknown* timeContext, NoteRecord& record) {
-    const auto projectEvent = query<IProjectEvent>(&event);
-    const auto note = query<IProjectNoteEvent>(&event);
+bool readNoteEvent(host::IPartEvent& event, Steinberg::FUnknown* timeContext, NoteRecord& record) {
+    const auto projectEvent = host::query<host::IProjectEvent>(&event);
+    const auto note = host::query<host::IProjectNoteEvent>(&event);
     if (!note) {
         return false;
     }
@@ -60,4 +60,4 @@ bool readNoteEvent(IPartEvent& event, Steinberg::FUnknown* timeContext, NoteReco
     return true;
 }
 
-} // namespace wybeta::host
+} // namespace wybeta::tracks

@@ -4,10 +4,10 @@
 #include "host/IProjectEvent.h"
 #include "tracks/NoteRecord.h"
 
-namespace wybeta::host {
+namespace wybeta::tracks {
 
-// Reads a note event into `record`, over whatever it holds. Returns false and leaves the record
+// Reads a note event into `record`, replacing what it holds. Returns false and leaves the record
 // untouched when the event is not a note. `timeContext` is the one of the event's part.
-bool readNoteEvent(IPartEvent& event, Steinberg::FUnknown* timeContext, NoteRecord& record);
+bool readNoteEvent(host::IPartEvent& event, Steinberg::FUnknown* timeContext, NoteRecord& record);
 
-} // namespace wybeta::host
+} // namespace wybeta::tracks

@@ -3,9 +3,8 @@
 
 #include <cstdint>
 #include <string>
-#include <vector>
 
-namespace wybeta::host {
+namespace wybeta::tracks {
 
 // One event of a part as it was last read. Times are in the unit of the host's time context and are
 // only carried, never computed with.
@@ -15,16 +14,8 @@ struct NoteRecord {
     std::int32_t value = 0;
     std::string lyrics;  // UTF-8
     std::string phoneme; // UTF-8
-    // Tells one event from another. The event may be gone, so the address is never followed.
+    // Identifies the event by its address. It is never dereferenced: the event may be gone.
     const void* event = nullptr;
 };
 
-// The events of one track, part after part, each part in its iterator's order.
-struct NoteRecords : std::vector<NoteRecord> {
-    using vector::vector;
-
-    // Whether the list is known to have no event twice. Whoever adds a record has to clear it.
-    bool areDistinct = false;
-};
-
-} // namespace wybeta::host
+} // namespace wybeta::tracks

@@ -1,24 +1,51 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "host/IProjectNode.h"
 #include "host/IProjectTrack.h"
-#include "tracks/NoteRecord.h"
+#include "tracks/NoteList.h"
+#include "tracks/NoteListDiff.h"
 
 #include <map>
 #include <memory>
+#include <string>
+#include <vector>
 
-namespace wybeta {
+namespace wybeta::tracks {
 
-// Tells one track from another. The track may be gone, so the address is never followed.
+// Identifies a track by its address. It is never dereferenced: the track may be gone.
 using TrackKey = const host::IProjectTrack*;
 
-// The notes of a track as last seen. Shared, so that a walk can go on reading the list it began
-// with while the host calls back and an inner walk puts another list in its place.
-using SharedNoteRecords = std::shared_ptr<host::NoteRecords>;
+struct TrackEntry {
+    // The notes as last seen. Shared, because a walk goes on reading the list that it began with
+    // when the host calls back and an inner walk puts another list in its place.
+    std::shared_ptr<NoteList> notes;
+    // A list that is no longer needed, for the next walk to write over; may be null.
+    std::shared_ptr<NoteList> spare;
+};
 
-using TrackTable = std::map<TrackKey, SharedNoteRecords>;
+using TrackTable = std::map<TrackKey, TrackEntry>;
 
-// The table of the current extension instance; null while there is none.
+// The table of the current extension instance, null while there is none. Edit steps in the host's
+// history reach the table through it. The table is borrowed: its owner clears it before it goes.
 TrackTable* currentTrackTable();
+void setCurrentTrackTable(TrackTable* table);
 
-} // namespace wybeta
+// Drops the entries of all tracks that are not in `visited`.
+void pruneTrackTable(TrackTable& table, std::vector<TrackKey> visited);
+
+// Writes the texts into consecutive records from the one of `firstEvent` on, in the first list of
+// the table that has one. Texts past the end of that list are left out; without such a record
+// nothing happens. When an allocation fails, the list is unchanged.
+void syncTrackTableLyrics(TrackTable& table, const void* firstEvent,
+                          const std::vector<std::string>& texts);
+
+enum class CountChange { Insert, Remove };
+
+// Brings the current table's list of a track in line with notes that came back or went. `trackNode`
+// is borrowed and may dangle: it is called only while the table still has `track`, the key under
+// which the table knew the track when the step was made. Null node: nothing happens.
+void applyNoteCountChange(host::IProjectNode* trackNode, TrackKey track, const NoteChanges& changes,
+                          CountChange kind);
+
+} // namespace wybeta::tracks

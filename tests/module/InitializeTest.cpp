@@ -61,7 +61,7 @@ TEST_F(Initialize, FailsForAContextThatDoesNotAnswerIProjectHost) {
 }
 
 TEST_F(Initialize, SucceedsWithAHostThatHasNoManager) {
-    const auto lonely = make<ProjectHost>(state, Handle<ProjectManager>());
+    const auto lonely = makeHandle<ProjectHost>(state, Handle<ProjectManager>());
     EXPECT_EQ(initialize(static_cast<host::IProjectHost*>(lonely.get())), kResultOk);
     EXPECT_EQ(lonely->moduleReferences(), 1);
     EXPECT_EQ(extension->base().terminate(), kResultOk);
@@ -90,7 +90,7 @@ TEST_F(Initialize, LetsTheFirstHostGoForASecondOne) {
 }
 
 TEST_F(Initialize, LetsTheFirstManagerGoForAHostWithoutOne) {
-    const auto lonely = make<ProjectHost>(state, Handle<ProjectManager>());
+    const auto lonely = makeHandle<ProjectHost>(state, Handle<ProjectManager>());
     initialize(host->context());
     EXPECT_EQ(initialize(static_cast<host::IProjectHost*>(lonely.get())), kResultOk);
     EXPECT_EQ(host->references(), 0);
@@ -126,7 +126,7 @@ TEST_F(Initialize, WorksAgainAfterTerminate) {
 }
 
 TEST_F(Initialize, ServesTwoExtensionsOfOneHost) {
-    const LoadedExtension second(*factory);
+    const ExtensionInstance second(*factory);
     initialize(host->context());
     second.base().initialize(host->context());
     EXPECT_EQ(host->manager->sinks(), (Sinks{&extension->notification(), &second.notification()}));

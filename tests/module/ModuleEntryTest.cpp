@@ -16,11 +16,11 @@
 namespace wybeta {
 namespace {
 
-using simulator::ModuleFile;
+using simulator::LoadedModule;
 using tests::modulePath;
 
 TEST(ModuleEntry, SucceedsForAsManyExitsAsThereWereInits) {
-    const ModuleFile module(modulePath());
+    const LoadedModule module(modulePath());
     EXPECT_TRUE(module.initDll());
     EXPECT_TRUE(module.initDll());
     EXPECT_TRUE(module.exitDll());
@@ -29,7 +29,7 @@ TEST(ModuleEntry, SucceedsForAsManyExitsAsThereWereInits) {
 }
 
 TEST(ModuleEntry, SucceedsAgainAfterAnExitTooMuchWasMadeUpFor) {
-    const ModuleFile module(modulePath());
+    const LoadedModule module(modulePath());
     EXPECT_FALSE(module.exitDll());
     EXPECT_FALSE(module.exitDll());
     EXPECT_TRUE(module.initDll());
@@ -41,7 +41,7 @@ TEST(ModuleEntry, SucceedsAgainAfterAnExitTooMuchWasMadeUpFor) {
 
 TEST(ModuleEntry, StartsFromZeroWheneverTheModuleIsLoaded) {
     for (int load = 0; load < 2; ++load) {
-        const ModuleFile module(modulePath());
+        const LoadedModule module(modulePath());
         EXPECT_TRUE(module.initDll());
         EXPECT_TRUE(module.exitDll());
         EXPECT_FALSE(module.exitDll());
@@ -49,14 +49,14 @@ TEST(ModuleEntry, StartsFromZeroWheneverTheModuleIsLoaded) {
 }
 
 TEST(ModuleEntry, OffersTheFactoryWithoutAnInit) {
-    const ModuleFile module(modulePath());
+    const LoadedModule module(modulePath());
     const auto factory = Steinberg::owned(module.getPluginFactory());
     EXPECT_EQ(factory->countClasses(), 1);
 }
 
-TEST(ModuleFile, NamesTheFileThatItCannotLoad) {
+TEST(LoadedModule, NamesTheFileThatItCannotLoad) {
     try {
-        const ModuleFile module("no-such-file");
+        const LoadedModule module("no-such-file");
         FAIL() << "the file was loaded";
     } catch (const std::runtime_error& error) {
         EXPECT_NE(std::string(error.what()).find("no-such-file"), std::string::npos)
@@ -66,7 +66,7 @@ TEST(ModuleFile, NamesTheFileThatItCannotLoad) {
 
 #ifndef _WIN32
 TEST(ModuleEntry, CountsTheEntriesAndExitsOfLinuxAsInitsAndExits) {
-    const ModuleFile module(modulePath());
+    const LoadedModule module(modulePath());
     void* const library = dlopen(absolute(modulePath()).c_str(), RTLD_NOW);
     const auto moduleEntry = reinterpret_cast<bool (*)(void*)>(dlsym(library, "ModuleEntry"));
     const auto moduleExit = reinterpret_cast<bool (*)()>(dlsym(library, "ModuleExit"));

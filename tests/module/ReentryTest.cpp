@@ -116,8 +116,9 @@ public:
 // A project with one track that sings one note.
 struct OneNoteProject {
     explicit OneNoteProject(const SharedState& state)
-        : project(make<TreeNode>(state, "Project", "project")), note(make<Event>(state)) {
-        const auto part = make<Part>(state);
+        : project(makeHandle<TreeNode>(state, "Project", "project")),
+          note(makeHandle<Event>(state)) {
+        const auto part = makeHandle<Part>(state);
         part->add(note);
         const auto track = makeVoiceTrack(state);
         track->add(part);
@@ -129,8 +130,8 @@ struct OneNoteProject {
 };
 
 TEST_F(Reentry, HearsOfAChangeWhenItIsDroppedWithoutTerminate) {
-    const auto manager = make<LastWordManager>(state);
-    const auto projectHost = make<ProjectHost>(state, manager);
+    const auto manager = makeHandle<LastWordManager>(state);
+    const auto projectHost = makeHandle<ProjectHost>(state, manager);
     const OneNoteProject song(state);
     base().initialize(static_cast<host::IProjectHost*>(projectHost.get()));
     manager->lastWord = [&] { manager->sinks().front()->projectChanged(song.project->argument()); };
@@ -144,7 +145,7 @@ TEST_F(Reentry, HoldsAnEditContextThatTheHostDropsMeanwhile) {
     extension->notification().projectChanged(song.project->argument());
     song.note->setLyric("か");
     song.note->flagged = true;
-    auto context = make<EditContext>(state);
+    auto context = makeHandle<EditContext>(state);
     inTheMiddleOf("IPartEvent.isFlagged", [&] { context = {}; });
     extension->editHook().hookEdit(song.project->argument(), context.get());
     EXPECT_EQ(song.note->lyric(), "か[k a]");

@@ -113,7 +113,7 @@ TEST_F(Terminate, MakesNoCallTheSecondTime) {
 }
 
 TEST_F(Terminate, MakesNoCallWithoutInitialize) {
-    const LoadedExtension idle(*factory);
+    const ExtensionInstance idle(*factory);
     const auto calls = state->calls.count();
     EXPECT_EQ(idle.base().terminate(), kResultOk);
     EXPECT_EQ(state->calls.count(), calls);

@@ -107,7 +107,7 @@ private:
     // A track to divide, and one in a folder to grow.
     void buildProject() {
         addTrackOf({{"a", "b"}, {"c"}});
-        const auto folder = make<Folder>(state());
+        const auto folder = makeHandle<Folder>(state());
         folder->add(makeTrack({{"d"}}));
         project().add(folder);
     }

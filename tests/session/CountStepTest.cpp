@@ -250,7 +250,7 @@ TEST_F(CountStep, WorksAgainWhenTheExtensionIsInitialisedAgain) {
 
 TEST_F(CountStep, DropsANoteThatCarriesTheDeletionMarkWithTheAddedOnes) {
     auto& track = addTrack({"a", "b"});
-    noteAt(track, 0).number = -1;
+    noteAt(track, 0).pitch = -1;
     editor().notify();
     track.add(makePart({"c"}));
     const auto step = hookedStep();

@@ -23,7 +23,7 @@ TEST_F(Depth, OfAHundredThousandFoldersWalksOnAStackOfOneMebibyte) {
     const auto track = makeTrack({{"", ""}});
     Handle<TreeItem> item = track;
     for (int i = 0; i < kFolders; ++i) {
-        const auto folder = make<Folder>(state());
+        const auto folder = makeHandle<Folder>(state());
         folder->add(item);
         item = folder;
     }

@@ -215,7 +215,7 @@ TEST_F(Dividing, PassesOverNullParts) {
 
 TEST_F(Dividing, StopsAtTheFirstChildThatIsNoPart) {
     auto& track = addKnownTrackOf({{"", "x"}, {"y"}});
-    track.insert(1, make<TreeNode>(state(), "Node", "automation"));
+    track.insert(1, makeHandle<TreeNode>(state(), "Node", "automation"));
     EXPECT_EQ(typed(track, 0, "さくら"), (Lyrics{"さくら[s a]", "[k u]", "y"}));
     EXPECT_EQ(typed(track, 2, "かき"), (Lyrics{"さくら[s a]", "[k u]", "かき"}));
 }

@@ -100,7 +100,7 @@ TEST_F(DivisionStep, MayBeCalledInAnyOrderAndAnyNumberOfTimes) {
 
 TEST_F(DivisionStep, WritesTheAttributeLyricsAndNoOther) {
     auto& track = addTrack(Lyrics{});
-    const auto note = make<WatchedNote>(state());
+    const auto note = makeHandle<WatchedNote>(state());
     note->setText("phoneme", "before");
     partOf(track).add(note);
     editor().notify();
@@ -217,12 +217,12 @@ TEST_F(DivisionStep, PassesOverANoteThatRefusesToBeANode) {
         using Event::Event;
 
     protected:
-        void* face(const Steinberg::TUID id) override {
-            return host::sameId(id, host::IProjectNode::iid) ? nullptr : Event::face(id);
+        void* interfaceFor(const Steinberg::TUID id) override {
+            return host::sameId(id, host::IProjectNode::iid) ? nullptr : Event::interfaceFor(id);
         }
     };
     auto& track = addKnownTrack({"a", "b"});
-    const auto unlisted = make<Unlisted>(state());
+    const auto unlisted = makeHandle<Unlisted>(state());
     unlisted->setLyric("x");
     partOf(track).insert(1, unlisted);
     editor().notify();

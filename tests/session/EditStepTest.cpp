@@ -155,7 +155,7 @@ TEST_F(EditStep, AnswersNoOtherInterface) {
 }
 
 TEST_F(EditStep, ReturnsZeroFromExecuteAndReport) {
-    const auto collector = make<simulator::ObjectCollector>(state());
+    const auto collector = makeHandle<simulator::ObjectCollector>(state());
     for (const auto& step : makeBothKinds()) {
         EXPECT_EQ(step->execute(), 0);
         EXPECT_EQ(step->reportChangedObjects(collector.get()), 0);

@@ -229,7 +229,7 @@ TEST_F(HostCallsBack, ByDroppingTheExtensionInTheMiddleOfAWalk) {
         other.notify();
         typeInto(noteAt(*track, 0), "かき");
         onFirst(call, [&other] { other.terminate(); });
-        const auto context = make<EditContext>(state());
+        const auto context = makeHandle<EditContext>(state());
         other.extension().editHook().hookEdit(other.project().argument(), context.get());
         EXPECT_EQ(context->steps().size(), 1u) << call;
         EXPECT_EQ(lyricsOf(*track), (Lyrics{"かき[k a]", "[k i]"})) << call;
@@ -247,7 +247,7 @@ TEST_F(HostCallsBack, ByTerminatingTheExtensionWhileAStepIsUndone) {
 
 TEST_F(HostCallsBack, ByDroppingTheStepThatWritesATextOrReports) {
     auto& track = addKnownTrack({"a", "b"});
-    const auto collector = make<simulator::ObjectCollector>(state());
+    const auto collector = makeHandle<simulator::ObjectCollector>(state());
     struct Use {
         const char* call;
         std::function<void(host::IEditStep&)> make;

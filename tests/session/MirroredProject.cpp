@@ -100,11 +100,11 @@ Id MirroredProject::create(Kind kind) {
 Handle<TreeItem> MirroredProject::makeObject(const Item& item) {
     switch (item.kind) {
     case Kind::Folder:
-        return make<Folder>(state_);
+        return makeHandle<Folder>(state_);
     case Kind::OtherTrack:
         return makeOtherTrack();
     case Kind::Part: {
-        const auto part = make<Part>(state_);
+        const auto part = makeHandle<Part>(state_);
         if (item.noIteratorWhenEmpty) {
             part->answerNoIteratorWhenEmpty();
         }
@@ -112,20 +112,20 @@ Handle<TreeItem> MirroredProject::makeObject(const Item& item) {
     }
     case Kind::Note:
     case Kind::OtherEvent: {
-        const auto event = make<Event>(state_);
-        event->number = item.value;
+        const auto event = makeHandle<Event>(state_);
+        event->pitch = item.value;
         setState(*event, {item.kind, item.flagged, item.lyric});
         return event;
     }
     default:
-        return make<TreeNode>(state_, "Automation", "automation");
+        return makeHandle<TreeNode>(state_, "Automation", "automation");
     }
 }
 
 // Each misses something that makes a voice track.
 Handle<Track> MirroredProject::makeOtherTrack() {
     const bool isInstrument = random_.oneIn(2);
-    auto track = make<Track>(state_, isInstrument ? "instrument" : "audio");
+    auto track = makeHandle<Track>(state_, isInstrument ? "instrument" : "audio");
     if (!isInstrument) {
         track->setDevice(makeDevice(state_, Plugin::Kind::VoiceSynthesizer));
     } else if (random_.oneIn(2)) {

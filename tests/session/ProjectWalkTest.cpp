@@ -26,19 +26,19 @@ public:
     using Folder::Folder;
 
 protected:
-    void* face(const Steinberg::TUID id) override {
-        return host::sameId(id, host::IProjectNode::iid) ? nullptr : Folder::face(id);
+    void* interfaceFor(const Steinberg::TUID id) override {
+        return host::sameId(id, host::IProjectNode::iid) ? nullptr : Folder::interfaceFor(id);
     }
 };
 
 class ProjectWalk : public SessionTest {
 protected:
     Handle<TreeNode> makeNode(const char* kind) const {
-        return make<TreeNode>(state(), "Node", kind);
+        return makeHandle<TreeNode>(state(), "Node", kind);
     }
 
     Handle<Folder> makeFolder(const std::vector<Handle<TreeItem>>& items = {}) const {
-        auto folder = make<Folder>(state());
+        auto folder = makeHandle<Folder>(state());
         for (const auto& item : items) {
             folder->add(item);
         }
@@ -132,7 +132,7 @@ TEST_F(ProjectWalk, DoesNotLookIntoNodesOfOtherKinds) {
 
 TEST_F(ProjectWalk, DoesNotLookForTracksInsideTracks) {
     for (const bool isTarget : {true, false}) {
-        const auto outer = isTarget ? makeTrack({}) : make<Track>(state());
+        const auto outer = isTarget ? makeTrack({}) : makeHandle<Track>(state());
         const auto inner = makeTwoNoteTrack();
         const auto innermost = makeTwoNoteTrack();
         outer->add(inner);
@@ -146,15 +146,15 @@ TEST_F(ProjectWalk, DoesNotLookForTracksInsideTracks) {
 TEST_F(ProjectWalk, GoesOnPastNodesThatItDoesNotLookInto) {
     const auto track = makeTwoNoteTrack();
     project().add(makeNode("group"));
-    project().add(make<Track>(state()));
-    project().add(make<SilentFolder>(state()));
+    project().add(makeHandle<Track>(state()));
+    project().add(makeHandle<SilentFolder>(state()));
     project().add(track);
     EXPECT_TRUE(isReached(track));
 }
 
 TEST_F(ProjectWalk, DoesNotLookIntoAFolderThatIsNoNode) {
     const auto track = makeTwoNoteTrack();
-    const auto folder = make<SilentFolder>(state());
+    const auto folder = makeHandle<SilentFolder>(state());
     folder->add(track);
     project().add(folder);
     EXPECT_FALSE(isReached(track));
@@ -268,7 +268,7 @@ TEST_F(ProjectWalk, AsksTheObjectThatTheHostPassedForTheTimeContexts) {
 
 TEST_F(ProjectWalk, DoesNothingWithoutANode) {
     auto& track = addKnownTrack({""});
-    const auto context = make<EditContext>(state());
+    const auto context = makeHandle<EditContext>(state());
     const auto& extension = editor().extension();
     extension.notification().projectChanged(nullptr);
     extension.notification().projectChanged(context.get());

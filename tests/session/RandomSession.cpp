@@ -38,7 +38,7 @@ const std::vector<RandomSession::Action> RandomSession::kActions = {
     {3, &RandomSession::moveSomething},
 };
 
-RandomSession::RandomSession(LoadedExtension extension, const Random& random)
+RandomSession::RandomSession(ExtensionInstance extension, const Random& random)
     : random_(random), editor_(std::move(extension)), state_(editor_->state()),
       project_(editor_->project(), random_), model_(project_.model) {
     // Lets the extension forget the tracks of earlier sessions.
@@ -343,7 +343,7 @@ void RandomSession::compareSteps(const std::vector<Step>& expected) const {
 }
 
 std::vector<Id> RandomSession::reportedNotes(host::IEditStep& step) const {
-    const auto collector = make<ObjectCollector>(state_);
+    const auto collector = makeHandle<ObjectCollector>(state_);
     step.reportChangedObjects(collector.get());
     std::vector<Id> notes;
     for (auto* const object : collector->objects()) {

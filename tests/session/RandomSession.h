@@ -21,7 +21,7 @@ namespace wybeta::tests {
 class RandomSession {
 public:
     // The extension may have been through sessions before, but is with no editor now.
-    RandomSession(simulator::LoadedExtension extension, const Random& random);
+    RandomSession(simulator::ExtensionInstance extension, const Random& random);
     ~RandomSession();
     RandomSession(const RandomSession&) = delete;
     RandomSession& operator=(const RandomSession&) = delete;

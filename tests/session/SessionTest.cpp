@@ -47,11 +47,11 @@ void typeInto(Event& note, std::string_view lyric) {
     note.flagged = true;
 }
 
-std::unique_ptr<simulator::ModuleFile> SessionTest::module_;
+std::unique_ptr<simulator::LoadedModule> SessionTest::module_;
 Steinberg::IPtr<Steinberg::IPluginFactory> SessionTest::factory_;
 
 void SessionTest::SetUpTestSuite() {
-    module_ = std::make_unique<simulator::ModuleFile>(modulePath());
+    module_ = std::make_unique<simulator::LoadedModule>(modulePath());
     module_->initDll();
     factory_ = Steinberg::owned(module_->getPluginFactory());
 }
@@ -72,17 +72,17 @@ void SessionTest::TearDown() {
 }
 
 Handle<Event> SessionTest::makeNote(std::string_view lyric) const {
-    auto note = make<Event>(state_);
+    auto note = makeHandle<Event>(state_);
     note->setLyric(lyric);
     return note;
 }
 
 Handle<Event> SessionTest::makeOtherEvent() const {
-    return make<Event>(state_, Event::Kind::Other);
+    return makeHandle<Event>(state_, Event::Kind::Other);
 }
 
 Handle<Part> SessionTest::makePart(const Lyrics& notes) const {
-    auto part = make<Part>(state_);
+    auto part = makeHandle<Part>(state_);
     for (const auto& lyric : notes) {
         part->add(makeNote(lyric));
     }
@@ -110,18 +110,18 @@ Track& SessionTest::addKnownTrackOf(const std::vector<Lyrics>& parts) {
 }
 
 EditSteps SessionTest::hook(TreeNode& node) {
-    const auto context = make<EditContext>(state_);
+    const auto context = makeHandle<EditContext>(state_);
     editor().extension().editHook().hookEdit(node.argument(), context.get());
     return context->steps();
 }
 
 void SessionTest::hook(const StepReceiver::Receive& receive) {
-    const auto context = make<StepReceiver>(state_, receive);
+    const auto context = makeHandle<StepReceiver>(state_, receive);
     editor().extension().editHook().hookEdit(project().argument(), context.get());
 }
 
 Nodes SessionTest::reported(host::IEditStep& step) const {
-    const auto collector = make<simulator::ObjectCollector>(state_);
+    const auto collector = makeHandle<simulator::ObjectCollector>(state_);
     step.reportChangedObjects(collector.get());
     return collector->objects();
 }

@@ -35,7 +35,7 @@ using simulator::Event;
 using simulator::Folder;
 using simulator::Handle;
 using simulator::HostCall;
-using simulator::make;
+using simulator::makeHandle;
 using simulator::Part;
 using simulator::SharedState;
 using simulator::Track;
@@ -125,7 +125,7 @@ protected:
     void onFirst(std::string_view call, std::function<void()> action);
 
 private:
-    static std::unique_ptr<simulator::ModuleFile> module_;
+    static std::unique_ptr<simulator::LoadedModule> module_;
     static Steinberg::IPtr<Steinberg::IPluginFactory> factory_;
 
     std::optional<Editor> editor_;

@@ -30,8 +30,8 @@ public:
         : Track(std::move(state)), silent_(silent) {}
 
 protected:
-    void* face(const Steinberg::TUID id) override {
-        return host::sameId(id, silent_) ? nullptr : Track::face(id);
+    void* interfaceFor(const Steinberg::TUID id) override {
+        return host::sameId(id, silent_) ? nullptr : Track::interfaceFor(id);
     }
 
 private:
@@ -41,7 +41,7 @@ private:
 class TargetTrack : public SessionTest {
 protected:
     Handle<Element> element(const char* type, const Elements& children = {}) const {
-        auto made = make<Element>(state(), type);
+        auto made = makeHandle<Element>(state(), type);
         for (const auto& child : children) {
             made->add(child);
         }
@@ -57,7 +57,7 @@ protected:
 
     Handle<Element> synthesizer() const { return holder(plugin(Plugin::Kind::VoiceSynthesizer)); }
 
-    Handle<Plugin> plugin(Plugin::Kind kind) const { return make<Plugin>(state(), kind); }
+    Handle<Plugin> plugin(Plugin::Kind kind) const { return makeHandle<Plugin>(state(), kind); }
 
     Handle<Element> goodSlot() const { return element("Slot", {synthesizer()}); }
 
@@ -74,7 +74,7 @@ protected:
 
     // Whether the lyrics of a track with such a device are divided.
     bool isTarget(const Elements& elements) {
-        const auto track = make<Track>(state());
+        const auto track = makeHandle<Track>(state());
         track->setDevice(element("Device", elements));
         return isTargetTrack(track);
     }
@@ -98,14 +98,14 @@ TEST_F(TargetTrack, IsAnInstrumentTrackWithTheVoiceSynthesizerInItsSlot) {
 
 TEST_F(TargetTrack, IsOfTheKindInstrumentAndNoOther) {
     for (const char* kind : {"audio", "Instrument", "instruments", "part", ""}) {
-        const auto track = make<Track>(state(), kind);
+        const auto track = makeHandle<Track>(state(), kind);
         track->setDevice(element("Device", {goodSlot()}));
         EXPECT_FALSE(isTargetTrack(track)) << kind;
     }
 }
 
 TEST_F(TargetTrack, HasADevice) {
-    EXPECT_FALSE(isTargetTrack(make<Track>(state())));
+    EXPECT_FALSE(isTargetTrack(makeHandle<Track>(state())));
 }
 
 TEST_F(TargetTrack, HasADeviceWithElements) {
@@ -113,13 +113,13 @@ TEST_F(TargetTrack, HasADeviceWithElements) {
 }
 
 TEST_F(TargetTrack, AnswersIProjectTrack) {
-    const auto track = make<SilentTrack>(state(), host::IProjectTrack::iid);
+    const auto track = makeHandle<SilentTrack>(state(), host::IProjectTrack::iid);
     track->setDevice(element("Device", {goodSlot()}));
     EXPECT_FALSE(isTargetTrack(track));
 }
 
 TEST_F(TargetTrack, AnswersIProjectNode) {
-    const auto track = make<SilentTrack>(state(), host::IProjectNode::iid);
+    const auto track = makeHandle<SilentTrack>(state(), host::IProjectNode::iid);
     track->setDevice(element("Device", {goodSlot()}));
     EXPECT_FALSE(isTargetTrack(track));
 }
@@ -136,7 +136,7 @@ TEST_F(TargetTrack, HasASlotThatIsSpelledExactlySo) {
 
 TEST_F(TargetTrack, HasASlotAmongTheElementsOfTheDeviceItself) {
     EXPECT_FALSE(isTarget({element("Rack", {goodSlot()})}));
-    const auto track = make<Track>(state());
+    const auto track = makeHandle<Track>(state());
     track->setDevice(goodSlot());
     EXPECT_FALSE(isTargetTrack(track));
 }

@@ -136,7 +136,7 @@ TEST_F(TrackTable, FollowsLyricsThatAreNotDivided) {
 
 TEST_F(TrackTable, RecordsTheNotesBehindAChildThatIsNoPartOnFirstSightingOnly) {
     auto& track = addTrack({"a", "b"});
-    track.add(make<TreeNode>(state(), "Node", "automation"));
+    track.add(makeHandle<TreeNode>(state(), "Node", "automation"));
     track.add(makePart({"c"}));
     editor().notify();
 
@@ -188,7 +188,7 @@ TEST_F(TrackTable, HoldsAnEmptyRecordForAnEventThatIsNoNote) {
     auto& track = addTrackOfEvents({{makeNote("la"), makeOtherEvent(), makeNote("b")}});
     auto& note = noteAt(track, 0);
     note.flagged = true;
-    note.number = -1;
+    note.pitch = -1;
     editor().notify();
     const auto removal = hook();
     const auto added = makePart({"c"});

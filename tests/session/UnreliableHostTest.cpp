@@ -35,7 +35,7 @@ public:
     bool PLUGIN_API atEnd() override { return false; }
 
 protected:
-    void* face(const Steinberg::TUID id) override {
+    void* interfaceFor(const Steinberg::TUID id) override {
         return host::sameId(id, Steinberg::FUnknown_iid) ? this : nullptr;
     }
 
@@ -55,7 +55,8 @@ public:
     Handle<TreeItem> child;
 
     host::IProjectNodeIterator* PLUGIN_API children() override {
-        const auto iterator = make<GapIterator>(this->state(), child ? gaps : -1, child.get());
+        const auto iterator =
+            makeHandle<GapIterator>(this->state(), child ? gaps : -1, child.get());
         return simulator::handOver<host::IProjectNodeIterator>(iterator.get());
     }
 };
@@ -75,7 +76,7 @@ public:
 class UnreliableHost : public SessionTest {};
 
 TEST_F(UnreliableHost, HasAProjectThatNeverEnds) {
-    const auto folder = make<GapNode<Folder>>(state());
+    const auto folder = makeHandle<GapNode<Folder>>(state());
     project().add(folder);
     auto& track = addKnownTrack({"", ""});
     editor().type(noteAt(track, 0), "かき");
@@ -84,7 +85,7 @@ TEST_F(UnreliableHost, HasAProjectThatNeverEnds) {
 }
 
 TEST_F(UnreliableHost, HasATrackThatNeverEnds) {
-    const auto endless = make<GapNode<Track>>(state());
+    const auto endless = makeHandle<GapNode<Track>>(state());
     endless->setDevice(simulator::makeDevice(state(), simulator::Plugin::Kind::VoiceSynthesizer));
     project().add(endless);
     auto& track = addKnownTrack({"", ""});
@@ -94,14 +95,14 @@ TEST_F(UnreliableHost, HasATrackThatNeverEnds) {
 
 TEST_F(UnreliableHost, HasAPartThatNeverEnds) {
     auto& track = addKnownTrack({"", ""});
-    track.add(make<GapNode<Part>>(state()));
+    track.add(makeHandle<GapNode<Part>>(state()));
     editor().type(noteAt(track, 0), "かき");
     EXPECT_EQ(lyricsOf(track), (Lyrics{"かき[k a]", "[k i]"}));
 }
 
 TEST_F(UnreliableHost, HasManyGapsBeforeAChild) {
     const auto track = makeTrack({{"", ""}});
-    const auto folder = make<GapNode<Folder>>(state());
+    const auto folder = makeHandle<GapNode<Folder>>(state());
     folder->gaps = 1000;
     folder->child = track;
     project().add(folder);
@@ -112,7 +113,7 @@ TEST_F(UnreliableHost, HasManyGapsBeforeAChild) {
 
 TEST_F(UnreliableHost, HasANoteThatHandsOverNothing) {
     auto& track = addKnownTrack({"", ""});
-    partOf(track).insert(1, make<LyingNote>(state()));
+    partOf(track).insert(1, makeHandle<LyingNote>(state()));
     typeInto(noteAt(track, 0), "かき");
     const auto steps = hook();
     ASSERT_EQ(steps.size(), 1u);

@@ -15,7 +15,7 @@ namespace {
 
 // The words with the number of notes that a score would give each.
 Run compare(const std::vector<std::pair<std::string, int>>& words) {
-    simulator::Song song;
+    wysim::song::Song song;
     song.title = "Words";
     song.tracks = {{"Voice", {}}};
     double start = 0;
@@ -25,7 +25,7 @@ Run compare(const std::vector<std::pair<std::string, int>>& words) {
         }
     }
     const TemporaryFolder folder;
-    const auto path = folder.write("words.json", simulator::jsonFromSong(song));
+    const auto path = folder.write("words.json", wysim::song::jsonFromSong(song));
     return runProgram({"compare", path.u8string()});
 }
 

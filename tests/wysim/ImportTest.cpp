@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/Options.h"
 #include "tests/wysim/SongFixture.h"
 
 #include <gtest/gtest.h>

@@ -9,7 +9,7 @@ namespace wybeta::tests {
 
 namespace {
 
-using namespace simulator;
+using namespace wysim::song;
 
 TEST(Numbers, AreWrittenWithoutNeedlessDigits) {
     EXPECT_EQ(formatNumber(2), "2");

@@ -78,7 +78,7 @@ TEST(Program, EndsWithOneWhenItsOutputCannotBeWritten) {
     std::istringstream in;
     std::ostream out(nullptr);
     std::ostringstream err;
-    EXPECT_EQ(simulator::runWysim({"--help"}, {in, out, err}), 1);
+    EXPECT_EQ(wysim::program::runWysim({"--help"}, {in, out, err}), 1);
     EXPECT_EQ(err.str(), "wysim: expected to write the output, found that it cannot be written.\n");
 }
 

@@ -15,7 +15,7 @@ using namespace std::chrono_literals;
 TEST(Progress, ShowsItselfOnlyAfterASecond) {
     std::ostringstream terminal;
     std::chrono::steady_clock::time_point now;
-    simulator::Progress progress(terminal, [&now] { return now; });
+    wysim::terminal::Progress progress(terminal, [&now] { return now; });
     progress.start("reading", 4);
     now += 900ms;
     progress.step();
@@ -35,7 +35,7 @@ TEST(Progress, ShowsItselfOnlyAfterASecond) {
 TEST(Progress, LeavesNothingToTakeOffAfterQuickWork) {
     std::ostringstream terminal;
     {
-        simulator::Progress progress(terminal);
+        wysim::terminal::Progress progress(terminal);
         progress.start("reading", 2);
         progress.step();
     }

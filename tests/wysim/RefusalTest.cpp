@@ -18,7 +18,7 @@ namespace wybeta::tests {
 
 namespace {
 
-using simulator::BadInput;
+using wysim::song::BadInput;
 
 struct Refused {
     const char* file;
@@ -62,7 +62,7 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(Refusal, OfALargeFileComesWithoutReadingIt) {
     const TemporaryFolder folder;
     const auto path = folder.write("large.musicxml", "");
-    std::filesystem::resize_file(path, simulator::kLargestSongFile + 1);
+    std::filesystem::resize_file(path, wysim::song::kLargestSongFile + 1);
     EXPECT_NE(refusalOf(path).find("expected a file of at most 256 MiB, found 268435457 bytes"),
               std::string::npos);
 }
@@ -77,9 +77,9 @@ std::string noteWith(const std::string& lyric) {
            lyric + "</text></lyric></note>";
 }
 
-simulator::Song read(const std::string& bytes) {
-    simulator::Progress progress;
-    return simulator::songFromMusicXml(bytes, 1, progress);
+wysim::song::Song read(const std::string& bytes) {
+    wysim::terminal::Progress progress;
+    return wysim::song::songFromMusicXml(bytes, 1, progress);
 }
 
 std::string refusal(const std::string& bytes) {
@@ -222,7 +222,7 @@ TEST(Refusal, OrASongIsWhatADamagedScoreGives) {
 
 TEST(Refusal, OrASongIsWhatADamagedJsonFileGives) {
     const auto song = readSong(dataFile("plain.musicxml"));
-    readDamaged(simulator::jsonFromSong(song), simulator::songFromJson);
+    readDamaged(wysim::song::jsonFromSong(song), wysim::song::songFromJson);
 }
 
 TEST(Refusal, OrASongIsWhatADamagedCompressedScoreGives) {
@@ -236,13 +236,13 @@ TEST(Refusal, OrASongIsWhatADamagedCompressedScoreGives) {
 TEST(Refusal, OfJsonSaysWhere) {
     const auto refusalOfJson = [](const std::string& bytes) -> std::string {
         try {
-            simulator::songFromJson(bytes);
+            wysim::song::songFromJson(bytes);
             return {};
         } catch (const BadInput& error) {
             return error.what();
         }
     };
-    auto json = simulator::jsonFromSong(readSong(dataFile("plain.musicxml")));
+    auto json = wysim::song::jsonFromSong(readSong(dataFile("plain.musicxml")));
     EXPECT_EQ(refusalOfJson(json), "");
     EXPECT_EQ(refusalOfJson("{\n \"format\" 1}"),
               "expected well-formed JSON, found an error at line 2, column 11");
@@ -268,7 +268,7 @@ TEST(Refusal, OfJsonSaysWhere) {
 
 TEST(Refusal, OfDeepNestingIsNoOverflow) {
     constexpr int kDepth = 1'000'000;
-    EXPECT_THROW(simulator::songFromJson(std::string(kDepth, '[')), BadInput);
+    EXPECT_THROW(wysim::song::songFromJson(std::string(kDepth, '[')), BadInput);
     std::string begins;
     std::string ends;
     for (int i = 0; i < kDepth; ++i) {

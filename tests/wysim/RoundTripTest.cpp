@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/Options.h"
 #include "tests/wysim/SongFixture.h"
 #include "wysim/song/JsonSong.h"
 #include "wysim/song/MusicXmlReader.h"
@@ -17,14 +18,14 @@ namespace wybeta::tests {
 
 namespace {
 
-using simulator::jsonFromSong;
-using simulator::musicXmlFromSong;
-using simulator::Song;
-using simulator::songFromJson;
+using wysim::song::jsonFromSong;
+using wysim::song::musicXmlFromSong;
+using wysim::song::Song;
+using wysim::song::songFromJson;
 
 Song songFromMusicXml(const std::string& bytes) {
-    simulator::Progress progress;
-    return simulator::songFromMusicXml(bytes, 1, progress);
+    wysim::terminal::Progress progress;
+    return wysim::song::songFromMusicXml(bytes, 1, progress);
 }
 
 std::vector<std::filesystem::path> songs() {

@@ -18,11 +18,9 @@
 namespace wybeta::tests {
 
 namespace fs = std::filesystem;
-using namespace simulator;
-
-fs::path sourceFile(const std::string& name) {
-    return fs::u8path(option("source-dir").value_or(".")) / fs::u8path(name);
-}
+using namespace wysim::program;
+using namespace wysim::song;
+using namespace wysim::terminal;
 
 fs::path dataFile(const std::string& name) {
     return sourceFile("tests/wysim/data/" + name);

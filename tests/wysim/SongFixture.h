@@ -9,17 +9,16 @@
 
 namespace wybeta::tests {
 
-// A file of tests/wysim/data or, named from the root, of the whole source tree.
+// A file of tests/wysim/data.
 std::filesystem::path dataFile(const std::string& name);
-std::filesystem::path sourceFile(const std::string& name);
 std::string bytesOf(const std::filesystem::path& path);
 
-simulator::Song readSong(const std::filesystem::path& path, int verse = 1);
+wysim::song::Song readSong(const std::filesystem::path& path, int verse = 1);
 // What readSong finds wrong; empty when it reads a song.
 std::string refusalOf(const std::filesystem::path& path, int verse = 1);
 
 // "start length pitch lyric" of each note of the first track, typed lyrics with a star.
-std::vector<std::string> linesOf(const simulator::Song& song);
+std::vector<std::string> linesOf(const wysim::song::Song& song);
 
 // A folder that goes when the test is over.
 class TemporaryFolder {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wysim/picture/SongPicture.h"
 
+#include "tests/Options.h"
 #include "tests/wysim/SongFixture.h"
 #include "wysim/song/Song.h"
 #include "wysim/song/XmlDocument.h"
@@ -14,8 +15,8 @@ namespace wybeta::tests {
 
 namespace {
 
-using simulator::Song;
-using simulator::svgPicture;
+using wysim::picture::svgPicture;
+using wysim::song::Song;
 
 Song divided() {
     Song song;
@@ -36,7 +37,7 @@ Song typed() {
 }
 
 std::multiset<std::string> textsOf(const std::string& svg, const char* path) {
-    const simulator::XmlDocument document(svg);
+    const wysim::song::XmlDocument document(svg);
     std::multiset<std::string> texts;
     for (const auto& node : document.root().select_nodes(path)) {
         texts.insert(node.node().text().get());
@@ -62,7 +63,7 @@ TEST(SongPicture, WrapsALongSongIntoRowsAndLeavesOutSilentOnes) {
     Song song = divided();
     const auto height = [](const Song& drawn) {
         const auto svg = svgPicture(drawn, drawn);
-        return simulator::XmlDocument(svg).root().attribute("height").as_double();
+        return wysim::song::XmlDocument(svg).root().attribute("height").as_double();
     };
     const auto short1 = height(song);
     song.tracks[0].notes.push_back({900'000, 1, 60, "far", true});
@@ -75,7 +76,7 @@ TEST(SongPicture, IsNotMadeWiderByALongLyric) {
     auto song = divided();
     song.tracks[0].notes[3].lyric = std::string(500, 'w');
     const auto svg = svgPicture(song, song);
-    const simulator::XmlDocument document(svg);
+    const wysim::song::XmlDocument document(svg);
     EXPECT_EQ(document.root().attribute("width").as_double(), 1340);
     EXPECT_EQ(textsOf(svg, "//text[@textLength]").size(), 2u);
 }

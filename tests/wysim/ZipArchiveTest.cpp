@@ -13,8 +13,8 @@ namespace wybeta::tests {
 
 namespace {
 
-using simulator::BadInput;
-using simulator::ZipArchive;
+using wysim::song::BadInput;
+using wysim::song::ZipArchive;
 
 // Where the directory entry of the first file begins.
 std::size_t directoryOf(const std::string& bytes) {

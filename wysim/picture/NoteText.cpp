@@ -3,7 +3,7 @@
 
 #include <utf8cpp/utf8.h>
 
-namespace wybeta::simulator {
+namespace wybeta::wysim::picture {
 
 NoteText::NoteText(std::string_view text) : lyric(text) {
     const auto bracket = text.rfind('[');
@@ -29,4 +29,4 @@ double widthOf(std::string_view utf8) {
     return width;
 }
 
-} // namespace wybeta::simulator
+} // namespace wybeta::wysim::picture

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace wybeta::simulator {
+namespace wybeta::wysim::picture {
 
 // A note's lyric taken apart: "さくら[s a]" is the lyric "さくら" on the syllable "s a".
 struct NoteText {
@@ -17,4 +17,4 @@ struct NoteText {
 // How wide a text is drawn, in units of its font size.
 double widthOf(std::string_view utf8);
 
-} // namespace wybeta::simulator
+} // namespace wybeta::wysim::picture

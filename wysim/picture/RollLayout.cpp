@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-namespace wybeta::simulator {
+namespace wybeta::wysim::picture {
 
 namespace {
 
@@ -21,7 +21,7 @@ constexpr double kSemitone = 7;
 constexpr double kLeastPixelsPerQuarter = 24;
 
 // The pixels per quarter note that the text of each note asks for.
-void addNeeds(const SongTrack& track, std::vector<double>& needs) {
+void addNeeds(const song::SongTrack& track, std::vector<double>& needs) {
     const auto& notes = track.notes;
     for (std::size_t i = 0; i < notes.size(); ++i) {
         const NoteText text(notes[i].lyric);
@@ -46,8 +46,8 @@ double enoughFor(std::vector<double> needs) {
 
 } // namespace
 
-RollLayout::RollLayout(const Song& song, const SongTrack& before, const SongTrack& after,
-                       double width)
+RollLayout::RollLayout(const song::Song& song, const song::SongTrack& before,
+                       const song::SongTrack& after, double width)
     : measureLength_(song.time.measureLength()),
       origin_(song.pickup > 0 ? song.pickup - measureLength_ : 0) {
     std::vector<double> needs;
@@ -62,7 +62,7 @@ RollLayout::RollLayout(const Song& song, const SongTrack& before, const SongTrac
     pixelsPerSemitone_ = std::min(kSemitone, kTallestRoll / (highest_ - lowest_ + 1));
 }
 
-void RollLayout::findPitches(const SongTrack& track) {
+void RollLayout::findPitches(const song::SongTrack& track) {
     for (const auto& note : track.notes) {
         lowest_ = std::min(lowest_, note.pitch);
         highest_ = std::max(highest_, note.pitch);
@@ -94,4 +94,4 @@ double RollLayout::y(int pitch) const {
     return kRoomAbove + (highest_ - pitch) * pixelsPerSemitone_;
 }
 
-} // namespace wybeta::simulator
+} // namespace wybeta::wysim::picture

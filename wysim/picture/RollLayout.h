@@ -5,7 +5,7 @@
 
 #include <cstdint>
 
-namespace wybeta::simulator {
+namespace wybeta::wysim::picture {
 
 constexpr double kLyricSize = 13;
 constexpr double kSyllableSize = 12;
@@ -15,7 +15,8 @@ constexpr double kBoxHeight = 18;
 class RollLayout {
 public:
     // Widens the notes until their texts fit, as far as a row can hold at least one measure.
-    RollLayout(const Song& song, const SongTrack& before, const SongTrack& after, double width);
+    RollLayout(const song::Song& song, const song::SongTrack& before, const song::SongTrack& after,
+               double width);
 
     double measureLength() const { return measureLength_; }
     double measuresPerRow() const { return rowLength_ / measureLength_; }
@@ -34,15 +35,15 @@ public:
     int highestPitch() const { return highest_; }
 
 private:
-    void findPitches(const SongTrack& track);
+    void findPitches(const song::SongTrack& track);
 
     double measureLength_;
     double origin_; // the start of the first measure, as if it were complete
     double rowLength_ = 0;
     double pixelsPerQuarter_ = 0;
-    int lowest_ = kHighestPitch;
+    int lowest_ = song::kHighestPitch;
     int highest_ = 0;
     double pixelsPerSemitone_ = 0;
 };
 
-} // namespace wybeta::simulator
+} // namespace wybeta::wysim::picture

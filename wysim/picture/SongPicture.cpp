@@ -17,7 +17,7 @@
 #include <utility>
 #include <vector>
 
-namespace wybeta::simulator {
+namespace wybeta::wysim::picture {
 
 namespace {
 
@@ -49,7 +49,7 @@ constexpr auto kStyle = R"(
 )";
 
 std::string pixels(double value) {
-    return formatNumber(std::round(value * 10) / 10);
+    return song::formatNumber(std::round(value * 10) / 10);
 }
 
 void set(xml_node node, const char* name, const std::string& value) {
@@ -107,7 +107,7 @@ xml_node addGroup(xml_node parent, double x, double y) {
 }
 
 // The notes that sound in each row, by their indexes. Rows without any are not drawn.
-std::map<std::int64_t, std::vector<std::size_t>> rowsOf(const SongTrack& track,
+std::map<std::int64_t, std::vector<std::size_t>> rowsOf(const song::SongTrack& track,
                                                         const RollLayout& layout) {
     std::map<std::int64_t, std::vector<std::size_t>> rows;
     for (std::size_t i = 0; i < track.notes.size(); ++i) {
@@ -134,7 +134,7 @@ public:
                 addLine(group_, 0, middle, kRollWidth, middle, "octave");
             }
             if (pitch % 12 == 0 || pitch == layout_.lowestPitch()) {
-                addLabel(-kPitchLabels + 6, middle + 3, formatPitch(pitch), pitch);
+                addLabel(-kPitchLabels + 6, middle + 3, song::formatPitch(pitch), pitch);
             }
         }
         const auto measures = std::llround(layout_.measuresPerRow());
@@ -145,7 +145,7 @@ public:
         }
     }
 
-    void drawNotes(const SongTrack& track, const std::vector<std::size_t>& indexes) {
+    void drawNotes(const song::SongTrack& track, const std::vector<std::size_t>& indexes) {
         for (const auto index : indexes) {
             drawBox(track.notes[index]);
         }
@@ -169,10 +169,12 @@ private:
         }
     }
 
-    double left(const SongNote& note) const { return std::max(layout_.x(note.start, row_), 0.0); }
+    double left(const song::SongNote& note) const {
+        return std::max(layout_.x(note.start, row_), 0.0);
+    }
     double right(double time) const { return std::min(layout_.x(time, row_), kRollWidth); }
 
-    void drawBox(const SongNote& note) {
+    void drawBox(const song::SongNote& note) {
         const NoteText text(note.lyric);
         const char* const kind = note.lyric.empty()   ? "silent"
                                  : text.lyric.empty() ? "syllable"
@@ -184,7 +186,7 @@ private:
         box.append_child("title").text().set(note.lyric.c_str());
     }
 
-    void drawTexts(const SongNote& note, double nextStart) {
+    void drawTexts(const song::SongNote& note, double nextStart) {
         const NoteText text(note.lyric);
         const double room = std::max(right(nextStart) - left(note) - 4, 1.0);
         const double y = layout_.y(note.pitch);
@@ -200,8 +202,8 @@ private:
 };
 
 // Draws one track from y on and returns where it ends.
-double drawTrack(xml_node svg, const Song& song, const SongTrack& before, const SongTrack& after,
-                 double y) {
+double drawTrack(xml_node svg, const song::Song& song, const song::SongTrack& before,
+                 const song::SongTrack& after, double y) {
     constexpr double kHeading = 52;
     constexpr double kRowGap = 10;
     const RollLayout layout(song, before, after, kRollWidth);
@@ -242,7 +244,7 @@ void drawLegend(xml_node svg, double y) {
 
 } // namespace
 
-std::string svgPicture(const Song& before, const Song& after) {
+std::string svgPicture(const song::Song& before, const song::Song& after) {
     pugi::xml_document document;
     auto svg = document.append_child("svg");
     set(svg, "xmlns", "http://www.w3.org/2000/svg");
@@ -263,4 +265,4 @@ std::string svgPicture(const Song& before, const Song& after) {
     return text.str() + "\n";
 }
 
-} // namespace wybeta::simulator
+} // namespace wybeta::wysim::picture

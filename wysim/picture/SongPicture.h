@@ -5,11 +5,11 @@
 
 #include <string>
 
-namespace wybeta::simulator {
+namespace wybeta::wysim::picture {
 
 // Draws the tracks of a song as piano rolls in SVG, as wide as a screen: the song before on the
 // left, after on the right, row by row. Each note carries its lyric above and its syllable inside.
 // Both songs have the same tracks.
-std::string svgPicture(const Song& before, const Song& after);
+std::string svgPicture(const song::Song& before, const song::Song& after);
 
-} // namespace wybeta::simulator
+} // namespace wybeta::wysim::picture

@@ -15,7 +15,7 @@
 #include <windows.h>
 #endif
 
-namespace wybeta::simulator {
+namespace wybeta::wysim::program {
 
 namespace {
 
@@ -40,27 +40,37 @@ fs::path programFolder() {
 #endif
 }
 
+// The library for this system inside a module folder.
+fs::path libraryInside(const fs::path& folder) {
+#ifdef _WIN32
+    return folder / "Contents" / "x86_64-win" / folder.filename();
+#else
+    return folder / "Contents" / "x86_64-linux" / folder.stem().concat(".so");
+#endif
+}
+
 int verseFrom(const std::string& text, const std::string& song) {
-    const auto verse = parseInteger(text);
+    const auto verse = song::parseInteger(text);
     if (!verse || *verse < 1) {
-        throw BadInput::expected("a whole number of at least 1 as --verse", "'" + text + "'");
+        throw song::BadInput::expectedFound("a whole number of at least 1 as --verse",
+                                            "'" + text + "'");
     }
-    if (endingOf(fs::u8path(song)) == ".json") {
-        throw BadInput::expected("--verse with a score only", "it with " + song);
+    if (song::endingOf(fs::u8path(song)) == ".json") {
+        throw song::BadInput::expectedFound("--verse with a score only", "it with " + song);
     }
     return *verse;
 }
 
 std::string scriptFrom(const std::string& name) {
     if (name.empty()) {
-        throw BadInput::expected("the name of a file as --script", "nothing");
+        throw song::BadInput::expectedFound("the name of a file as --script", "nothing");
     }
     return name;
 }
 
 std::string pictureFrom(const std::string& name) {
-    if (endingOf(fs::u8path(name)) != ".svg") {
-        throw BadInput::expected("a name that ends in .svg as --svg", "'" + name + "'");
+    if (song::endingOf(fs::u8path(name)) != ".svg") {
+        throw song::BadInput::expectedFound("a name that ends in .svg as --svg", "'" + name + "'");
     }
     return name;
 }
@@ -94,14 +104,14 @@ CommandLine parseCommandLine(std::vector<std::string> arguments) {
         line.help = app.help();
         return line;
     } catch (const CLI::ParseError& error) {
-        throw BadInput::expected("arguments as 'wysim --help' shows them", error.what());
+        throw song::BadInput::expectedFound("arguments as 'wysim --help' shows them", error.what());
     }
     line.isComparison = compare->parsed();
     if (line.song.empty()) {
-        throw BadInput::expected("a song ('wysim --help' tells more)", "none");
+        throw song::BadInput::expectedFound("a song ('wysim --help' tells more)", "none");
     }
     if (line.isComparison && (script || svg)) {
-        throw BadInput::expected("'compare' without --script and --svg", "one of them");
+        throw song::BadInput::expectedFound("'compare' without --script and --svg", "one of them");
     }
     if (verse) {
         line.verse = verseFrom(*verse, line.song);
@@ -124,10 +134,7 @@ fs::path moduleFile(const std::string& named) {
             path = folder.parent_path() / "WyBeta.vst3";
         }
     }
-    if (fs::is_directory(path)) {
-        return path / "Contents" / "x86_64-linux" / path.stem().concat(".so");
-    }
-    return path;
+    return fs::is_directory(path) ? libraryInside(path) : path;
 }
 
-} // namespace wybeta::simulator
+} // namespace wybeta::wysim::program

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace wybeta::simulator {
+namespace wybeta::wysim::program {
 
 // What wysim is asked to do.
 struct CommandLine {
@@ -26,4 +26,4 @@ CommandLine parseCommandLine(std::vector<std::string> arguments);
 // system. With an empty name, the module beside the program or one folder up.
 std::filesystem::path moduleFile(const std::string& named);
 
-} // namespace wybeta::simulator
+} // namespace wybeta::wysim::program

@@ -5,8 +5,9 @@
 #include <iostream>
 
 int main(int argc, char** argv) {
-    using namespace wybeta::simulator;
-    useUtf8Terminal();
-    return runWysim(utf8Arguments(argc, argv),
-                    {std::cin, std::cout, std::cerr, isInputTerminal(), isErrorTerminal()});
+    using namespace wybeta::wysim;
+    terminal::useUtf8Terminal();
+    return program::runWysim(
+        terminal::utf8Arguments(argc, argv),
+        {std::cin, std::cout, std::cerr, terminal::isInputTerminal(), terminal::isErrorTerminal()});
 }

@@ -2,8 +2,7 @@
 #include "wysim/program/Program.h"
 
 #include "simulator/Editor.h"
-#include "simulator/HostObject.h"
-#include "simulator/LoadedModule.h"
+#include "simulator/RunningModule.h"
 #include "wysim/program/CommandLine.h"
 #include "wysim/session/Comparison.h"
 #include "wysim/session/Session.h"
@@ -13,20 +12,17 @@
 #include "wysim/terminal/Console.h"
 #include "wysim/terminal/Progress.h"
 
-#include "pluginterfaces/base/smartpointer.h"
-
 #include <cstddef>
 #include <exception>
 #include <filesystem>
 #include <fstream>
-#include <functional>
 #include <optional>
 #include <stdexcept>
 #include <string_view>
 #include <system_error>
 #include <utility>
 
-namespace wybeta::simulator {
+namespace wybeta::wysim::program {
 
 namespace {
 
@@ -34,53 +30,20 @@ constexpr int kDone = 0;
 constexpr int kModuleTrouble = 1;
 constexpr int kBadInput = 2;
 
-// A module that was told that it is loaded, and gives back everything in the end.
-class RunningModule {
-public:
-    explicit RunningModule(const std::filesystem::path& path) : file_(path) {
-        if (!file_.initDll()) {
-            throw std::runtime_error("expected InitDll to succeed, it did not");
-        }
-    }
-    RunningModule(const RunningModule&) = delete;
-    RunningModule& operator=(const RunningModule&) = delete;
-
-    // Lets `work` use an editor with the module's extension.
-    void use(const std::function<void(Editor&)>& work) const {
-        SharedState state;
-        {
-            const auto factory = Steinberg::owned(file_.getPluginFactory());
-            Editor editor(*factory);
-            state = editor.state();
-            work(editor);
-        }
-        if (!state->ledger.isBalanced()) {
-            throw std::runtime_error("expected the module to give back all that it took, found:\n" +
-                                     state->ledger.report());
-        }
-        if (!file_.exitDll()) {
-            throw std::runtime_error("expected ExitDll to succeed, it did not");
-        }
-    }
-
-private:
-    ModuleFile file_;
-};
-
 // The commands of a script. Mistakes are told with their lines, and the script goes on.
 class Script {
 public:
     Script(std::istream& lines, std::string name, const Streams& streams)
         : lines_(lines), name_(std::move(name)), streams_(streams) {}
 
-    int run(Session& session) {
+    int run(session::Session& session) {
         int status = kDone;
         std::string line;
         for (std::size_t number = 1; !session.isOver() && std::getline(lines_, line); ++number) {
             try {
                 streams_.out << "> " << withoutReturn(line) << "\n";
                 session.run(withoutReturn(line));
-            } catch (const BadInput& error) {
+            } catch (const song::BadInput& error) {
                 streams_.out.flush();
                 streams_.err << "wysim: " << name_ << ", line " << number << ": " << error.what()
                              << "; nothing changed.\n";
@@ -100,25 +63,25 @@ private:
     const Streams& streams_;
 };
 
-int converse(Session& session, const Streams& streams) {
+int runPrompt(session::Session& session, const Streams& streams) {
     streams.out << "'help' lists the commands, 'quit' ends.\n";
     std::string line;
     while (!session.isOver()) {
         streams.out << "wysim> " << std::flush;
-        if (!readTerminalLine(line)) {
+        if (!terminal::readTerminalLine(line)) {
             streams.out << "\n";
             break;
         }
         try {
             session.run(line);
-        } catch (const BadInput& error) {
+        } catch (const song::BadInput& error) {
             streams.out << error.what() << "; nothing changed.\n";
         }
     }
     return kDone;
 }
 
-int runCommands(Session& session, const CommandLine& line, const Streams& streams) {
+int runCommands(session::Session& session, const CommandLine& line, const Streams& streams) {
     if (line.script == "-") {
         return Script(streams.in, "standard input", streams).run(session);
     }
@@ -127,54 +90,58 @@ int runCommands(Session& session, const CommandLine& line, const Streams& stream
         std::ifstream file(path);
         std::error_code ignored;
         if (!file || std::filesystem::is_directory(path, ignored)) {
-            throw BadInput::expected("a script that can be read", "none at " + line.script);
+            throw song::BadInput::expectedFound("a script that can be read",
+                                                "none at " + line.script);
         }
         return Script(file, line.script, streams).run(session);
     }
     if (!line.svg.empty()) {
         return kDone;
     }
-    return streams.isInputTerminal ? converse(session, streams)
+    return streams.isInputTerminal ? runPrompt(session, streams)
                                    : Script(streams.in, "standard input", streams).run(session);
 }
 
-void tellSong(const Song& song, const std::string& file, std::ostream& out) {
+void printSummary(const song::Song& song, const std::string& file, std::ostream& out) {
     out << (song.title.empty() ? file : song.title) << ": " << song.tracks.size() << " track"
         << (song.tracks.size() == 1 ? "" : "s") << ", " << countNotes(song) << " notes\n";
 }
 
-int runSession(const CommandLine& line, const Song& song, Editor& editor, const Streams& streams) {
-    tellSong(song, line.song, streams.out);
-    Session session(editor, song, std::filesystem::u8path(line.song), streams.out);
+int runSession(const CommandLine& line, const song::Song& song, simulator::Editor& editor,
+               const Streams& streams) {
+    printSummary(song, line.song, streams.out);
+    session::Session session(editor, song, std::filesystem::u8path(line.song), streams.out);
     const int status = runCommands(session, line, streams);
     if (!line.svg.empty()) {
-        writeFile(std::filesystem::u8path(line.svg), session.picture());
+        song::writeFile(std::filesystem::u8path(line.svg), session.picture());
         streams.out << "wrote " << line.svg << "\n";
     }
     return status;
 }
 
 int run(const CommandLine& line, const Streams& streams) {
-    std::optional<Progress> progress;
+    std::optional<terminal::Progress> progress;
     if (streams.isErrorTerminal) {
         progress.emplace(streams.err);
     } else {
         progress.emplace();
     }
-    const auto song = readSongFile(std::filesystem::u8path(line.song), line.verse, *progress);
+    const auto song = song::readSongFile(std::filesystem::u8path(line.song), line.verse, *progress);
     if (!line.svg.empty()) {
-        expectOtherFile(std::filesystem::u8path(line.svg), std::filesystem::u8path(line.song));
+        song::expectOtherFile(std::filesystem::u8path(line.svg),
+                              std::filesystem::u8path(line.song));
     }
-    const RunningModule module(moduleFile(line.module));
+    simulator::RunningModule module(moduleFile(line.module));
     int status = kDone;
-    module.use([&](Editor& editor) {
+    module.use([&](simulator::Editor& editor) {
         if (line.isComparison) {
-            tellSong(song, line.song, streams.out);
-            streams.out << comparisonText(compareWords(editor, song, *progress));
+            printSummary(song, line.song, streams.out);
+            streams.out << session::comparisonText(session::compareWords(editor, song, *progress));
         } else {
             status = runSession(line, song, editor, streams);
         }
     });
+    module.stop();
     return status;
 }
 
@@ -192,7 +159,7 @@ int runWysim(const std::vector<std::string>& arguments, const Streams& streams) 
                 "expected to write the output, found that it cannot be written");
         }
         return status;
-    } catch (const BadInput& error) {
+    } catch (const song::BadInput& error) {
         streams.out.flush();
         streams.err << "wysim: " << error.what() << ".\n";
         return kBadInput;
@@ -203,4 +170,4 @@ int runWysim(const std::vector<std::string>& arguments, const Streams& streams) 
     }
 }
 
-} // namespace wybeta::simulator
+} // namespace wybeta::wysim::program

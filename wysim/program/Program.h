@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace wybeta::simulator {
+namespace wybeta::wysim::program {
 
 // Where a run reads and writes, and what of it is a terminal.
 struct Streams {
@@ -21,4 +21,4 @@ struct Streams {
 // 1 trouble with the module.
 int runWysim(const std::vector<std::string>& arguments, const Streams& streams);
 
-} // namespace wybeta::simulator
+} // namespace wybeta::wysim::program

@@ -13,7 +13,7 @@
 #include <map>
 #include <string_view>
 
-namespace wybeta::simulator {
+namespace wybeta::wysim::session {
 
 namespace {
 
@@ -29,14 +29,15 @@ bool holdsKana(std::string_view utf8) {
 
 struct Division {
     std::size_t syllables = 0;
-    KnownBy knownBy = KnownBy::Nothing;
+    Recognizer knownBy = Recognizer::Nothing;
 };
 
 // A track in which there is always room for one more syllable.
 class ScratchTrack {
 public:
-    explicit ScratchTrack(Editor& editor) : editor_(editor), part_(make<Part>(editor.state())) {
-        const auto track = makeVoiceTrack(editor.state());
+    explicit ScratchTrack(simulator::Editor& editor)
+        : editor_(editor), part_(simulator::makeHandle<simulator::Part>(editor.state())) {
+        const auto track = simulator::makeVoiceTrack(editor.state());
         track->add(part_);
         editor.project().add(track);
         addNotes(64);
@@ -57,7 +58,7 @@ public:
 private:
     void addNotes(std::size_t count) {
         for (std::size_t i = 0; i < count; ++i) {
-            notes_.push_back(make<Event>(editor_.state()));
+            notes_.push_back(simulator::makeHandle<simulator::Event>(editor_.state()));
             notes_.back()->startInPart = static_cast<double>(notes_.size());
             part_->add(notes_.back());
         }
@@ -71,24 +72,24 @@ private:
         }
         const auto firstEmpty = std::find_if(
             notes_.begin(), notes_.end(), [](const auto& note) { return note->lyric().empty(); });
-        const auto knownBy = word.find('[') != std::string::npos ? KnownBy::Brackets
-                             : holdsKana(word)                   ? KnownBy::Kana
-                                                                 : KnownBy::Dictionary;
+        const auto knownBy = word.find('[') != std::string::npos ? Recognizer::Brackets
+                             : holdsKana(word)                   ? Recognizer::Kana
+                                                                 : Recognizer::Dictionary;
         return {static_cast<std::size_t>(firstEmpty - notes_.begin()), knownBy};
     }
 
-    Editor& editor_;
-    Handle<Part> part_;
-    std::vector<Handle<Event>> notes_;
+    simulator::Editor& editor_;
+    simulator::Handle<simulator::Part> part_;
+    std::vector<simulator::Handle<simulator::Event>> notes_;
 };
 
-std::vector<ComparedWord> wordsOf(const Song& song) {
+std::vector<ComparedWord> wordsOf(const song::Song& song) {
     std::vector<ComparedWord> words;
     for (std::size_t track = 0; track < song.tracks.size(); ++track) {
         const auto& notes = song.tracks[track].notes;
         for (std::size_t i = 0; i < notes.size(); ++i) {
             if (notes[i].typed && !notes[i].lyric.empty()) {
-                words.push_back({track + 1, i + 1, notes[i].lyric, 1, 0, KnownBy::Nothing});
+                words.push_back({track + 1, i + 1, notes[i].lyric, 1, 0, Recognizer::Nothing});
             } else if (!words.empty() && words.back().track == track + 1) {
                 ++words.back().notes;
             }
@@ -97,22 +98,22 @@ std::vector<ComparedWord> wordsOf(const Song& song) {
     return words;
 }
 
-std::string nameOf(KnownBy knownBy) {
+std::string nameOf(Recognizer knownBy) {
     switch (knownBy) {
-    case KnownBy::Dictionary:
+    case Recognizer::Dictionary:
         return "dictionary";
-    case KnownBy::Kana:
+    case Recognizer::Kana:
         return "kana";
-    case KnownBy::Brackets:
+    case Recognizer::Brackets:
         return "brackets";
-    case KnownBy::Nothing:
+    case Recognizer::Nothing:
         break;
     }
     return "unknown";
 }
 
 std::string verdictOn(const ComparedWord& word) {
-    if (word.knownBy == KnownBy::Nothing) {
+    if (word.knownBy == Recognizer::Nothing) {
         return "-";
     }
     return word.syllables == word.notes ? "same" : word.syllables < word.notes ? "fewer" : "more";
@@ -120,7 +121,8 @@ std::string verdictOn(const ComparedWord& word) {
 
 } // namespace
 
-std::vector<ComparedWord> compareWords(Editor& editor, const Song& song, Progress& progress) {
+std::vector<ComparedWord> compareWords(simulator::Editor& editor, const song::Song& song,
+                                       terminal::Progress& progress) {
     auto words = wordsOf(song);
     ScratchTrack scratch(editor);
     std::map<std::string, Division> known;
@@ -139,7 +141,7 @@ std::vector<ComparedWord> compareWords(Editor& editor, const Song& song, Progres
 }
 
 std::string comparisonText(const std::vector<ComparedWord>& words) {
-    TextTable table({"track", "note", "word", "known by", "notes", "syllables", "count"});
+    terminal::TextTable table({"track", "note", "word", "known by", "notes", "syllables", "count"});
     std::map<std::string, std::size_t> totals;
     for (const auto& word : words) {
         const auto knownBy = nameOf(word.knownBy);
@@ -157,4 +159,4 @@ std::string comparisonText(const std::vector<ComparedWord>& words) {
            ", more: " + total("more") + "\n";
 }
 
-} // namespace wybeta::simulator
+} // namespace wybeta::wysim::session

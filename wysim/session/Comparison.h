@@ -9,10 +9,10 @@
 #include <string>
 #include <vector>
 
-namespace wybeta::simulator {
+namespace wybeta::wysim::session {
 
 // What it was in the extension that divided a word.
-enum class KnownBy { Nothing, Dictionary, Kana, Brackets };
+enum class Recognizer { Nothing, Dictionary, Kana, Brackets };
 
 struct ComparedWord {
     std::size_t track; // from 1, as the note
@@ -20,13 +20,14 @@ struct ComparedWord {
     std::string text;
     std::size_t notes;     // that the song gives the word, up to the next word
     std::size_t syllables; // that the extension gives
-    KnownBy knownBy;
+    Recognizer knownBy;
 };
 
 // Types each word of the song into an empty track of an editor that holds nothing else.
-std::vector<ComparedWord> compareWords(Editor& editor, const Song& song, Progress& progress);
+std::vector<ComparedWord> compareWords(simulator::Editor& editor, const song::Song& song,
+                                       terminal::Progress& progress);
 
 // A table of the words, and the totals.
 std::string comparisonText(const std::vector<ComparedWord>& words);
 
-} // namespace wybeta::simulator
+} // namespace wybeta::wysim::session

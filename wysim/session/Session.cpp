@@ -11,7 +11,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace wybeta::simulator {
+namespace wybeta::wysim::session {
 
 namespace {
 
@@ -35,26 +35,27 @@ std::string quoted(std::string_view text) {
 
 void expectNothing(std::string_view arguments) {
     if (!arguments.empty()) {
-        throw BadInput::expected("the command alone", quoted(arguments) + " behind it");
+        throw song::BadInput::expectedFound("the command alone", quoted(arguments) + " behind it");
     }
 }
 
 // One of the numbers 1 to `last`, as an index.
 std::size_t indexFrom(std::string_view number, std::size_t last, const std::string& what) {
     if (last == 0) {
-        throw BadInput::expected(what, "none in the track");
+        throw song::BadInput::expectedFound(what, "none in the track");
     }
-    const auto value = parseInteger(number);
+    const auto value = song::parseInteger(number);
     if (!value || *value < 1 || static_cast<std::size_t>(*value) > last) {
-        throw BadInput::expected(what + " from 1 to " + std::to_string(last), quoted(number));
+        throw song::BadInput::expectedFound(what + " from 1 to " + std::to_string(last),
+                                            quoted(number));
     }
     return static_cast<std::size_t>(*value) - 1;
 }
 
 double time(std::string_view text, const char* what) {
-    const auto value = parseNumber(text);
+    const auto value = song::parseNumber(text);
     if (!value) {
-        throw BadInput::expected(std::string(what) + " in quarter notes", quoted(text));
+        throw song::BadInput::expectedFound(std::string(what) + " in quarter notes", quoted(text));
     }
     return *value;
 }
@@ -83,7 +84,8 @@ const std::vector<Session::Command> Session::kCommands = {
     {"quit", "", "end the session", &Session::quit, false},
 };
 
-Session::Session(Editor& editor, const Song& song, std::filesystem::path file, std::ostream& out)
+Session::Session(simulator::Editor& editor, const song::Song& song, std::filesystem::path file,
+                 std::ostream& out)
     : editor_(editor), opened_(song), file_(std::move(file)), song_(editor, song), out_(out) {}
 
 void Session::run(std::string_view line) {
@@ -100,7 +102,7 @@ void Session::run(std::string_view line) {
 }
 
 std::string Session::picture() const {
-    return svgPicture(opened_, song_.song());
+    return picture::svgPicture(opened_, song_.song());
 }
 
 std::string Session::recalled(std::string_view line) const {
@@ -108,7 +110,7 @@ std::string Session::recalled(std::string_view line) const {
         return std::string(line);
     }
     if (history_.empty()) {
-        throw BadInput::expected("a command to run again", "an empty history");
+        throw song::BadInput::expectedFound("a command to run again", "an empty history");
     }
     return history_[indexFrom(line.substr(1), history_.size(), "a command of the history")];
 }
@@ -119,7 +121,7 @@ void Session::perform(std::string_view line) {
         std::find_if(kCommands.begin(), kCommands.end(),
                      [name](const auto& candidate) { return candidate.name == name; });
     if (command == kCommands.end()) {
-        throw BadInput::expected("a command ('help' lists them)", quoted(name));
+        throw song::BadInput::expectedFound("a command ('help' lists them)", quoted(name));
     }
     if (!command->changesNotes) {
         (this->*command->perform)(line);
@@ -144,13 +146,13 @@ void Session::show(Arguments arguments) {
     const std::size_t first = from.empty() ? 0 : noteIndex(from);
     const std::size_t end = to.empty() ? (from.empty() ? count : first + 1) : noteIndex(to) + 1;
     if (end <= first && !from.empty()) {
-        throw BadInput::expected("the first note to show before the last", "it behind");
+        throw song::BadInput::expectedFound("the first note to show before the last", "it behind");
     }
-    TextTable table({"note", "start", "length", "pitch", "lyric"});
+    terminal::TextTable table({"note", "start", "length", "pitch", "lyric"});
     for (std::size_t i = first; i < end; ++i) {
         const auto note = song_.songNote(track_, i);
-        table.add({std::to_string(i + 1), formatNumber(note.start), formatNumber(note.length),
-                   formatPitch(note.pitch), note.lyric});
+        table.add({std::to_string(i + 1), song::formatNumber(note.start),
+                   song::formatNumber(note.length), song::formatPitch(note.pitch), note.lyric});
     }
     out_ << table.text();
 }
@@ -159,7 +161,7 @@ void Session::tracks(Arguments arguments) {
     if (!arguments.empty()) {
         track_ = indexFrom(arguments, song_.countTracks(), "a track");
     }
-    TextTable table({"track", "notes", "name"});
+    terminal::TextTable table({"track", "notes", "name"});
     for (std::size_t i = 0; i < song_.countTracks(); ++i) {
         table.add({std::to_string(i + 1) + (i == track_ ? " *" : ""),
                    std::to_string(song_.countNotes(i)), song_.trackName(i)});
@@ -170,44 +172,46 @@ void Session::tracks(Arguments arguments) {
 void Session::type(Arguments arguments) {
     const auto index = noteIndex(takeWord(arguments));
     if (arguments.empty()) {
-        throw BadInput::expected("a text behind the note (\"\" for none)", "nothing");
+        throw song::BadInput::expectedFound("a text behind the note (\"\" for none)", "nothing");
     }
     const auto lyric = lyricFrom(arguments);
-    checkText(lyric);
+    song::checkText(lyric);
     editor_.type(song_.note(track_, index), lyric);
     ++edits_;
 }
 
 void Session::add(Arguments arguments) {
-    SongNote note;
+    song::SongNote note;
     note.start = time(takeWord(arguments), "a start");
     note.length = time(takeWord(arguments), "a length");
     const auto pitchText = takeWord(arguments);
-    const auto pitch = parsePitch(pitchText);
+    const auto pitch = song::parsePitch(pitchText);
     if (!pitch) {
-        throw BadInput::expected("a pitch such as C4, F#3 or 60", quoted(pitchText));
+        throw song::BadInput::expectedFound("a pitch such as C4, F#3 or 60", quoted(pitchText));
     }
     note.pitch = *pitch;
     note.lyric = lyricFrom(arguments);
-    checkNote(note);
+    song::checkNote(note);
     std::size_t index = 0;
     while (index < song_.countNotes(track_) && song_.songNote(track_, index).start < note.start) {
         ++index;
     }
     expectFree(index, note);
     const auto event = makeNote(editor_.state(), note);
-    std::vector<Change> changes = {insertion(song_.part(track_), index, event)};
+    std::vector<simulator::Change> changes = {
+        simulator::insertion(song_.part(track_), index, event)};
     if (!note.lyric.empty()) {
-        changes.push_back(typingChange(*event, note.lyric));
+        changes.push_back(simulator::typingChange(*event, note.lyric));
     }
     editor_.edit(std::move(changes));
     ++edits_;
 }
 
-void Session::expectFree(std::size_t index, const SongNote& note) const {
+void Session::expectFree(std::size_t index, const song::SongNote& note) const {
     const auto refuse = [](std::size_t other) {
-        throw BadInput::expected("a time at which no other note sounds",
-                                 "one at which note " + std::to_string(other + 1) + " does");
+        throw song::BadInput::expectedFound("a time at which no other note sounds",
+                                            "one at which note " + std::to_string(other + 1) +
+                                                " does");
     };
     if (index > 0 && overlap(song_.songNote(track_, index - 1), note)) {
         refuse(index - 1);
@@ -226,7 +230,7 @@ void Session::remove(Arguments arguments) {
 void Session::undo(Arguments arguments) {
     expectNothing(arguments);
     if (edits_ == 0) {
-        throw BadInput::expected("an edit to take back", "none");
+        throw song::BadInput::expectedFound("an edit to take back", "none");
     }
     editor_.undo();
     --edits_;
@@ -235,7 +239,7 @@ void Session::undo(Arguments arguments) {
 void Session::redo(Arguments arguments) {
     expectNothing(arguments);
     if (!editor_.redo()) {
-        throw BadInput::expected("an undone edit to do again", "none");
+        throw song::BadInput::expectedFound("an undone edit to do again", "none");
     }
     ++edits_;
 }
@@ -247,12 +251,13 @@ void Session::notify(Arguments arguments) {
 
 void Session::save(Arguments arguments) {
     if (arguments.empty()) {
-        throw BadInput::expected("the name of a file", "nothing");
+        throw song::BadInput::expectedFound("the name of a file", "nothing");
     }
     const auto path = std::filesystem::u8path(std::string(arguments));
-    expectOtherFile(path, file_);
-    const auto text = endingOf(path) == ".svg" ? picture() : songFileText(path, song_.song());
-    writeFile(path, text);
+    song::expectOtherFile(path, file_);
+    const auto text =
+        song::endingOf(path) == ".svg" ? picture() : song::songFileText(path, song_.song());
+    song::writeFile(path, text);
     out_ << "wrote " << arguments << "\n";
 }
 
@@ -265,7 +270,7 @@ void Session::history(Arguments arguments) {
 
 void Session::help(Arguments arguments) {
     expectNothing(arguments);
-    TextTable table({"command", "what it does"});
+    terminal::TextTable table({"command", "what it does"});
     for (const auto& command : kCommands) {
         table.add({std::string(command.name) + " " + std::string(command.arguments),
                    std::string(command.help)});
@@ -283,4 +288,4 @@ std::size_t Session::noteIndex(std::string_view number) const {
     return indexFrom(number, song_.countNotes(track_), "a note");
 }
 
-} // namespace wybeta::simulator
+} // namespace wybeta::wysim::session

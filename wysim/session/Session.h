@@ -12,14 +12,15 @@
 #include <string_view>
 #include <vector>
 
-namespace wybeta::simulator {
+namespace wybeta::wysim::session {
 
 // A person's work on one song, command by command. Each command answers with what has changed.
 class Session {
 public:
     // Opens the song, which was read from the file, in the editor. The editor and the stream have
     // to outlive this.
-    Session(Editor& editor, const Song& song, std::filesystem::path file, std::ostream& out);
+    Session(simulator::Editor& editor, const song::Song& song, std::filesystem::path file,
+            std::ostream& out);
 
     // Runs one line; an empty one and one that begins with '#' do nothing. A mistake throws
     // BadInput, and then nothing has changed.
@@ -57,13 +58,13 @@ private:
     void quit(Arguments arguments);
 
     // Throws BadInput unless the note fits before the note at the index.
-    void expectFree(std::size_t index, const SongNote& note) const;
+    void expectFree(std::size_t index, const song::SongNote& note) const;
     std::size_t noteIndex(std::string_view number) const;
 
-    Editor& editor_;
-    Song opened_;
+    simulator::Editor& editor_;
+    song::Song opened_;
     std::filesystem::path file_;
-    OpenSong song_;
+    SongInEditor song_;
     std::ostream& out_;
     std::size_t track_ = 0; // that commands are about
     std::vector<std::string> history_;
@@ -71,4 +72,4 @@ private:
     bool isOver_ = false;
 };
 
-} // namespace wybeta::simulator
+} // namespace wybeta::wysim::session

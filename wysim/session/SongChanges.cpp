@@ -3,7 +3,7 @@
 
 #include <unordered_map>
 
-namespace wybeta::simulator {
+namespace wybeta::wysim::session {
 
 namespace {
 
@@ -13,7 +13,7 @@ std::string quoted(const std::string& lyric) {
 
 template <class Places>
 auto byEvent(const Places& places) {
-    std::unordered_map<const Event*, const typename Places::value_type*> index;
+    std::unordered_map<const simulator::Event*, const typename Places::value_type*> index;
     for (const auto& place : places) {
         index.emplace(place.event.get(), &place);
     }
@@ -22,7 +22,7 @@ auto byEvent(const Places& places) {
 
 } // namespace
 
-SongChanges::SongChanges(const OpenSong& song) : song_(song), before_(placesNow()) {}
+SongChanges::SongChanges(const SongInEditor& song) : song_(song), before_(placesNow()) {}
 
 std::vector<std::string> SongChanges::lines() const {
     const auto now = placesNow();
@@ -50,8 +50,9 @@ SongChanges::Places SongChanges::placesNow() const {
     Places places;
     for (std::size_t track = 0; track < song_.countTracks(); ++track) {
         for (std::size_t index = 0; index < song_.countNotes(track); ++index) {
-            Event& event = song_.note(track, index);
-            places.push_back({Handle<Event>(&event), track, index, event.lyric()});
+            simulator::Event& event = song_.note(track, index);
+            places.push_back(
+                {simulator::Handle<simulator::Event>(&event), track, index, event.lyric()});
         }
     }
     return places;
@@ -63,4 +64,4 @@ std::string SongChanges::nameOf(const Place& place) const {
                                     : "track " + std::to_string(place.track + 1) + ", " + note;
 }
 
-} // namespace wybeta::simulator
+} // namespace wybeta::wysim::session

@@ -9,20 +9,20 @@
 #include <string>
 #include <vector>
 
-namespace wybeta::simulator {
+namespace wybeta::wysim::session {
 
 // Finds out what a command did to the notes of a song.
 class SongChanges {
 public:
     // Remembers the notes as they are now. The song has to outlive this.
-    explicit SongChanges(const OpenSong& song);
+    explicit SongChanges(const SongInEditor& song);
 
     // A line for each note that has changed, come or gone since.
     std::vector<std::string> lines() const;
 
 private:
     struct Place {
-        Handle<Event> event;
+        simulator::Handle<simulator::Event> event;
         std::size_t track;
         std::size_t index;
         std::string lyric;
@@ -32,8 +32,8 @@ private:
     Places placesNow() const;
     std::string nameOf(const Place& place) const;
 
-    const OpenSong& song_;
+    const SongInEditor& song_;
     Places before_;
 };
 
-} // namespace wybeta::simulator
+} // namespace wybeta::wysim::session

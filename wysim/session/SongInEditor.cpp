@@ -5,17 +5,18 @@
 
 #include <utility>
 
-namespace wybeta::simulator {
+namespace wybeta::wysim::session {
 
 namespace {
 
-Handle<Part> makePart(const SharedState& state, const SongTrack& track,
-                      std::vector<Change>& typing) {
-    auto part = make<Part>(state);
+simulator::Handle<simulator::Part> makePart(const simulator::SharedState& state,
+                                            const song::SongTrack& track,
+                                            std::vector<simulator::Change>& typing) {
+    auto part = simulator::makeHandle<simulator::Part>(state);
     for (const auto& note : track.notes) {
         const auto event = makeNote(state, note);
         if (note.typed) {
-            typing.push_back(typingChange(*event, note.lyric));
+            typing.push_back(simulator::typingChange(*event, note.lyric));
         } else {
             event->setLyric(note.lyric);
         }
@@ -26,23 +27,24 @@ Handle<Part> makePart(const SharedState& state, const SongTrack& track,
 
 } // namespace
 
-Handle<Event> makeNote(const SharedState& state, const SongNote& note) {
-    auto event = make<Event>(state);
+simulator::Handle<simulator::Event> makeNote(const simulator::SharedState& state,
+                                             const song::SongNote& note) {
+    auto event = simulator::makeHandle<simulator::Event>(state);
     event->startInPart = note.start;
     event->duration = note.length;
-    event->number = note.pitch;
+    event->pitch = note.pitch;
     return event;
 }
 
-OpenSong::OpenSong(Editor& editor, const Song& song) {
+SongInEditor::SongInEditor(simulator::Editor& editor, const song::Song& song) {
     frame_.title = song.title;
     frame_.time = song.time;
     frame_.pickup = song.pickup;
-    std::vector<Change> typing;
+    std::vector<simulator::Change> typing;
     for (const auto& songTrack : song.tracks) {
         frame_.tracks.push_back({songTrack.name, {}});
         parts_.push_back(makePart(editor.state(), songTrack, typing));
-        const auto track = makeVoiceTrack(editor.state());
+        const auto track = simulator::makeVoiceTrack(editor.state());
         track->add(parts_.back());
         editor.project().add(track);
     }
@@ -53,17 +55,17 @@ OpenSong::OpenSong(Editor& editor, const Song& song) {
     }
 }
 
-Event& OpenSong::note(std::size_t track, std::size_t index) const {
-    return dynamic_cast<Event&>(*parts_[track]->items().at(index));
+simulator::Event& SongInEditor::note(std::size_t track, std::size_t index) const {
+    return dynamic_cast<simulator::Event&>(*parts_[track]->items().at(index));
 }
 
-SongNote OpenSong::songNote(std::size_t track, std::size_t index) const {
+song::SongNote SongInEditor::songNote(std::size_t track, std::size_t index) const {
     const auto& event = note(track, index);
-    return {event.startInPart, event.duration, event.number, event.lyric(), event.flagged};
+    return {event.startInPart, event.duration, event.pitch, event.lyric(), event.flagged};
 }
 
-Song OpenSong::song() const {
-    Song song = frame_;
+song::Song SongInEditor::song() const {
+    song::Song song = frame_;
     for (std::size_t track = 0; track < countTracks(); ++track) {
         for (std::size_t index = 0; index < countNotes(track); ++index) {
             song.tracks[track].notes.push_back(songNote(track, index));
@@ -72,4 +74,4 @@ Song OpenSong::song() const {
     return song;
 }
 
-} // namespace wybeta::simulator
+} // namespace wybeta::wysim::session

@@ -11,31 +11,32 @@
 #include <string>
 #include <vector>
 
-namespace wybeta::simulator {
+namespace wybeta::wysim::session {
 
 // A song in the editor: each track a voice track with one part.
-class OpenSong {
+class SongInEditor {
 public:
     // Puts the notes into the editor, and then types all words in one edit. The editor has to
     // outlive this.
-    OpenSong(Editor& editor, const Song& song);
+    SongInEditor(simulator::Editor& editor, const song::Song& song);
 
     std::size_t countTracks() const { return parts_.size(); }
     const std::string& trackName(std::size_t track) const { return frame_.tracks[track].name; }
-    Part& part(std::size_t track) const { return *parts_[track]; }
-    Event& note(std::size_t track, std::size_t index) const;
+    simulator::Part& part(std::size_t track) const { return *parts_[track]; }
+    simulator::Event& note(std::size_t track, std::size_t index) const;
     std::size_t countNotes(std::size_t track) const { return parts_[track]->items().size(); }
 
     // The song as its notes are now.
-    Song song() const;
-    SongNote songNote(std::size_t track, std::size_t index) const;
+    song::Song song() const;
+    song::SongNote songNote(std::size_t track, std::size_t index) const;
 
 private:
-    Song frame_; // without the notes
-    std::vector<Handle<Part>> parts_;
+    song::Song frame_; // without the notes
+    std::vector<simulator::Handle<simulator::Part>> parts_;
 };
 
 // A note for the editor, without its lyric.
-Handle<Event> makeNote(const SharedState& state, const SongNote& note);
+simulator::Handle<simulator::Event> makeNote(const simulator::SharedState& state,
+                                             const song::SongNote& note);
 
-} // namespace wybeta::simulator
+} // namespace wybeta::wysim::session

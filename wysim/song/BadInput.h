@@ -4,7 +4,7 @@
 #include <stdexcept>
 #include <string>
 
-namespace wybeta::simulator {
+namespace wybeta::wysim::song {
 
 // What a user gave cannot be used. The text is one sentence that says what was expected, what was
 // found and where, without a full stop.
@@ -12,9 +12,9 @@ class BadInput : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
 
-    static BadInput expected(const std::string& what, const std::string& found) {
+    static BadInput expectedFound(const std::string& what, const std::string& found) {
         return BadInput("expected " + what + ", found " + found);
     }
 };
 
-} // namespace wybeta::simulator
+} // namespace wybeta::wysim::song

@@ -9,7 +9,7 @@
 #include <cstddef>
 #include <limits>
 
-namespace wybeta::simulator {
+namespace wybeta::wysim::song {
 
 namespace {
 
@@ -29,21 +29,21 @@ json parse(const std::string& bytes) {
     try {
         return json::parse(bytes);
     } catch (const json::parse_error& error) {
-        throw BadInput::expected("well-formed JSON", "an error " + placeOf(bytes, error.byte));
+        throw BadInput::expectedFound("well-formed JSON", "an error " + placeOf(bytes, error.byte));
     } catch (const json::out_of_range&) {
-        throw BadInput::expected("numbers that a song can hold", "one that is too large");
+        throw BadInput::expectedFound("numbers that a song can hold", "one that is too large");
     }
 }
 
 const json& member(const json& object, const char* name, bool (json::*isRight)() const noexcept,
                    const char* kind) {
     if (!object.is_object()) {
-        throw BadInput::expected("an object", object.type_name());
+        throw BadInput::expectedFound("an object", object.type_name());
     }
     const auto found = object.find(name);
     if (found == object.end() || !((*found).*isRight)()) {
-        throw BadInput::expected(kind + std::string(" as '") + name + "'",
-                                 found == object.end() ? "none" : found->type_name());
+        throw BadInput::expectedFound(kind + std::string(" as '") + name + "'",
+                                      found == object.end() ? "none" : found->type_name());
     }
     return *found;
 }
@@ -100,7 +100,8 @@ SongTrack readTrack(const json& object) {
 
 Song readSong(const json& object) {
     if (const auto format = text(object, "format"); format != kFormat) {
-        throw BadInput::expected(std::string("the format '") + kFormat + "'", "'" + format + "'");
+        throw BadInput::expectedFound(std::string("the format '") + kFormat + "'",
+                                      "'" + format + "'");
     }
     Song song;
     song.title = text(object, "title");
@@ -156,4 +157,4 @@ Song songFromJson(const std::string& bytes) {
     return readSong(parse(bytes));
 }
 
-} // namespace wybeta::simulator
+} // namespace wybeta::wysim::song

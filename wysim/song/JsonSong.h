@@ -5,7 +5,7 @@
 
 #include <string>
 
-namespace wybeta::simulator {
+namespace wybeta::wysim::song {
 
 // The simulator's own project file. What is written is read again as the same song.
 std::string jsonFromSong(const Song& song);
@@ -13,4 +13,4 @@ std::string jsonFromSong(const Song& song);
 // Throws BadInput, saying where.
 Song songFromJson(const std::string& bytes);
 
-} // namespace wybeta::simulator
+} // namespace wybeta::wysim::song

@@ -18,7 +18,7 @@
 #include <string_view>
 #include <utility>
 
-namespace wybeta::simulator {
+namespace wybeta::wysim::song {
 
 namespace {
 
@@ -112,8 +112,8 @@ private:
         if (const auto divisions = attributes.child("divisions")) {
             divisions_ = number(divisions);
             if (divisions_ <= 0) {
-                throw BadInput::expected("divisions above 0",
-                                         textOf(divisions) + document_.place(divisions));
+                throw BadInput::expectedFound("divisions above 0",
+                                              textOf(divisions) + document_.place(divisions));
             }
         }
         const auto time = attributes.child("time");
@@ -181,7 +181,7 @@ private:
         const auto natural = parsePitch(step + octave);
         const auto alter = pitch.child("alter") ? number(pitch.child("alter")) : 0;
         if (step.size() != 1 || !natural || std::abs(alter) > kHighestPitch) {
-            throw BadInput::expected("a note with a pitch", "none" + document_.place(element));
+            throw BadInput::expectedFound("a note with a pitch", "none" + document_.place(element));
         }
         return *natural + static_cast<int>(std::lround(alter));
     }
@@ -197,8 +197,8 @@ private:
     void move(xml_node element, double by) {
         constexpr double kNearly = 1e-6;
         if (now_ + by < start_ - kNearly || now_ + by > kLongestSong) {
-            throw BadInput::expected("a time within the measure and the song",
-                                     "one beyond" + document_.place(element));
+            throw BadInput::expectedFound("a time within the measure and the song",
+                                          "one beyond" + document_.place(element));
         }
         now_ = std::max(now_ + by, start_);
     }
@@ -206,8 +206,8 @@ private:
     double quarters(xml_node element) const {
         const double duration = number(element.child("duration"), element);
         if (duration < 0) {
-            throw BadInput::expected("a duration of 0 or more",
-                                     formatNumber(duration) + document_.place(element));
+            throw BadInput::expectedFound("a duration of 0 or more",
+                                          formatNumber(duration) + document_.place(element));
         }
         return duration / divisions_;
     }
@@ -216,9 +216,9 @@ private:
     double number(xml_node element, xml_node near) const {
         const auto value = parseNumber(textOf(element));
         if (!value) {
-            throw BadInput::expected(element ? std::string("a number as ") + element.name()
-                                             : std::string("a duration"),
-                                     "'" + textOf(element) + "'" + document_.place(near));
+            throw BadInput::expectedFound(element ? std::string("a number as ") + element.name()
+                                                  : std::string("a duration"),
+                                          "'" + textOf(element) + "'" + document_.place(near));
         }
         return *value;
     }
@@ -240,14 +240,14 @@ private:
 
 class ScoreReader {
 public:
-    ScoreReader(const XmlDocument& document, int verse, Progress& progress)
+    ScoreReader(const XmlDocument& document, int verse, terminal::Progress& progress)
         : document_(document), verse_(verse), progress_(progress) {}
 
     Song read() {
         const auto score = document_.root();
         if (std::string_view(score.name()) != "score-partwise") {
-            throw BadInput::expected("a MusicXML score of the kind 'score-partwise'",
-                                     "'" + std::string(score.name()) + "'");
+            throw BadInput::expectedFound("a MusicXML score of the kind 'score-partwise'",
+                                          "'" + std::string(score.name()) + "'");
         }
         song_.title = titleOf(score);
         progress_.start("reading", countMeasures(score));
@@ -256,7 +256,8 @@ public:
         }
         progress_.finish();
         if (hasNotes_ && song_.tracks.empty()) {
-            throw BadInput::expected("words in verse " + std::to_string(verse_), foundVerses());
+            throw BadInput::expectedFound("words in verse " + std::to_string(verse_),
+                                          foundVerses());
         }
         checkSong(song_);
         return std::move(song_);
@@ -331,7 +332,7 @@ private:
 
     const XmlDocument& document_;
     int verse_;
-    Progress& progress_;
+    terminal::Progress& progress_;
     Song song_;
     bool hasNotes_ = false;
     std::set<int> verses_;
@@ -339,9 +340,9 @@ private:
 
 } // namespace
 
-Song songFromMusicXml(const std::string& bytes, int verse, Progress& progress) {
+Song songFromMusicXml(const std::string& bytes, int verse, terminal::Progress& progress) {
     const XmlDocument document(bytes);
     return ScoreReader(document, verse, progress).read();
 }
 
-} // namespace wybeta::simulator
+} // namespace wybeta::wysim::song

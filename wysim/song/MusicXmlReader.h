@@ -6,10 +6,10 @@
 
 #include <string>
 
-namespace wybeta::simulator {
+namespace wybeta::wysim::song {
 
 // Reads a score in MusicXML ("score-partwise"). Each voice that has words in the verse becomes a
 // track; repeats are sung once. Throws BadInput, saying where.
-Song songFromMusicXml(const std::string& bytes, int verse, Progress& progress);
+Song songFromMusicXml(const std::string& bytes, int verse, terminal::Progress& progress);
 
-} // namespace wybeta::simulator
+} // namespace wybeta::wysim::song

@@ -15,7 +15,7 @@
 #include <string_view>
 #include <vector>
 
-namespace wybeta::simulator {
+namespace wybeta::wysim::song {
 
 namespace {
 
@@ -235,4 +235,4 @@ std::string musicXmlFromSong(const Song& song) {
     return text.str();
 }
 
-} // namespace wybeta::simulator
+} // namespace wybeta::wysim::song

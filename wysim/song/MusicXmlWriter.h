@@ -5,7 +5,7 @@
 
 #include <string>
 
-namespace wybeta::simulator {
+namespace wybeta::wysim::song {
 
 // What a score names as the software that wrote it.
 constexpr auto kSoftware = "wysim";
@@ -14,4 +14,4 @@ constexpr auto kSoftware = "wysim";
 // word whose syllables are the texts of its notes.
 std::string musicXmlFromSong(const Song& song);
 
-} // namespace wybeta::simulator
+} // namespace wybeta::wysim::song

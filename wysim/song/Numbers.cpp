@@ -10,7 +10,7 @@
 #include <sstream>
 #include <system_error>
 
-namespace wybeta::simulator {
+namespace wybeta::wysim::song {
 
 namespace {
 
@@ -94,4 +94,4 @@ std::optional<int> parsePitch(std::string_view text) {
     return (*octave + 1) * 12 + step + alter;
 }
 
-} // namespace wybeta::simulator
+} // namespace wybeta::wysim::song

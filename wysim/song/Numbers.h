@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-namespace wybeta::simulator {
+namespace wybeta::wysim::song {
 
 // The same in every locale: a point for the fraction, and no more digits than needed.
 std::string formatNumber(double value);
@@ -20,4 +20,4 @@ std::string formatPitch(int pitch);
 // Reads "C4", "c#4", "Bb3" or a number of semitones.
 std::optional<int> parsePitch(std::string_view text);
 
-} // namespace wybeta::simulator
+} // namespace wybeta::wysim::song

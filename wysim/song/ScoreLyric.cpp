@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <iterator>
 
-namespace wybeta::simulator {
+namespace wybeta::wysim::song {
 
 namespace {
 
@@ -78,4 +78,4 @@ std::string withSyllable(std::string word, std::string_view syllable) {
     return word.append(syllable);
 }
 
-} // namespace wybeta::simulator
+} // namespace wybeta::wysim::song

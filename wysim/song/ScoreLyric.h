@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace wybeta::simulator {
+namespace wybeta::wysim::song {
 
 // What a score writes under one note.
 struct ScoreSyllable {
@@ -29,4 +29,4 @@ bool continuesDivision(std::string_view word, std::string_view text);
 // "さくら[s a,k u]" divides as it was.
 std::string withSyllable(std::string word, std::string_view syllable);
 
-} // namespace wybeta::simulator
+} // namespace wybeta::wysim::song

@@ -6,7 +6,7 @@
 #include <cstddef>
 #include <utility>
 
-namespace wybeta::simulator {
+namespace wybeta::wysim::song {
 
 namespace {
 
@@ -102,4 +102,4 @@ void ScoreVoice::typeWords() {
     }
 }
 
-} // namespace wybeta::simulator
+} // namespace wybeta::wysim::song

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-namespace wybeta::simulator {
+namespace wybeta::wysim::song {
 
 // A note as it is written in a score.
 struct ScoreNote {
@@ -34,4 +34,4 @@ private:
     std::vector<ScoreNote> notes_; // in the order of the score until they are taken
 };
 
-} // namespace wybeta::simulator
+} // namespace wybeta::wysim::song

@@ -9,13 +9,13 @@
 #include <algorithm>
 #include <cmath>
 
-namespace wybeta::simulator {
+namespace wybeta::wysim::song {
 
 namespace {
 
 // Times are sums of fractions of a quarter note: what is nearly equal is meant to be equal.
 constexpr double kNearly = 1e-6;
-constexpr int kMostBeats = 256;
+constexpr int kMaxBeats = 256;
 constexpr int kShortestBeatType = 256;
 constexpr double kShortestMeasure = 0.5;
 
@@ -62,35 +62,36 @@ void checkText(std::string_view text) {
         isText = isTextCharacter(utf8::next(next, text.end()));
     }
     if (!isText) {
-        throw BadInput::expected("a text of one line in UTF-8",
-                                 "control characters or other bytes");
+        throw BadInput::expectedFound("a text of one line in UTF-8",
+                                      "control characters or other bytes");
     }
 }
 
 void checkNote(const SongNote& note) {
     if (!isIn(note.start, 0, kLongestSong)) {
-        throw BadInput::expected("a start from 0 to 1000000 quarter notes",
-                                 formatNumber(note.start));
+        throw BadInput::expectedFound("a start from 0 to 1000000 quarter notes",
+                                      formatNumber(note.start));
     }
     if (!isIn(note.length, 0, kLongestSong) || note.length == 0) {
-        throw BadInput::expected("a length above 0 and up to 1000000 quarter notes",
-                                 formatNumber(note.length));
+        throw BadInput::expectedFound("a length above 0 and up to 1000000 quarter notes",
+                                      formatNumber(note.length));
     }
     if (note.pitch < 0 || note.pitch > kHighestPitch) {
-        throw BadInput::expected("a pitch from 0 to 127", std::to_string(note.pitch));
+        throw BadInput::expectedFound("a pitch from 0 to 127", std::to_string(note.pitch));
     }
     checkText(note.lyric);
 }
 
 void checkTime(const Song& song) {
     const auto& time = song.time;
-    if (time.beats < 1 || time.beats > kMostBeats || !isPowerOfTwo(time.beatType) ||
+    if (time.beats < 1 || time.beats > kMaxBeats || !isPowerOfTwo(time.beatType) ||
         time.beatType > kShortestBeatType || time.measureLength() < kShortestMeasure) {
-        throw BadInput::expected("a time signature such as 4/4",
-                                 std::to_string(time.beats) + "/" + std::to_string(time.beatType));
+        throw BadInput::expectedFound("a time signature such as 4/4",
+                                      std::to_string(time.beats) + "/" +
+                                          std::to_string(time.beatType));
     }
     if (!(song.pickup >= 0 && song.pickup < time.measureLength())) {
-        throw BadInput::expected("a pickup shorter than a measure", formatNumber(song.pickup));
+        throw BadInput::expectedFound("a pickup shorter than a measure", formatNumber(song.pickup));
     }
 }
 
@@ -100,7 +101,7 @@ bool overlap(const SongNote& first, const SongNote& second) {
 
 void checkSong(const Song& song) {
     if (countNotes(song) == 0) {
-        throw BadInput::expected("a song with notes", "none");
+        throw BadInput::expectedFound("a song with notes", "none");
     }
     checkTime(song);
     checkText(song.title);
@@ -108,12 +109,13 @@ void checkSong(const Song& song) {
         checkText(name);
         for (std::size_t i = 1; i < notes.size(); ++i) {
             if (overlap(notes[i - 1], notes[i])) {
-                throw BadInput::expected("the notes of track '" + name + "' one after the other",
-                                         "note " + std::to_string(i + 1) + " begin before note " +
-                                             std::to_string(i) + " ends");
+                throw BadInput::expectedFound(
+                    "the notes of track '" + name + "' one after the other",
+                    "note " + std::to_string(i + 1) + " begin before note " + std::to_string(i) +
+                        " ends");
             }
         }
     }
 }
 
-} // namespace wybeta::simulator
+} // namespace wybeta::wysim::song

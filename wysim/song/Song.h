@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-namespace wybeta::simulator {
+namespace wybeta::wysim::song {
 
 // Times are counted in quarter notes from the start of the song.
 struct SongNote {
@@ -61,4 +61,4 @@ bool overlap(const SongNote& first, const SongNote& second);
 // signature, a title and names that a song can hold. The notes by themselves are left to checkNote.
 void checkSong(const Song& song);
 
-} // namespace wybeta::simulator
+} // namespace wybeta::wysim::song

@@ -14,7 +14,7 @@
 #include <new>
 #include <system_error>
 
-namespace wybeta::simulator {
+namespace wybeta::wysim::song {
 
 namespace {
 
@@ -23,21 +23,21 @@ namespace fs = std::filesystem;
 std::string readBytes(const fs::path& path) {
     std::error_code error;
     if (fs::is_directory(path, error)) {
-        throw BadInput::expected("a file", "a folder");
+        throw BadInput::expectedFound("a file", "a folder");
     }
     std::ifstream file(path, std::ios::binary | std::ios::ate);
     if (!file) {
-        throw BadInput::expected("a file that can be read", "none");
+        throw BadInput::expectedFound("a file that can be read", "none");
     }
     const auto size = static_cast<std::streamoff>(file.tellg());
     if (size < 0 || static_cast<std::uintmax_t>(size) > kLargestSongFile) {
-        throw BadInput::expected("a file of at most 256 MiB",
-                                 size < 0 ? "no size" : std::to_string(size) + " bytes");
+        throw BadInput::expectedFound("a file of at most 256 MiB",
+                                      size < 0 ? "no size" : std::to_string(size) + " bytes");
     }
     std::string bytes(static_cast<std::size_t>(size), '\0');
     file.seekg(0);
     if (!file.read(bytes.data(), size)) {
-        throw BadInput::expected("a file that can be read", "an error while reading it");
+        throw BadInput::expectedFound("a file that can be read", "an error while reading it");
     }
     return bytes;
 }
@@ -60,7 +60,7 @@ std::string quoted(const std::string& ending) {
     return ending.empty() ? "no ending" : "'" + ending + "'";
 }
 
-Song readByEnding(const fs::path& path, int verse, Progress& progress) {
+Song readByEnding(const fs::path& path, int verse, terminal::Progress& progress) {
     const auto ending = endingOf(path);
     if (ending == ".json") {
         return songFromJson(readBytes(path));
@@ -71,7 +71,8 @@ Song readByEnding(const fs::path& path, int verse, Progress& progress) {
     if (isMusicXml(ending)) {
         return songFromMusicXml(readBytes(path), verse, progress);
     }
-    throw BadInput::expected("a name that ends in .musicxml, .xml, .mxl or .json", quoted(ending));
+    throw BadInput::expectedFound("a name that ends in .musicxml, .xml, .mxl or .json",
+                                  quoted(ending));
 }
 
 // The file that a symbolic link leads to; any other path as it is.
@@ -102,7 +103,7 @@ std::string endingOf(const fs::path& path) {
     return ending;
 }
 
-Song readSongFile(const fs::path& path, int verse, Progress& progress) {
+Song readSongFile(const fs::path& path, int verse, terminal::Progress& progress) {
     try {
         return readByEnding(path, verse, progress);
     } catch (const BadInput& error) {
@@ -121,14 +122,15 @@ std::string songFileText(const fs::path& path, const Song& song) {
     if (isMusicXml(ending)) {
         return musicXmlFromSong(song);
     }
-    throw BadInput::expected("a name that ends in .json, .musicxml, .xml or .svg", quoted(ending));
+    throw BadInput::expectedFound("a name that ends in .json, .musicxml, .xml or .svg",
+                                  quoted(ending));
 }
 
 void expectOtherFile(const fs::path& path, const fs::path& song) {
     std::error_code ignored;
     if (fs::equivalent(path, song, ignored)) {
-        throw BadInput::expected("another file to write than the song that was opened",
-                                 path.u8string());
+        throw BadInput::expectedFound("another file to write than the song that was opened",
+                                      path.u8string());
     }
 }
 
@@ -149,8 +151,8 @@ void writeFile(const fs::path& path, std::string_view text) {
     if (error) {
         std::error_code ignored;
         fs::remove(draft, ignored);
-        throw BadInput::expected("to write " + path.u8string(), "that it cannot be written");
+        throw BadInput::expectedFound("to write " + path.u8string(), "that it cannot be written");
     }
 }
 
-} // namespace wybeta::simulator
+} // namespace wybeta::wysim::song

@@ -9,14 +9,14 @@
 #include <string>
 #include <string_view>
 
-namespace wybeta::simulator {
+namespace wybeta::wysim::song {
 
 constexpr std::size_t kLargestSongFile = std::size_t{256} * 1024 * 1024;
 
 // Reads a song by the ending of the file's name: .musicxml or .xml, .mxl (compressed), .json. The
 // verse matters to scores only. Throws BadInput, naming the file; it is larger than allowed also
 // when its unpacked score is.
-Song readSongFile(const std::filesystem::path& path, int verse, Progress& progress);
+Song readSongFile(const std::filesystem::path& path, int verse, terminal::Progress& progress);
 
 // What is written to a file of that name: JSON for .json, MusicXML for .musicxml and .xml. Throws
 // BadInput for any other ending.
@@ -32,4 +32,4 @@ void writeFile(const std::filesystem::path& path, std::string_view text);
 // The ending of a file's name in small letters, such as ".json".
 std::string endingOf(const std::filesystem::path& path);
 
-} // namespace wybeta::simulator
+} // namespace wybeta::wysim::song

@@ -15,7 +15,7 @@
 #include <utility>
 #include <vector>
 
-namespace wybeta::simulator {
+namespace wybeta::wysim::song {
 
 namespace {
 
@@ -132,7 +132,7 @@ std::string XmlDocument::placeAt(std::ptrdiff_t offset) const {
 }
 
 void XmlDocument::refuse(const std::string& found, std::ptrdiff_t offset) const {
-    throw BadInput::expected("well-formed XML", found + placeAt(offset));
+    throw BadInput::expectedFound("well-formed XML", found + placeAt(offset));
 }
 
 void XmlDocument::checkBytes() const {
@@ -262,4 +262,4 @@ std::string XmlDocument::decoded(const char* text, pugi::xml_node node) const {
     return result.append(rest);
 }
 
-} // namespace wybeta::simulator
+} // namespace wybeta::wysim::song

@@ -6,7 +6,7 @@
 #include <cstddef>
 #include <string>
 
-namespace wybeta::simulator {
+namespace wybeta::wysim::song {
 
 // An XML document that has been found well-formed in all that matters to reading it: one root,
 // matching tags, no attribute twice, no unknown entities, and only characters that XML allows.
@@ -37,4 +37,4 @@ private:
     pugi::xml_document document_;
 };
 
-} // namespace wybeta::simulator
+} // namespace wybeta::wysim::song

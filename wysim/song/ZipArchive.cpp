@@ -7,13 +7,13 @@
 
 #include <algorithm>
 
-namespace wybeta::simulator {
+namespace wybeta::wysim::song {
 
 namespace {
 
 constexpr std::uint32_t kStored = 0;
 constexpr std::uint32_t kDeflated = 8;
-constexpr std::size_t kMostPacked = 1032; // bytes in one deflated byte
+constexpr std::size_t kMaxPacked = 1032; // bytes in one deflated byte
 constexpr std::size_t kEndSize = 22;
 
 // Reads a record of little-endian fields in order, and never beyond the end.
@@ -23,7 +23,7 @@ public:
 
     std::string_view take(std::size_t size) {
         if (offset_ > bytes_.size() || size > bytes_.size() - offset_) {
-            throw BadInput::expected("a complete zip file", "its end too early");
+            throw BadInput::expectedFound("a complete zip file", "its end too early");
         }
         const auto taken = bytes_.substr(offset_, size);
         offset_ += size;
@@ -43,7 +43,7 @@ public:
     void skip(std::size_t size) { take(size); }
     void expectSignature(std::string_view signature) {
         if (take(signature.size()) != signature) {
-            throw BadInput::expected("a zip file", "a record that does not belong there");
+            throw BadInput::expectedFound("a zip file", "a record that does not belong there");
         }
     }
 
@@ -58,14 +58,14 @@ Record findEndRecord(std::string_view bytes) {
     const auto offset = bytes.size() < kEndSize ? std::string_view::npos
                                                 : bytes.rfind(kSignature, bytes.size() - kEndSize);
     if (offset == std::string_view::npos) {
-        throw BadInput::expected("a zip file", "none, or one that is cut short");
+        throw BadInput::expectedFound("a zip file", "none, or one that is cut short");
     }
     return Record(bytes, offset + kSignature.size());
 }
 
 [[noreturn]] void refuseDamaged(std::string_view name) {
-    throw BadInput::expected("'" + std::string(name) + "' undamaged in the zip file",
-                             "other contents than its header states");
+    throw BadInput::expectedFound("'" + std::string(name) + "' undamaged in the zip file",
+                                  "other contents than its header states");
 }
 
 // Ends zlib's work whatever happens.
@@ -110,7 +110,7 @@ ZipArchive::ZipArchive(std::string_view bytes) : bytes_(bytes) {
     const bool isOnePiece = end.two() == 0 && end.two() == 0;
     const auto count = end.two();
     if (!isOnePiece || end.two() != count) {
-        throw BadInput::expected("a zip file in one piece", "one of several");
+        throw BadInput::expectedFound("a zip file in one piece", "one of several");
     }
     end.skip(4); // the size of the directory, which its entries tell as well
     Record directory(bytes, end.four());
@@ -158,22 +158,24 @@ std::string_view ZipArchive::packedBytes(const Entry& entry) const {
 std::string ZipArchive::unpack(std::string_view name, std::size_t limit) const {
     const auto* const entry = find(name);
     if (entry == nullptr) {
-        throw BadInput::expected("'" + std::string(name) + "' in the zip file", "no such file");
+        throw BadInput::expectedFound("'" + std::string(name) + "' in the zip file",
+                                      "no such file");
     }
     if (entry->isEncrypted || (entry->method != kStored && entry->method != kDeflated)) {
-        throw BadInput::expected("'" + std::string(name) + "' stored or deflated in the zip file",
-                                 "it encrypted or packed otherwise");
+        throw BadInput::expectedFound("'" + std::string(name) +
+                                          "' stored or deflated in the zip file",
+                                      "it encrypted or packed otherwise");
     }
     if (entry->size > limit) {
-        throw BadInput::expected("at most " + std::to_string(limit) + " bytes in '" +
-                                     std::string(name) + "'",
-                                 std::to_string(entry->size));
+        throw BadInput::expectedFound("at most " + std::to_string(limit) + " bytes in '" +
+                                          std::string(name) + "'",
+                                      std::to_string(entry->size));
     }
     const auto packed = packedBytes(*entry);
     std::string text;
     if (entry->method == kStored) {
         text = packed;
-    } else if (packed.size() < entry->size / kMostPacked) {
+    } else if (packed.size() < entry->size / kMaxPacked) {
         refuseDamaged(name);
     } else {
         text.resize(entry->size);
@@ -187,4 +189,4 @@ std::string ZipArchive::unpack(std::string_view name, std::size_t limit) const {
     return text;
 }
 
-} // namespace wybeta::simulator
+} // namespace wybeta::wysim::song

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-namespace wybeta::simulator {
+namespace wybeta::wysim::song {
 
 // A zip file in memory, as far as compressed scores use it: stored and deflated files, in one
 // piece, without encryption. Every offset and size that the file states is checked before use.
@@ -38,4 +38,4 @@ private:
     std::vector<Entry> entries_;
 };
 
-} // namespace wybeta::simulator
+} // namespace wybeta::wysim::song

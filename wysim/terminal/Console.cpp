@@ -17,7 +17,7 @@
 #include <unistd.h>
 #endif
 
-namespace wybeta::simulator {
+namespace wybeta::wysim::terminal {
 
 #ifdef _WIN32
 
@@ -105,4 +105,4 @@ bool readTerminalLine(std::string& line) {
 
 #endif
 
-} // namespace wybeta::simulator
+} // namespace wybeta::wysim::terminal

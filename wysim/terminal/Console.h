@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace wybeta::simulator {
+namespace wybeta::wysim::terminal {
 
 // A terminal, and the command line, in UTF-8 on every system.
 void useUtf8Terminal();
@@ -18,4 +18,4 @@ bool isErrorTerminal();
 // Reads a line that a person types at the terminal. False at the end.
 bool readTerminalLine(std::string& line);
 
-} // namespace wybeta::simulator
+} // namespace wybeta::wysim::terminal

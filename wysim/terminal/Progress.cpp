@@ -3,7 +3,7 @@
 
 #include <utility>
 
-namespace wybeta::simulator {
+namespace wybeta::wysim::terminal {
 
 using namespace std::chrono_literals;
 
@@ -49,4 +49,4 @@ void Progress::show(std::chrono::steady_clock::time_point now) {
     nextShow_ = now + 100ms;
 }
 
-} // namespace wybeta::simulator
+} // namespace wybeta::wysim::terminal

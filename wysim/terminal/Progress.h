@@ -7,7 +7,7 @@
 #include <ostream>
 #include <string>
 
-namespace wybeta::simulator {
+namespace wybeta::wysim::terminal {
 
 // Tells a person at a terminal how far a long piece of work has come. Quiet during the first
 // second, and quiet throughout without a terminal.
@@ -42,4 +42,4 @@ private:
     bool isShown_ = false;
 };
 
-} // namespace wybeta::simulator
+} // namespace wybeta::wysim::terminal

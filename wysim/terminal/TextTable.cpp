@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <utility>
 
-namespace wybeta::simulator {
+namespace wybeta::wysim::terminal {
 
 namespace {
 
@@ -53,4 +53,4 @@ std::string TextTable::text() const {
     return text;
 }
 
-} // namespace wybeta::simulator
+} // namespace wybeta::wysim::terminal

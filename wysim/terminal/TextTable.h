@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-namespace wybeta::simulator {
+namespace wybeta::wysim::terminal {
 
 // A table for a terminal: columns as wide as their widest cell, kana and kanji counted as two.
 class TextTable {
@@ -20,4 +20,4 @@ private:
     std::vector<std::vector<std::string>> rows_;
 };
 
-} // namespace wybeta::simulator
+} // namespace wybeta::wysim::terminal

@@ -1,0 +1,166 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "editsteps/ChangeNoteEventCountEditStep.h"
+#include "host/IEditStep.h"
+#include "host/IProjectNode.h"
+#include "simulator/EditContext.h"
+#include "simulator/HostObject.h"
+#include "simulator/ProjectTree.h"
+#include "simulator/Track.h"
+#include "tests/unit/tracks/CurrentTable.h"
+#include "tests/unit/tracks/NamedNotes.h"
+#include "tracks/NoteListDiff.h"
+#include "tracks/TrackTable.h"
+
+#include "pluginterfaces/base/smartpointer.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <utility>
+
+namespace wybeta::editsteps {
+namespace {
+
+using simulator::makeHandle;
+using simulator::Track;
+using Steinberg::IPtr;
+using tests::namesOf;
+using tests::noteNamed;
+using tests::notesNamed;
+using Cause = ChangeNoteEventCountEditStep::Cause;
+
+class CountStep : public tests::CurrentTable {
+protected:
+    IPtr<host::IEditStep> makeStep(tracks::NoteChanges changes, Cause cause) {
+        return makeStep(track.get(), std::move(changes), cause);
+    }
+
+    IPtr<host::IEditStep> makeStep(host::IProjectNode* node, tracks::NoteChanges changes, Cause cause) {
+        return Steinberg::owned(
+            new ChangeNoteEventCountEditStep(node, track.get(), std::move(changes), cause));
+    }
+
+    std::string names() const { return namesOf(*table().at(track.get()).notes); }
+
+    const simulator::Handle<Track> track = makeHandle<Track>(state);
+    const tracks::NoteChanges twoChanges{{1, noteNamed('b')}, {2, noteNamed('c')}};
+};
+
+TEST_F(CountStep, PutsDeletedNotesBackAndTakesThemOutAgain) {
+    put(track.get(), notesNamed("ad"));
+    const auto step = makeStep(twoChanges, Cause::NotesRemoved);
+    EXPECT_EQ(step->execute(), 0);
+    EXPECT_EQ(names(), "ad");
+    step->undo();
+    EXPECT_EQ(names(), "abcd");
+    step->redo();
+    EXPECT_EQ(names(), "ad");
+}
+
+TEST_F(CountStep, TakesAddedNotesOutAndPutsThemBackAgain) {
+    put(track.get(), notesNamed("aeb"));
+    const auto step = makeStep({{1, noteNamed('e')}}, Cause::NotesAdded);
+    EXPECT_EQ(step->execute(), 0);
+    EXPECT_EQ(names(), "aeb");
+    step->undo();
+    EXPECT_EQ(names(), "ab");
+    step->redo();
+    EXPECT_EQ(names(), "aeb");
+}
+
+TEST_F(CountStep, AsksNothingWithoutAChange) {
+    put(track.get(), notesNamed("ab")).value(0) = -1;
+    for (const auto cause : {Cause::NotesAdded, Cause::NotesRemoved}) {
+        const auto step = makeStep({}, cause);
+        const auto calls = state->calls.count();
+        step->undo();
+        step->redo();
+        EXPECT_EQ(state->calls.count(), calls);
+        EXPECT_EQ(names(), "ab");
+    }
+}
+
+TEST_F(CountStep, DoesNothingWithoutATrackNode) {
+    put(track.get(), notesNamed("abcd"));
+    const auto step = makeStep(nullptr, twoChanges, Cause::NotesAdded);
+    step->undo();
+    EXPECT_EQ(names(), "abcd");
+    step->redo();
+    EXPECT_EQ(names(), "abcd");
+}
+
+TEST_F(CountStep, DoesNothingWhenTheNodeIsNoTrackAnyMore) {
+    put(track.get(), notesNamed("abcd"));
+    const auto folder = makeHandle<simulator::Folder>(state);
+    const auto step = makeStep(folder.get(), twoChanges, Cause::NotesAdded);
+    step->undo();
+    EXPECT_EQ(names(), "abcd");
+    step->redo();
+    EXPECT_EQ(names(), "abcd");
+}
+
+TEST_F(CountStep, ChangesTheEntryOfItsTrackAlone) {
+    const auto other = makeHandle<Track>(state);
+    put(other.get(), notesNamed("abcd"));
+    put(track.get(), notesNamed("abcd"));
+    makeStep(twoChanges, Cause::NotesAdded)->undo();
+    EXPECT_EQ(names(), "ad");
+    EXPECT_EQ(namesOf(*table().at(other.get()).notes), "abcd");
+}
+
+TEST_F(CountStep, DoesNothingForATrackThatTheTableDoesNotKnow) {
+    const auto other = makeHandle<Track>(state);
+    put(other.get(), notesNamed("abcd"));
+    const auto step = makeStep(twoChanges, Cause::NotesAdded);
+    step->undo();
+    EXPECT_EQ(namesOf(*table().at(other.get()).notes), "abcd");
+    step->redo();
+    EXPECT_EQ(namesOf(*table().at(other.get()).notes), "abcd");
+    EXPECT_EQ(table().size(), 1u);
+}
+
+TEST_F(CountStep, AsksNothingWithoutAnExtension) {
+    put(track.get(), notesNamed("abcd"));
+    const auto records = table().at(track.get()).notes;
+    const auto step = makeStep(twoChanges, Cause::NotesAdded);
+    terminate();
+    const auto calls = state->calls.count();
+    step->undo();
+    EXPECT_EQ(namesOf(*records), "abcd");
+    step->redo();
+    EXPECT_EQ(namesOf(*records), "abcd");
+    EXPECT_EQ(state->calls.count(), calls);
+}
+
+TEST_F(CountStep, LeavesAListAsItIsForAWalkThatReadsIt) {
+    put(track.get(), notesNamed("abcd"));
+    const auto read = table().at(track.get()).notes;
+    const auto step = makeStep(twoChanges, Cause::NotesAdded);
+    step->undo();
+    EXPECT_EQ(namesOf(*read), "abcd");
+    const auto readLater = table().at(track.get()).notes;
+    step->redo();
+    EXPECT_EQ(namesOf(*readLater), "ad");
+    EXPECT_EQ(names(), "abcd");
+}
+
+TEST_F(CountStep, SurvivesPositionsThatItsListDoesNotHave) {
+    put(track.get(), notesNamed("ab"));
+    const tracks::NoteChanges changes{{0, noteNamed('x')}, {0xFFFFFFFF, noteNamed('y')}};
+    const auto step = makeStep(changes, Cause::NotesAdded);
+    step->undo();
+    EXPECT_EQ(names(), "b");
+    step->redo();
+    EXPECT_EQ(names(), "xb");
+}
+
+TEST_F(CountStep, HoldsNothingAndReportsNothing) {
+    const auto step = makeStep(twoChanges, Cause::NotesAdded);
+    const auto collector = makeHandle<simulator::ObjectCollector>(state);
+    EXPECT_EQ(step->reportChangedObjects(collector.get()), 0);
+    EXPECT_TRUE(collector->objects().empty());
+    EXPECT_EQ(track->moduleReferences(), 0);
+}
+
+} // namespace
+} // namespace wybeta::editsteps

@@ -1,0 +1,225 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "extension/WyBetaExtension.h"
+#include "dictionary/PronunciationDictionary.h"
+#include "host/IProjectHost.h"
+#include "host/IProjectNotification.h"
+#include "simulator/CallInterceptor.h"
+#include "simulator/HostObject.h"
+#include "simulator/ProjectHost.h"
+#include "tests/SimulatedHost.h"
+#include "tracks/NoteList.h"
+#include "tracks/TrackTable.h"
+
+#include "base/source/fobject.h"
+#include "pluginterfaces/base/ipluginbase.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace wybeta::extension {
+namespace {
+
+using simulator::Handle;
+using simulator::makeHandle;
+using Steinberg::kResultFalse;
+using Steinberg::kResultOk;
+
+std::shared_ptr<tracks::NoteList> twoNotes() {
+    auto list = std::make_shared<tracks::NoteList>();
+    list->append({});
+    list->append({});
+    return list;
+}
+
+template <class Face>
+const void* addressOf(const WyBetaExtension& extension) {
+    return static_cast<const Face*>(&extension);
+}
+
+class Extension : public testing::Test {
+protected:
+    const simulator::SharedState state = std::make_shared<simulator::HostState>();
+    const tests::SimulatedHost host{state};
+};
+
+TEST_F(Extension, KnowsItsClassByName) {
+    WyBetaExtension extension;
+    EXPECT_STREQ(extension.isA(), "WyBetaExtension");
+    EXPECT_TRUE(extension.isA("WyBetaExtension"));
+    EXPECT_FALSE(extension.isA("FObject"));
+    EXPECT_FALSE(extension.isA(nullptr));
+}
+
+TEST_F(Extension, KnowsItsBaseClassWhenAskedToConsiderIt) {
+    WyBetaExtension extension;
+    for (const bool askBaseClass : {true, false}) {
+        EXPECT_TRUE(extension.isTypeOf("WyBetaExtension", askBaseClass));
+        EXPECT_EQ(extension.isTypeOf("FObject", askBaseClass), askBaseClass);
+        EXPECT_FALSE(extension.isTypeOf("IPluginBase", askBaseClass));
+        EXPECT_FALSE(extension.isTypeOf(nullptr, askBaseClass));
+    }
+}
+
+TEST_F(Extension, StartsWithOneReference) {
+    WyBetaExtension extension;
+    EXPECT_EQ(extension.getRefCount(), 1);
+}
+
+TEST_F(Extension, PutsADictionaryOfItsOwnInThePlaceOfTheOneBefore) {
+    auto& dictionary = dictionary::pronunciationDictionary();
+    WyBetaExtension first;
+    const auto size = dictionary.size();
+    dictionary = dictionary::loadPronunciationDictionary("la\tx\tla", 7);
+    WyBetaExtension second;
+    EXPECT_EQ(dictionary.size(), size);
+    EXPECT_TRUE(dictionary.find("abandon"));
+    EXPECT_NE(dictionary.find("la").value().phonemes, "x");
+}
+
+TEST_F(Extension, LeavesTheDictionaryInPlaceWhenItIsDestroyed) {
+    { WyBetaExtension extension; }
+    EXPECT_TRUE(dictionary::pronunciationDictionary().find("abandon"));
+}
+
+TEST_F(Extension, HasItsFacesInTheOrderOfItsBases) {
+    WyBetaExtension extension;
+    EXPECT_EQ(addressOf<Steinberg::IPluginBase>(extension), &extension);
+    EXPECT_LT(addressOf<Steinberg::IPluginBase>(extension),
+              addressOf<Steinberg::FObject>(extension));
+    EXPECT_LT(addressOf<Steinberg::FObject>(extension),
+              addressOf<host::IProjectNotification3>(extension));
+    EXPECT_LT(addressOf<host::IProjectNotification3>(extension),
+              addressOf<host::IProjectStorageNotification>(extension));
+    EXPECT_LT(addressOf<host::IProjectStorageNotification>(extension),
+              addressOf<host::IProjectEditHook>(extension));
+}
+
+TEST_F(Extension, BecomesTheCurrentOneByInitialize) {
+    WyBetaExtension extension;
+    EXPECT_EQ(tracks::currentTrackTable(), nullptr);
+    extension.initialize(host.context());
+    EXPECT_NE(tracks::currentTrackTable(), nullptr);
+}
+
+TEST_F(Extension, BecomesTheCurrentOneInAHostWithoutAManager) {
+    const auto lonely =
+        makeHandle<simulator::ProjectHost>(state, Handle<simulator::ProjectManager>());
+    WyBetaExtension extension;
+    EXPECT_EQ(extension.initialize(static_cast<host::IProjectHost*>(lonely.get())), kResultOk);
+    EXPECT_NE(tracks::currentTrackTable(), nullptr);
+}
+
+TEST_F(Extension, DoesNotBecomeTheCurrentOneInABadContext) {
+    WyBetaExtension extension;
+    EXPECT_EQ(extension.initialize(nullptr), kResultFalse);
+    EXPECT_EQ(extension.initialize(host.manager.get()), kResultFalse);
+    EXPECT_EQ(tracks::currentTrackTable(), nullptr);
+}
+
+TEST_F(Extension, StaysTheCurrentOneWhenABadContextFollows) {
+    WyBetaExtension extension;
+    extension.initialize(host.context());
+    auto* const table = tracks::currentTrackTable();
+    EXPECT_EQ(extension.initialize(nullptr), kResultFalse);
+    EXPECT_EQ(tracks::currentTrackTable(), table);
+}
+
+TEST_F(Extension, IsNoLongerTheCurrentOneAfterTerminate) {
+    WyBetaExtension extension;
+    extension.initialize(host.context());
+    extension.terminate();
+    EXPECT_EQ(tracks::currentTrackTable(), nullptr);
+}
+
+TEST_F(Extension, IsNoLongerTheCurrentOneBeforeItUnregisters) {
+    WyBetaExtension extension;
+    extension.initialize(host.context());
+    state->calls.intercept([](const simulator::HostCall& call) {
+        EXPECT_EQ(tracks::currentTrackTable(), nullptr) << call.name;
+        return simulator::Answer::Normal;
+    });
+    extension.terminate();
+}
+
+TEST_F(Extension, IsNotYetTheCurrentOneWhileItRegisters) {
+    WyBetaExtension extension;
+    state->calls.intercept([](const simulator::HostCall& call) {
+        EXPECT_EQ(tracks::currentTrackTable(), nullptr) << call.name;
+        return simulator::Answer::Normal;
+    });
+    extension.initialize(host.context());
+}
+
+TEST_F(Extension, IsNoLongerTheCurrentOneWhenItIsDestroyed) {
+    {
+        WyBetaExtension extension;
+        extension.initialize(host.context());
+    }
+    EXPECT_EQ(tracks::currentTrackTable(), nullptr);
+    EXPECT_TRUE(state->ledger.isBalanced()) << state->ledger.report();
+}
+
+TEST_F(Extension, LeavesTheCurrentOneAloneWhenAnotherIsDestroyed) {
+    WyBetaExtension current;
+    {
+        WyBetaExtension other;
+        other.initialize(host.context());
+        current.initialize(host.context());
+    }
+    EXPECT_NE(tracks::currentTrackTable(), nullptr);
+    current.terminate();
+}
+
+TEST_F(Extension, GivesTheCurrentPlaceToTheLastOneInitialised) {
+    WyBetaExtension first;
+    WyBetaExtension second;
+    first.initialize(host.context());
+    auto* const table = tracks::currentTrackTable();
+    second.initialize(host.context());
+    EXPECT_NE(tracks::currentTrackTable(), table);
+    second.terminate();
+    EXPECT_EQ(tracks::currentTrackTable(), nullptr);
+}
+
+TEST_F(Extension, KeepsItsTrackTableThroughNewsThatItIgnores) {
+    WyBetaExtension extension;
+    extension.initialize(host.context());
+    const auto records = twoNotes();
+    tracks::currentTrackTable()->emplace(nullptr, tracks::TrackEntry{records, nullptr});
+
+    extension.ignored3(nullptr);
+    extension.ignored4(nullptr);
+    EXPECT_EQ(extension.ignored7(nullptr), kResultOk);
+    extension.ignored8(nullptr);
+    extension.storageChanged(nullptr);
+    EXPECT_EQ(tracks::currentTrackTable()->size(), 1u);
+    EXPECT_EQ(tracks::currentTrackTable()->at(nullptr).notes, records);
+}
+
+TEST_F(Extension, KeepsItsTrackTableWhenTheChangedObjectIsNoNode) {
+    const auto document = host.openDocument();
+    WyBetaExtension extension;
+    extension.initialize(host.context());
+    const auto records = twoNotes();
+    tracks::currentTrackTable()->emplace(nullptr, tracks::TrackEntry{records, nullptr});
+
+    extension.projectChanged(nullptr);
+    extension.projectChanged(document.get());
+    EXPECT_EQ(extension.hookEdit(nullptr, nullptr), kResultOk);
+    EXPECT_EQ(extension.hookEdit(document.get(), nullptr), kResultOk);
+    EXPECT_EQ(tracks::currentTrackTable()->size(), 1u);
+    EXPECT_EQ(tracks::currentTrackTable()->at(nullptr).notes, records);
+}
+
+TEST_F(Extension, KeepsItsTrackTableUntilItIsDestroyed) {
+    WyBetaExtension extension;
+    extension.initialize(host.context());
+    tracks::currentTrackTable()->emplace(nullptr, tracks::TrackEntry{twoNotes(), nullptr});
+    extension.terminate();
+    extension.initialize(host.context());
+    EXPECT_EQ(tracks::currentTrackTable()->size(), 1u);
+}
+
+} // namespace
+} // namespace wybeta::extension

@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Memory runs out, at every allocation in turn. The host's own allocations count as well: a host
+// that runs out of memory in the middle of a call is one that throws.
+#include "dictionary/PronunciationDictionary.h"
+#include "tests/unit/faults/FailingAllocation.h"
+#include "tests/unit/faults/FaultTest.h"
+#include "tests/unit/faults/Scenario.h"
+
+#include "pluginterfaces/base/ipluginbase.h"
+#include "pluginterfaces/base/smartpointer.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <memory>
+#include <new>
+#include <string>
+#include <vector>
+
+namespace wybeta::tests {
+namespace {
+
+using Extent = FailingAllocation::Extent;
+
+class AllocationFailure : public FaultTest {
+protected:
+    static void failAtEachAllocation(Extent extent) {
+        playAtEachPlace([extent](Play& play, std::uint64_t number) {
+            bool isReached = false;
+            bool isThrown = false;
+            {
+                const FailingAllocation failure(number, extent);
+                try {
+                    act(play);
+                } catch (const std::bad_alloc&) {
+                    isThrown = true;
+                }
+                isReached = FailingAllocation::isReached();
+            }
+            EXPECT_EQ(isThrown, isReached);
+            expectAllOrNothing(play, isReached);
+            return isReached;
+        });
+    }
+};
+
+TEST_P(AllocationFailure, LeavesTheCallAndNothingHalfDone) {
+    failAtEachAllocation(Extent::One);
+}
+
+TEST_P(AllocationFailure, LeavesTheCallAndNothingHalfDoneWhileThereIsNoMemoryAtAll) {
+    failAtEachAllocation(Extent::AllFromThere);
+}
+
+INSTANTIATE_TEST_SUITE_P(In, AllocationFailure, testing::ValuesIn(scenarios()), nameOf);
+
+// Creates an extension without the n-th allocation and gives it back. Returns false when it was
+// created with fewer allocations.
+bool createWithout(std::uint64_t number, Extent extent) {
+    const auto factory = Steinberg::owned(GetPluginFactory());
+    Steinberg::PClassInfo info;
+    factory->getClassInfo(0, &info);
+    void* object = nullptr;
+    bool isReached = false;
+    bool isThrown = false;
+    {
+        const FailingAllocation failure(number, extent);
+        try {
+            factory->createInstance(info.cid, Steinberg::IPluginBase_iid, &object);
+        } catch (const std::bad_alloc&) {
+            isThrown = true;
+        }
+        isReached = FailingAllocation::isReached();
+    }
+    // Without memory for the object itself, the factory does not throw.
+    EXPECT_EQ(object == nullptr, isThrown || number == 1);
+    EXPECT_TRUE(object != nullptr || isReached);
+    if (object != nullptr) {
+        static_cast<Steinberg::IPluginBase*>(object)->release();
+    }
+    return isReached;
+}
+
+TEST(FailingConstruction, KeepsTheDictionaryOfTheExtensionBefore) {
+    const auto& dictionary = dictionary::pronunciationDictionary();
+    createWithout(~std::uint64_t(0), Extent::One);
+    const auto size = dictionary.size();
+    for (const auto extent : {Extent::One, Extent::AllFromThere}) {
+        for (std::uint64_t number = 1; createWithout(number, extent); ++number) {
+            SCOPED_TRACE("at allocation " + std::to_string(number));
+            EXPECT_EQ(dictionary.size(), size);
+            EXPECT_TRUE(dictionary.find("abandon"));
+        }
+    }
+}
+
+TEST(FailingAllocation, FailsAtItsNumber) {
+    const auto allocate = [] { return std::make_unique<std::vector<int>>(1); };
+    const FailingAllocation failure(2, Extent::One);
+    EXPECT_FALSE(FailingAllocation::isReached());
+    EXPECT_THROW(allocate(), std::bad_alloc);
+    EXPECT_TRUE(FailingAllocation::isReached());
+    EXPECT_NO_THROW(allocate());
+}
+
+TEST(FailingAllocation, FailsFromItsNumberOn) {
+    bool isReached = false;
+    int failures = 0;
+    {
+        const FailingAllocation failure(2, Extent::AllFromThere);
+        for (int i = 0; i < 3; ++i) {
+            failures += std::unique_ptr<int>(new (std::nothrow) int) == nullptr ? 1 : 0;
+        }
+        isReached = FailingAllocation::isReached();
+    }
+    EXPECT_TRUE(isReached);
+    EXPECT_EQ(failures, 2);
+}
+
+} // namespace
+} // namespace wybeta::tests

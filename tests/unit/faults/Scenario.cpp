@@ -1,0 +1,140 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/unit/faults/Scenario.h"
+
+namespace wybeta::tests {
+
+namespace {
+
+void beNew(FaultSession& /*session*/) {}
+
+void know(FaultSession& session) {
+    session.notify();
+}
+
+// Texts for three notes, two of them too long for a string to keep without an allocation.
+void typeIntoMelody(FaultSession& session) {
+    auto& note = FaultSession::noteOf(session.melody(), 0);
+    note.setLyric("strengthsかstrengths");
+    note.flagged = true;
+}
+
+void growInnerTrack(FaultSession& session) {
+    session.innerTrack().add(session.makePart({"a new lyric of many letters", "lu"}));
+    FaultSession::partOf(session.innerTrack()).insert(1, session.makeNote("in the middle"));
+}
+
+void shrinkInnerTrack(FaultSession& session) {
+    session.remove(FaultSession::partOf(session.innerTrack()), 0);
+}
+
+void typed(FaultSession& session) {
+    know(session);
+    typeIntoMelody(session);
+}
+
+void grown(FaultSession& session) {
+    know(session);
+    growInnerTrack(session);
+}
+
+void shrunk(FaultSession& session) {
+    know(session);
+    shrinkInnerTrack(session);
+}
+
+void changedAllOver(FaultSession& session) {
+    const auto passing = session.makeTrack({"passing"});
+    session.project().add(passing);
+    know(session);
+    typeIntoMelody(session);
+    growInnerTrack(session);
+    session.remove(session.project(), 3);
+    session.project().add(session.makeTrack({"coming"}));
+}
+
+template <void (*change)(FaultSession&)>
+void done(FaultSession& session) {
+    change(session);
+    session.hook();
+    session.keepSteps();
+}
+
+template <void (*change)(FaultSession&)>
+void undone(FaultSession& session) {
+    done<change>(session);
+    session.steps().at(0)->undo();
+}
+
+void executeStep(FaultSession& session) {
+    session.steps().at(0)->execute();
+}
+
+void undoStep(FaultSession& session) {
+    session.steps().at(0)->undo();
+}
+
+void redoStep(FaultSession& session) {
+    session.steps().at(0)->redo();
+}
+
+void reportStep(FaultSession& session) {
+    session.steps().at(0)->reportChangedObjects(&session.collector());
+}
+
+void notify(FaultSession& session) {
+    session.notify();
+}
+
+void hook(FaultSession& session) {
+    session.hook();
+}
+
+void initialize(FaultSession& session) {
+    session.initialize();
+}
+
+void terminate(FaultSession& session) {
+    session.terminate();
+}
+
+void openDocument(FaultSession& session) {
+    session.extension().notification().documentOpened(&session.document());
+}
+
+void closeDocument(FaultSession& session) {
+    session.extension().notification().documentClosing(&session.document());
+}
+
+} // namespace
+
+void PrintTo(const Scenario& scenario, std::ostream* out) {
+    *out << scenario.name;
+}
+
+const std::vector<Scenario>& scenarios() {
+    static const std::vector<Scenario> list{
+        {"FirstNotification", beNew, notify},
+        {"FirstHook", beNew, hook},
+        {"NotificationOfALyric", typed, notify},
+        {"HookOfALyric", typed, hook},
+        {"HookOfNewNotes", grown, hook},
+        {"HookOfFewerNotes", shrunk, hook},
+        {"HookOfManyChanges", changedAllOver, hook},
+        {"ExecuteOfALyric", undone<typed>, executeStep},
+        {"UndoOfALyric", done<typed>, undoStep},
+        {"RedoOfALyric", undone<typed>, redoStep},
+        {"ReportOfALyric", done<typed>, reportStep},
+        {"UndoOfNewNotes", done<grown>, undoStep},
+        {"RedoOfNewNotes", undone<grown>, redoStep},
+        {"UndoOfFewerNotes", done<shrunk>, undoStep},
+        {"RedoOfFewerNotes", undone<shrunk>, redoStep},
+        {"Initialize", terminate, initialize},
+        {"SecondInitialize", know, initialize},
+        {"Terminate", know, terminate},
+        {"DocumentOpened", know, openDocument},
+        {"DocumentClosing", know, closeDocument},
+    };
+    return list;
+}
+
+} // namespace wybeta::tests
