@@ -1,43 +1,55 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 #
-# The one door to everything: `make demo` and `make test` set up what they need themselves.
+# The one door to everything. Each target installs what it needs itself.
 
-export VST3_SDK_DIR ?= $(CURDIR)/.deps/vst3sdk
+.PHONY: setup module demo check test bench fuzz lint coverage dist clean
 
-.PHONY: setup module demo test bench fuzz lint coverage dist clean
-
+# All that any target needs; afterwards cmake, ctest and an IDE work by themselves.
 setup:
-	@tools/setup.sh
+	@tools/setup.sh all
 
-module: setup
-	@tools/build.sh linux module
-	@tools/build.sh windows module
+module:
+	@tools/setup.sh build windows
+	@tools/build.sh linux wybeta_module
+	@tools/build.sh windows wybeta_module
 
-demo: module
+demo:
+	@tools/setup.sh build windows wysim
 	@tools/demo.sh
 
-test: setup
-	@tools/test.sh
+# The inner loop: the native build and its tests.
+check:
+	@tools/setup.sh build wysim tests
+	@tools/build.sh linux
+	@ctest --preset linux --label-regex 'unit|module|wysim'
 
-bench: setup
+# Everything: native, sanitized, under Wine; documents, package, replays of the fuzz targets.
+test:
+	@tools/setup.sh build windows wysim tests fuzz
+	@for preset in linux sanitized fuzz windows; do \
+	    tools/build.sh $$preset && ctest --preset $$preset || exit; done
+
+bench:
+	@tools/setup.sh build windows wysim bench
 	@tools/bench.sh
 
 # Seconds for each target.
 FUZZ_SECONDS ?= 60
 
-fuzz: setup
+fuzz:
+	@tools/setup.sh build wysim fuzz
 	@tools/fuzz.sh $(FUZZ_SECONDS)
 
-# The folders that clang-tidy reads; without any, it reads them all.
-TIDY ?=
+lint:
+	@tools/setup.sh build wysim tests bench fuzz lint
+	@tools/lint.sh
 
-lint: setup
-	@tools/lint.sh $(TIDY)
-
-coverage: setup
+coverage:
+	@tools/setup.sh build wysim tests coverage
 	@tools/coverage.sh
 
-dist: setup
+dist:
+	@tools/setup.sh build windows
 	@tools/dist.sh
 
 clean:

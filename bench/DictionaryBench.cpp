@@ -148,13 +148,13 @@ BENCHMARK(loadDictionary)->Unit(benchmark::kMillisecond);
 class Constructed {
 public:
     Constructed(const char* /*text*/, std::int32_t /*size*/)
-        : extension_(Steinberg::owned(new WyBetaExtension)) {}
+        : extension_(Steinberg::owned(new extension::WyBetaExtension)) {}
     ~Constructed() { dictionary::pronunciationDictionary() = {}; }
     Constructed(const Constructed&) = delete;
     Constructed& operator=(const Constructed&) = delete;
 
 private:
-    Steinberg::IPtr<WyBetaExtension> extension_;
+    Steinberg::IPtr<extension::WyBetaExtension> extension_;
 };
 
 void constructExtension(benchmark::State& state) {

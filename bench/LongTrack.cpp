@@ -14,7 +14,7 @@ namespace {
 using namespace simulator;
 
 Steinberg::IPluginFactory& factory() {
-    static const LoadedModule module("WyBeta.vst3/Contents/x86_64-linux/WyBeta.so");
+    static const LoadedModule module(WYBETA_MODULE_FILE);
     static const auto factory = Steinberg::owned(module.getPluginFactory());
     return *factory;
 }

@@ -47,7 +47,9 @@ endif()
 add_library(sanitizers INTERFACE)
 if(WYBETA_SANITIZE OR WYBETA_FUZZ)
     set(sanitizer_options -fsanitize=address,undefined -fno-sanitize=vptr -fno-sanitize-recover=all)
-    target_compile_options(sanitizers INTERFACE ${sanitizer_options} -O1 -fno-omit-frame-pointer)
+    # Of the debugging information, the lines are enough for a report.
+    target_compile_options(sanitizers INTERFACE
+        ${sanitizer_options} -O1 -g1 -fno-omit-frame-pointer)
     target_link_options(sanitizers INTERFACE ${sanitizer_options})
     if(WYBETA_FUZZ)
         target_compile_options(sanitizers INTERFACE -fsanitize=fuzzer-no-link)

@@ -6,12 +6,12 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-tools/build.sh linux module benchmarks
+tools/build.sh linux wybeta_module benchmarks
 tools/dist.sh build/dist >/dev/null
 
 # A figure and its yardstick take turns, so that a load on the machine falls on both.
-(cd build/linux && ./bench/benchmarks --benchmark_repetitions=3 \
+build/linux/bench/benchmarks --benchmark_repetitions=3 \
     --benchmark_enable_random_interleaving=true --benchmark_display_aggregates_only=true \
-    --benchmark_out=../bench.json --benchmark_out_format=json "$@")
+    --benchmark_out=build/bench.json --benchmark_out_format=json "$@"
 python3 tools/bench_table.py build/bench.json build/dist/WyBeta.vst3 \
     src/resources/cmudict-0.7b-utf8-spll | tee build/bench.md

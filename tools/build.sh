@@ -1,10 +1,9 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: GPL-3.0-or-later
 #
-# Builds targets of one preset: build.sh PRESET TARGET...  Prints nothing but what goes wrong.
+# Configures and builds a preset: build.sh PRESET [TARGET...]  Prints nothing but what goes wrong.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-: "${VST3_SDK_DIR:=$PWD/.deps/vst3sdk}"
 
 readonly preset=$1
 shift
@@ -20,5 +19,5 @@ quietly() {
     }
 }
 
-quietly cmake --preset "$preset" -DVST3_SDK_DIR="$VST3_SDK_DIR"
-quietly cmake --build "$folder" --target "$@"
+quietly cmake --preset "$preset"
+quietly cmake --build "$folder" ${1:+--target "$@"}

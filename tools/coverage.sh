@@ -1,22 +1,19 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: GPL-3.0-or-later
 #
-# Tells which lines of the extension its unit tests and the tests of the built module reach. Fails
-# when too few are reached, or one is not that tools/uncovered.tsv has no reason for.
+# Tells which lines of the extension its unit tests and the tests of the built module reach. Fails when
+# too few are reached. Not counted: the slots of the host's interfaces that are never called, and what
+# the compiler adds for exceptions.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
 readonly folder=build/coverage
-tools/build.sh coverage module unit_tests module_tests
-
-# What earlier runs counted.
+tools/build.sh coverage wybeta_module unit_tests module_tests
 find $folder -name '*.gcda' -delete
-
-# The lines are all reached by a few random sessions.
 for program in unit_tests module_tests; do
-    echo "== $program"
-    (cd $folder && "./tests/$program" --module=WyBeta.vst3/Contents/x86_64-linux/WyBeta.so \
-        --source-dir=../.. --sessions=100 --gtest_brief=1)
+    # The lines are all reached by a few random sessions.
+    $folder/tests/$program --sessions=100 --gtest_brief=1
 done
-
-python3 tools/coverage_report.py $folder
+gcovr --root . --object-directory $folder --filter src/ --exclude-throw-branches \
+    --exclude-lines-by-pattern '.*virtual void PLUGIN_API unused\d+\(\) \{\}.*|\s*\}\s*' \
+    --fail-under-line 99 --sort-percentage $folder

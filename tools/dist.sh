@@ -14,7 +14,7 @@ readonly module=build/dist/WyBeta.vst3
 : "${SOURCE_DATE_EPOCH:=$(git log -1 --format=%ct 2>/dev/null || date -u -d 2026-01-01 +%s)}"
 export SOURCE_DATE_EPOCH
 
-tools/build.sh windows module
+tools/build.sh windows wybeta_module
 version=$(sed -n 's/^CMAKE_PROJECT_VERSION:STATIC=//p' build/windows/CMakeCache.txt)
 readonly name=wy-beta-$version-windows-x64
 

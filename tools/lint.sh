@@ -1,23 +1,19 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: GPL-3.0-or-later
 #
-# Checks the sources without running them: layout by .clang-format, includes by tools/check_includes.py,
-# and what .clang-tidy and cppcheck find suspicious. Takes the folders that clang-tidy reads, all of
-# them by default: the tests take it longer than everything else.
+# Checks the sources without running them: layout by .clang-format, and what .clang-tidy and cppcheck
+# find suspicious, includes that nothing uses among it. lint.sh [FOLDER...] has clang-tidy read
+# these folders only.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-readonly folders=(bench fuzz simulator src tests wysim)
-tidied=("$@")
-[ $# -gt 0 ] || tidied=("${folders[@]}")
-
 git ls-files -z '*.h' '*.cpp' | xargs -0 clang-format --dry-run --Werror
-python3 tools/check_includes.py
 
-# Nothing is built for clang-tidy, but it reads how it would be: this preset has all of it.
+# Nothing is built for clang-tidy, but it reads how it would be: without precompiled headers, since
+# those hide what a file includes.
 readonly database=build/lint
-mkdir -p $database
-cmake --preset fuzz -B $database -DVST3_SDK_DIR="${VST3_SDK_DIR:-$PWD/.deps/vst3sdk}" >$database/cmake.log
+cmake --preset fuzz -B $database -DWYBETA_BUILD_TESTING=ON -DWYBETA_BUILD_BENCHMARKS=ON \
+    -DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON >$database.log
 
 # Prints what a tool said, only when it failed.
 quietly() {
@@ -31,9 +27,14 @@ quietly() {
 
 # Macros of the SDK stand for whole functions. Each of the host's interfaces has an ID, also where it
 # derives from another.
+git ls-files '*.cpp' '*.h' >$database/files
 quietly cppcheck --quiet --error-exitcode=1 --std=c++17 --language=c++ --library=googletest \
-    --enable=warning,performance,portability -I . \
+    --enable=warning,performance,portability -I src -I . -j "$(nproc)" \
     '-DOBJ_METHODS(a, b)=' '-DREFCOUNT_METHODS(a)=' \
-    --suppress=duplInheritedMember "${folders[@]}"
+    --suppress=duplInheritedMember --file-list=$database/files
 
-quietly run-clang-tidy-14 -quiet -p $database "^$PWD/($(IFS='|'; echo "${tidied[*]}"))/.*\.cpp$"
+quietly run-clang-tidy-19 -quiet -p $database "^$PWD/($(IFS='|'; echo "${*:-[a-z]+}"))/.*\.cpp$"
+if grep -h 'is not used directly' $database/findings.log >&2; then
+    echo "lint: expected no include without use, found those above." >&2
+    exit 1
+fi

@@ -1,23 +1,28 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: GPL-3.0-or-later
 #
-# Installs what is missing to build, run and test everything. Quick and silent when nothing is.
+# Installs what is missing for some tasks: setup.sh GROUP..., or for all of them: setup.sh all. Quick
+# and silent when nothing is.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-readonly packages=(
-    g++ cmake ninja-build make python3 xz-utils ca-certificates clang-format
-    g++-mingw-w64-x86-64-posix wine64
-    googletest libbenchmark-dev libutfcpp-dev
-    libcli11-dev nlohmann-json3-dev zlib1g-dev libz-mingw-w64-dev
-    clang-14 libclang-rt-14-dev clang-tidy-14 cppcheck
+# The packages of each group of tasks.
+readonly -A packages=(
+    [build]="g++ cmake ninja-build make python3 xz-utils ca-certificates libutfcpp-dev"
+    [windows]="g++-mingw-w64-x86-64-posix wine64"
+    [wysim]="libcli11-dev nlohmann-json3-dev zlib1g-dev libz-mingw-w64-dev"
+    [tests]="googletest python3-pyelftools python3-pefile"
+    [bench]="libbenchmark-dev"
+    [fuzz]="clang-14 libclang-rt-14-dev"
+    [lint]="clang-format clang-tidy-19 cppcheck"
+    [coverage]="gcovr"
 )
 
 missingPackages() {
-    local package
-    for package in "${packages[@]}"; do
-        dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null | grep -qx installed ||
-            echo "$package"
+    local installed package
+    installed=$(dpkg-query -W -f '${db:Status-Status} ${Package}\n' | sed -n 's/^installed //p')
+    for package in $(for group in "${groups[@]}"; do echo "${packages[$group]}"; done); do
+        grep -qx "$package" <<<"$installed" || echo "$package"
     done
 }
 
@@ -45,6 +50,8 @@ installMissing() {
     rm -f "$log"
 }
 
+groups=("$@")
+[ "${groups[*]}" != all ] || groups=("${!packages[@]}")
 mapfile -t missing < <(missingPackages)
 [ ${#missing[@]} -eq 0 ] || installMissing
 
@@ -56,4 +63,6 @@ elif [ ! -f "$VST3_SDK_DIR/pluginterfaces/base/funknown.h" ]; then
     exit 1
 fi
 
-tools/fetch-pugixml.sh "$PWD/.deps/pugixml"
+if [[ " ${groups[*]} " == *" wysim "* ]]; then
+    tools/fetch-pugixml.sh "$PWD/.deps/pugixml"
+fi

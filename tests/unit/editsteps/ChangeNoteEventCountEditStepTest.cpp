@@ -35,7 +35,8 @@ protected:
         return makeStep(track.get(), std::move(changes), cause);
     }
 
-    IPtr<host::IEditStep> makeStep(host::IProjectNode* node, tracks::NoteChanges changes, Cause cause) {
+    IPtr<host::IEditStep> makeStep(host::IProjectNode* node, tracks::NoteChanges changes,
+                                   Cause cause) {
         return Steinberg::owned(
             new ChangeNoteEventCountEditStep(node, track.get(), std::move(changes), cause));
     }

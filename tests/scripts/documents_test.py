@@ -1,8 +1,7 @@
-#!/usr/bin/env python3
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Tests that the documents tell the truth: what they show is run, what they name is looked for.
 
-Run from the top of the project, with the module, wysim and the test programs built for Linux.
+Needs the module, wysim and the test programs built by the preset "linux".
 """
 
 import json
@@ -13,7 +12,7 @@ import tempfile
 import unittest
 from pathlib import Path
 
-PROJECT = Path.cwd()
+PROJECT = Path(__file__).resolve().parents[2]
 BUILD = PROJECT / "build/linux"
 WYSIM = "build/linux/wysim/wysim"
 GUIDES = ["README.md", "README.ja.md", "CONTRIBUTING.md"]
@@ -125,9 +124,17 @@ class Commands(DocumentTest):
                 run(*command, folder=self.folder)
 
     def test_of_other_kinds_are_scripts_of_the_project(self) -> None:
-        others = {command[0] for command in commands()} - {"make", WYSIM}
+        others = {command[0] for command in commands()} - {"make", "cmake", "ctest", WYSIM}
         scripts = {f"tools/{path.name}" for path in (PROJECT / "tools").iterdir()}
-        self.assertEqual(others - scripts, set())
+        programs = {f"build/linux/tests/{name}_tests" for name in ("unit", "module", "wysim")}
+        self.assertEqual(others - scripts - programs, set())
+
+    def test_of_cmake_and_ctest_name_presets(self) -> None:
+        presets = {preset["name"] for preset in
+                   json.loads(read("CMakePresets.json"))["configurePresets"]}
+        for command in commands():
+            if command[0] in ("cmake", "ctest"):
+                self.assertIn(command[command.index("--preset") + 1], presets)
 
     def test_print_what_a_session_shows(self) -> None:
         sessions = [block for block in shown_blocks() if block[0].startswith("$ ")]

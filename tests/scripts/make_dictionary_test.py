@@ -1,19 +1,21 @@
-#!/usr/bin/env python3
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Tests of make_dictionary.py; they need neither the CMU dictionary nor a network."""
 
 import contextlib
 import hashlib
 import io
+import sys
 import tempfile
 import unittest
 from pathlib import Path
 from unittest import mock
 
-import make_dictionary
+PROJECT = Path(__file__).resolve().parents[2]
+TOOLS = PROJECT / "tools"
+sys.path.insert(0, str(TOOLS))
+import make_dictionary  # noqa: E402
 
-TOOLS = Path(__file__).resolve().parent
-COMMITTED_TEXT = TOOLS.parent / "src" / "resources" / "cmudict-0.7b-utf8-spll"
+COMMITTED_TEXT = PROJECT / "src/resources/cmudict-0.7b-utf8-spll"
 
 CMU_LINES = b""";;; a comment
 ABANDON  AH0 B AE1 N D AH0 N
