@@ -21,12 +21,13 @@ constexpr std::size_t kBytesPerLine = 45;
 
 constexpr std::size_t kPrefixCount = 0x10000;
 
-// The first two bytes of a word that is not empty, as a number that sorts like the words.
-std::size_t prefixOf(std::string_view word) {
-    const auto byteAt = [word](std::size_t i) {
-        return i < word.size() ? static_cast<unsigned char>(word[i]) : 0u;
-    };
-    return byteAt(0) << 8 | byteAt(1);
+// The first two bytes of a word that is not empty, as a number that sorts like the words. The word
+// ends at a TAB or with the text.
+std::size_t prefixOf(std::string_view text) {
+    const auto first = static_cast<unsigned char>(text[0]);
+    const auto second =
+        text.size() > 1 && text[1] != '\t' ? static_cast<unsigned char>(text[1]) : 0u;
+    return std::size_t{first} << 8 | second;
 }
 
 // The first such byte, or `end` if there is none.
@@ -35,8 +36,15 @@ char* findByte(char* begin, char* end, char byte) {
     return found != nullptr ? static_cast<char*>(found) : end;
 }
 
-bool isStressDigit(char byte) {
-    return byte >= '0' && byte <= '2';
+// Removes the stress digits and fills what they leave free with TABs. Writes every byte and steps
+// over those to keep, since a branch for each costs a tenth of the whole load.
+void removeStressDigits(char* begin, char* end) {
+    char* out = begin;
+    for (const char* in = begin; in != end; ++in) {
+        *out = *in;
+        out += *in >= '0' && *in <= '2' ? 0 : 1;
+    }
+    std::fill(out, end, '\t');
 }
 
 } // namespace
@@ -71,7 +79,9 @@ PronunciationDictionary::PronunciationDictionary(std::string_view text) {
         char* const lineFeed = findByte(begin, end, '\n');
         for (; begin <= lineFeed; ++begin) {
             char* const lineEnd = findByte(begin, lineFeed, '\r');
-            addLine(begin, lineEnd, outOfOrder);
+            if (lineEnd != begin) {
+                addLine(begin, lineEnd, outOfOrder);
+            }
             begin = lineEnd;
         }
     }
@@ -79,8 +89,7 @@ PronunciationDictionary::PronunciationDictionary(std::string_view text) {
     countPrefixes();
 }
 
-// Takes a line into the index, unless it has another number of fields than three. The bytes that
-// the stress digits leave free become TABs, of which lineAt() skips all.
+// Adds a line to the index, unless it has another number of fields than three.
 void PronunciationDictionary::addLine(char* begin, char* end, std::vector<Offset>& outOfOrder) {
     const auto line = text::trimmed({begin, static_cast<std::size_t>(end - begin)});
     char* const word = begin + (line.data() - begin);
@@ -93,14 +102,14 @@ void PronunciationDictionary::addLine(char* begin, char* end, std::vector<Offset
     if (phonemesEnd == lineEnd || findByte(phonemesEnd + 1, lineEnd, '\t') != lineEnd) {
         return;
     }
-    std::fill(std::remove_if(wordEnd + 1, phonemesEnd, isStressDigit), phonemesEnd, '\t');
+    removeStressDigits(wordEnd + 1, phonemesEnd);
     *lineEnd = '\n';
-    const auto offset = static_cast<Offset>(word - text_.data());
-    const bool isInOrder = index_.empty() || wordAt(index_.back()) < wordAt(offset);
-    (isInOrder ? index_ : outOfOrder).push_back(offset);
+    const std::string_view added(word, static_cast<std::size_t>(wordEnd - word));
+    const bool isInOrder = index_.empty() || wordAt(index_.back()) < added;
+    (isInOrder ? index_ : outOfOrder).push_back(static_cast<Offset>(word - text_.data()));
 }
 
-// Merging takes 10.7 ms of a load where sorting all lines would take 14.2 ms.
+// Sorting all lines instead would make a load take a third longer.
 void PronunciationDictionary::mergeInto(std::vector<Offset> outOfOrder) {
     const auto byWord = [this](Offset a, Offset b) { return wordAt(a) < wordAt(b); };
     std::stable_sort(outOfOrder.begin(), outOfOrder.end(), byWord);
@@ -127,19 +136,20 @@ void PronunciationDictionary::mergeInto(std::vector<Offset> outOfOrder) {
 void PronunciationDictionary::countPrefixes() {
     prefixStarts_.resize(kPrefixCount + 1);
     for (const Offset offset : index_) {
-        ++prefixStarts_[prefixOf(wordAt(offset)) + 1];
+        ++prefixStarts_[prefixOf(textFrom(offset)) + 1];
     }
     std::partial_sum(prefixStarts_.begin(), prefixStarts_.end(), prefixStarts_.begin());
 }
 
 std::string_view PronunciationDictionary::wordAt(Offset offset) const {
-    const std::string_view rest{text_.data() + offset, text_.size() - offset};
+    const auto rest = textFrom(offset);
     return rest.substr(0, rest.find('\t'));
 }
 
 DictionaryLine PronunciationDictionary::lineAt(Offset offset) const {
-    std::string_view rest{text_.data() + offset, text_.size() - offset};
+    auto rest = textFrom(offset);
     rest = rest.substr(0, rest.find('\n'));
+    // Several TABs may end the phonemes, where stress digits were removed.
     const auto wordEnd = rest.find('\t');
     const auto phonemesEnd = rest.find('\t', wordEnd + 1);
     return {rest.substr(0, wordEnd), rest.substr(wordEnd + 1, phonemesEnd - wordEnd - 1),

@@ -68,6 +68,9 @@ private:
     void mergeInto(std::vector<Offset> outOfOrder);
     void countPrefixes();
 
+    std::string_view textFrom(Offset offset) const {
+        return {text_.data() + offset, text_.size() - offset};
+    }
     std::string_view wordAt(Offset offset) const;
     DictionaryLine lineAt(Offset offset) const;
 
