@@ -57,6 +57,18 @@ protected:
 
     bool isReached(const Handle<Track>& track) { return isReached(track, project()); }
 
+    // How often a walk over the project asks a folder for its children.
+    int timesEntered(const Folder& folder) {
+        int times = 0;
+        state()->calls.intercept([&](const HostCall& call) {
+            times += call.name == "IProjectNode.children" && &call.object == &folder ? 1 : 0;
+            return Answer::Normal;
+        });
+        editor().notify();
+        state()->calls.stopIntercepting();
+        return times;
+    }
+
     // Whether the table knows the track: if so, a note more gives a step.
     bool isKnown(Track& track) {
         track.add(makePart({""}));
@@ -242,6 +254,41 @@ TEST_F(ProjectWalk, TakesATrackThatIsYieldedTwiceOnce) {
     project().add(Handle<Track>(&track));
     typeInto(noteAt(track, 0), "かき");
     EXPECT_EQ(hook().size(), 1u);
+}
+
+TEST_F(ProjectWalk, EntersAFolderThatContainsItselfOnce) {
+    const auto track = makeTwoNoteTrack();
+    const auto folder = makeFolder();
+    folder->add(folder);
+    folder->add(track);
+    project().add(folder);
+    EXPECT_EQ(timesEntered(*folder), 1);
+    EXPECT_TRUE(isReached(track));
+    noteAt(*track, 0).setLyric("");
+    EXPECT_TRUE(isReached(track, *folder));
+    folder->remove(*folder);
+}
+
+TEST_F(ProjectWalk, EntersAFolderThatAnInnerFolderContainsOnce) {
+    const auto track = makeTwoNoteTrack();
+    const auto innerTrack = makeTwoNoteTrack();
+    const auto inner = makeFolder();
+    const auto outer = makeFolder({inner, track});
+    inner->add(outer);
+    inner->add(innerTrack);
+    project().add(outer);
+    EXPECT_EQ(timesEntered(*outer), 1);
+    EXPECT_EQ(timesEntered(*inner), 1);
+    EXPECT_TRUE(isReached(track));
+    EXPECT_TRUE(isReached(innerTrack));
+    inner->remove(*outer);
+}
+
+TEST_F(ProjectWalk, EntersAFolderInTwoPlacesTwice) {
+    const auto folder = makeFolder({makeTwoNoteTrack()});
+    project().add(makeFolder({folder}));
+    project().add(folder);
+    EXPECT_EQ(timesEntered(*folder), 2);
 }
 
 TEST_F(ProjectWalk, AsksTheObjectThatTheHostPassedForTheTimeContexts) {

@@ -11,6 +11,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+#include <stdexcept>
 #include <utility>
 #include <vector>
 
@@ -36,6 +38,24 @@ protected:
 
 private:
     const Steinberg::int8* silent_;
+};
+
+// A device that claims to have more elements than anybody could ask for, all of them null.
+class BoastfulElement : public Element {
+public:
+    using Element::Element;
+
+    int asked = 0;
+
+    Steinberg::int32 PLUGIN_API countElements() override {
+        return std::numeric_limits<Steinberg::int32>::max();
+    }
+    host::IProjectElement* PLUGIN_API element(Steinberg::int32 /*index*/) override {
+        if (++asked > 10'000'000) {
+            throw std::runtime_error("expected an end to the questions, there is none");
+        }
+        return nullptr;
+    }
 };
 
 class TargetTrack : public SessionTest {
@@ -174,6 +194,15 @@ TEST_F(TargetTrack, IsNotOneWhileTheHostRefusesWhatIsAsked) {
         });
         EXPECT_FALSE(isTarget({goodSlot()})) << name;
     }
+}
+
+TEST_F(TargetTrack, IsNotOneWithADeviceThatClaimsEndlessElements) {
+    const auto track = makeHandle<Track>(state());
+    const auto device = makeHandle<BoastfulElement>(state(), "Device");
+    track->setDevice(device);
+    EXPECT_FALSE(isTargetTrack(track));
+    EXPECT_GT(device->asked, 0);
+    EXPECT_TRUE(isTarget({goodSlot()}));
 }
 
 TEST_F(TargetTrack, IsUnknownUntilItHasTheSynthesizer) {

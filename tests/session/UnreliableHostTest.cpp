@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // A host whose answers make no sense.
-#include "tests/session/SessionTest.h"
-
 #include "host/IProjectNode.h"
 #include "host/InterfaceId.h"
 #include "simulator/CallInterceptor.h"
@@ -11,55 +9,17 @@
 #include "simulator/HostObject.h"
 #include "simulator/ProjectTree.h"
 #include "simulator/Track.h"
+#include "tests/EndlessNode.h"
+#include "tests/session/SessionTest.h"
 
 #include <gtest/gtest.h>
 
 #include <cstddef>
-#include <utility>
 
 namespace wybeta::tests {
 namespace {
 
 using simulator::Answer;
-using simulator::HostObject;
-
-// Never at its end; gives null for ever, or for a while and then one child.
-class GapIterator : public simulator::Implements<HostObject, host::IProjectNodeIterator> {
-public:
-    GapIterator(SharedState state, int gaps, TreeItem* child)
-        : Implements(std::move(state), "GapIterator"), gaps_(gaps), child_(child) {}
-
-    host::IProjectItem* PLUGIN_API next() override {
-        return --gaps_ == -1 ? child_->ownInterface() : nullptr;
-    }
-    bool PLUGIN_API atEnd() override { return false; }
-
-protected:
-    void* interfaceFor(const Steinberg::TUID id) override {
-        return host::sameId(id, Steinberg::FUnknown_iid) ? this : nullptr;
-    }
-
-private:
-    int gaps_;
-    TreeItem* child_;
-};
-
-// A node whose children are behind gaps.
-template <class Node>
-class GapNode : public Node {
-public:
-    template <class... Arguments>
-    explicit GapNode(Arguments&&... arguments) : Node(std::forward<Arguments>(arguments)...) {}
-
-    int gaps = 0;
-    Handle<TreeItem> child;
-
-    host::IProjectNodeIterator* PLUGIN_API children() override {
-        const auto iterator =
-            makeHandle<GapIterator>(this->state(), child ? gaps : -1, child.get());
-        return simulator::handOver<host::IProjectNodeIterator>(iterator.get());
-    }
-};
 
 // Says that it handed an interface over, and hands over nothing.
 class LyingNote : public Event {
@@ -73,10 +33,14 @@ public:
     }
 };
 
+host::IProjectItem* gap() {
+    return nullptr;
+}
+
 class UnreliableHost : public SessionTest {};
 
-TEST_F(UnreliableHost, HasAProjectThatNeverEnds) {
-    const auto folder = makeHandle<GapNode<Folder>>(state());
+TEST_F(UnreliableHost, HasAFolderOfGapsWithoutEnd) {
+    const auto folder = makeHandle<EndlessNode<Folder>>(state(), gap);
     project().add(folder);
     auto& track = addKnownTrack({"", ""});
     editor().type(noteAt(track, 0), "かき");
@@ -84,8 +48,8 @@ TEST_F(UnreliableHost, HasAProjectThatNeverEnds) {
     hook(*folder);
 }
 
-TEST_F(UnreliableHost, HasATrackThatNeverEnds) {
-    const auto endless = makeHandle<GapNode<Track>>(state());
+TEST_F(UnreliableHost, HasATrackOfGapsWithoutEnd) {
+    const auto endless = makeHandle<EndlessNode<Track>>(state(), gap);
     endless->setDevice(simulator::makeDevice(state(), simulator::Plugin::Kind::VoiceSynthesizer));
     project().add(endless);
     auto& track = addKnownTrack({"", ""});
@@ -93,18 +57,18 @@ TEST_F(UnreliableHost, HasATrackThatNeverEnds) {
     EXPECT_EQ(lyricsOf(track), (Lyrics{"かき[k a]", "[k i]"}));
 }
 
-TEST_F(UnreliableHost, HasAPartThatNeverEnds) {
+TEST_F(UnreliableHost, HasAPartOfGapsWithoutEnd) {
     auto& track = addKnownTrack({"", ""});
-    track.add(makeHandle<GapNode<Part>>(state()));
+    track.add(makeHandle<EndlessNode<Part>>(state(), gap));
     editor().type(noteAt(track, 0), "かき");
     EXPECT_EQ(lyricsOf(track), (Lyrics{"かき[k a]", "[k i]"}));
 }
 
 TEST_F(UnreliableHost, HasManyGapsBeforeAChild) {
     const auto track = makeTrack({{"", ""}});
-    const auto folder = makeHandle<GapNode<Folder>>(state());
-    folder->gaps = 1000;
-    folder->child = track;
+    const auto folder = makeHandle<EndlessNode<Folder>>(state(), [&track, gaps = 1000]() mutable {
+        return gaps-- == 0 ? track->ownInterface() : gap();
+    });
     project().add(folder);
     editor().notify();
     editor().type(noteAt(*track, 0), "かき");

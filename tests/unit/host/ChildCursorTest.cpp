@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/ChildCursor.h"
+#include "host/IProjectNode.h"
 #include "simulator/CallInterceptor.h"
 #include "simulator/HostObject.h"
 #include "simulator/ProjectTree.h"
+#include "tests/EndlessNode.h"
 
 #include <gtest/gtest.h>
 
@@ -80,6 +82,25 @@ TEST_F(ChildrenOfANode, AskForTheEndBeforeTheFirstChildAndAfterEach) {
     while (children.next().get() != nullptr) {
     }
     EXPECT_EQ(calls, "enene");
+}
+
+TEST_F(ChildrenOfANode, EndThoughTheIteratorYieldsOneAgainAndAgain) {
+    const auto endless = makeHandle<tests::EndlessNode<Folder>>(
+        state, [this]() -> IProjectItem* { return node->ownInterface(); });
+    ChildCursor children(endless.get());
+    int count = 0;
+    while (children.next().get() != nullptr) {
+        ++count;
+    }
+    EXPECT_GT(count, 1'000'000) << "a long part is cut off";
+    EXPECT_FALSE(children.next());
+}
+
+TEST_F(ChildrenOfANode, EndThoughTheIteratorYieldsNullAgainAndAgain) {
+    const auto endless =
+        makeHandle<tests::EndlessNode<Folder>>(state, []() -> IProjectItem* { return nullptr; });
+    ChildCursor children(endless.get());
+    EXPECT_FALSE(children.next());
 }
 
 TEST_F(ChildrenOfANode, AreHeldWhileTheyAreLookedAt) {
