@@ -7,6 +7,7 @@
 #include "simulator/ProjectHost.h"
 #include "simulator/ProjectTree.h"
 #include "simulator/Track.h"
+#include "tests/CallsOnRelease.h"
 #include "tests/ModuleFixture.h"
 #include "tests/SimulatedHost.h"
 
@@ -98,21 +99,6 @@ TEST_F(Reentry, OutlivesAHostThatTakesItsManagerWithIt) {
     EXPECT_EQ(state->ledger.objectsAlive(), 0u);
 }
 
-// A manager that has something to say when a reference to it is given back.
-class LastWordManager : public ProjectManager {
-public:
-    using ProjectManager::ProjectManager;
-
-    std::function<void()> lastWord;
-
-    Steinberg::uint32 PLUGIN_API release() override {
-        if (const auto say = std::exchange(lastWord, nullptr)) {
-            say();
-        }
-        return ProjectManager::release();
-    }
-};
-
 // A project with one track that sings one note.
 struct OneNoteProject {
     explicit OneNoteProject(const SharedState& state)
@@ -130,13 +116,15 @@ struct OneNoteProject {
 };
 
 TEST_F(Reentry, HearsOfAChangeWhenItIsDroppedWithoutTerminate) {
-    const auto manager = makeHandle<LastWordManager>(state);
+    const auto manager = makeHandle<tests::CallsOnRelease<ProjectManager>>(state);
     const auto projectHost = makeHandle<ProjectHost>(state, manager);
     const OneNoteProject song(state);
     base().initialize(static_cast<host::IProjectHost*>(projectHost.get()));
-    manager->lastWord = [&] { manager->sinks().front()->projectChanged(song.project->argument()); };
+    manager->onRelease = [&] {
+        manager->sinks().front()->projectChanged(song.project->argument());
+    };
     giveBackExtension();
-    EXPECT_FALSE(manager->lastWord);
+    EXPECT_FALSE(manager->onRelease);
 }
 
 TEST_F(Reentry, HoldsAnEditContextThatTheHostDropsMeanwhile) {

@@ -2,10 +2,12 @@
 #include "editsteps/LyricsDevideEditStep.h"
 #include "host/IEditStep.h"
 #include "host/IProjectNode.h"
+#include "simulator/CallInterceptor.h"
 #include "simulator/EditContext.h"
 #include "simulator/Event.h"
 #include "simulator/HostObject.h"
 #include "simulator/Track.h"
+#include "tests/CallsOnRelease.h"
 #include "tests/unit/tracks/CurrentTable.h"
 #include "tracks/LyricsDivision.h"
 #include "tracks/NoteList.h"
@@ -199,6 +201,28 @@ TEST_F(DivisionStep, KeepsItsTextsWhenTheHostClaimsTheVariant) {
     step->execute();
     step->undo();
     EXPECT_EQ(written(), Lyrics{"X"});
+}
+
+TEST_F(DivisionStep, WritesNothingMoreWhenItsNotesTouchItWhileItIsDestroyed) {
+    const auto first = makeHandle<tests::CallsOnRelease<Event>>(state);
+    notes = {first, makeHandle<Event>(state)};
+    auto* const step = makeStepOfNotes({"A", "B"}, {"X", "Y"}).take();
+    step->execute();
+    first->onRelease = [step] {
+        step->addRef();
+        step->undo();
+        step->release();
+    };
+    state->calls.intercept([](const simulator::HostCall& call) {
+        EXPECT_NE(call.name, "IProjectNoteEvent.setAttribute");
+        return simulator::Answer::Normal;
+    });
+    EXPECT_EQ(step->release(), 0u);
+    EXPECT_FALSE(first->onRelease);
+    EXPECT_EQ(written(), (Lyrics{"A", "B"}));
+    EXPECT_EQ(recorded(), Lyrics(2, "recorded"));
+    EXPECT_EQ(first->moduleReferences(), 0);
+    EXPECT_EQ(notes[1]->moduleReferences(), 0);
 }
 
 TEST_F(DivisionStep, HoldsItsNotesUntilItsLastReferenceGoes) {
