@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tracks/TrackTable.h"
+#include "tests/unit/faults/FailingAllocation.h"
 #include "tests/unit/tracks/NamedNotes.h"
 #include "tracks/NoteList.h"
 
 #include <gtest/gtest.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
+#include <new>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -131,6 +134,30 @@ TEST(TrackTableLyrics, ChangeNoOtherFieldOfTheRecords) {
     EXPECT_EQ(after.value, 3);
     EXPECT_EQ(after.phoneme, "p");
     EXPECT_EQ(after.event, eventNamed('a'));
+}
+
+// Writes long texts into three records, without the memory for one of them.
+TEST(TrackTableLyrics, LeaveTheListWholeWhereverMemoryEnds) {
+    const std::vector<std::string> texts{std::string(100, 'X'), std::string(100, 'Y'),
+                                         std::string(100, 'Z')};
+    for (const bool isRead : {false, true}) {
+        std::uint64_t failures = 0;
+        for (bool isDone = false; !isDone;) {
+            auto table = makeTable({{1, "abcd"}});
+            const auto read = isRead ? table[key(1)].notes : nullptr;
+            try {
+                const tests::FailingAllocation failure(failures + 1,
+                                                       tests::FailingAllocation::Extent::One);
+                syncTrackTableLyrics(table, eventNamed('a'), texts);
+                isDone = true;
+            } catch (const std::bad_alloc&) {
+                ++failures;
+            }
+            EXPECT_EQ(namesAt(table, 1), isDone ? texts[0] + texts[1] + texts[2] + "d" : "abcd")
+                << failures;
+        }
+        EXPECT_GE(failures, texts.size());
+    }
 }
 
 TEST(TrackTableLyrics, LeaveAListAsItIsForAWalkThatReadsIt) {
