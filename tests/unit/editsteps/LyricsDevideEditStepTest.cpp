@@ -196,11 +196,12 @@ TEST_F(DivisionStep, DoesNotUseItsTrackNode) {
 }
 
 TEST_F(DivisionStep, KeepsItsTextsWhenTheHostClaimsTheVariant) {
-    notes = {makeHandle<KeepingNote>(state)};
-    const auto step = makeStepOfNotes({"A"}, {"X"});
+    notes = {makeHandle<KeepingNote>(state), makeHandle<KeepingNote>(state)};
+    const auto step = makeStepOfNotes({"A", std::string(100, 'B')}, {std::string(100, 'X'), "Y"});
     step->execute();
+    EXPECT_EQ(written(), (Lyrics{"A", std::string(100, 'B')}));
     step->undo();
-    EXPECT_EQ(written(), Lyrics{"X"});
+    EXPECT_EQ(written(), (Lyrics{std::string(100, 'X'), "Y"}));
 }
 
 TEST_F(DivisionStep, WritesNothingMoreWhenItsNotesTouchItWhileItIsDestroyed) {

@@ -6,6 +6,9 @@
 #include "simulator/CallInterceptor.h"
 #include "simulator/HostObject.h"
 #include "simulator/ProjectHost.h"
+#include "simulator/ProjectTree.h"
+#include "simulator/Track.h"
+#include "tests/CallsOnRelease.h"
 #include "tests/SimulatedHost.h"
 #include "tracks/NoteList.h"
 #include "tracks/TrackTable.h"
@@ -15,6 +18,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <memory>
 
 namespace wybeta::extension {
@@ -210,6 +214,31 @@ TEST_F(Extension, KeepsItsTrackTableWhenTheChangedObjectIsNoNode) {
     EXPECT_EQ(extension.hookEdit(document.get(), nullptr), kResultOk);
     EXPECT_EQ(tracks::currentTrackTable()->size(), 1u);
     EXPECT_EQ(tracks::currentTrackTable()->at(nullptr).notes, records);
+}
+
+TEST_F(Extension, IsStillWholeWhenAHostCallsItWhileItIsDestroyed) {
+    const auto manager = makeHandle<tests::CallsOnRelease<simulator::ProjectManager>>(state);
+    const auto lastHost = makeHandle<tests::CallsOnRelease<simulator::ProjectHost>>(state, manager);
+    const auto project = makeHandle<simulator::TreeNode>(state, "Project", "project");
+    project->add(simulator::makeVoiceTrack(state));
+    auto extension = std::make_unique<WyBetaExtension>();
+    extension->initialize(static_cast<host::IProjectHost*>(lastHost.get()));
+    extension->projectChanged(project->argument());
+
+    // The one that was current is so until all is given back, with a table that lists nothing yet.
+    const auto walk = [extension = extension.get(), &project](std::size_t tracksBefore) {
+        ASSERT_NE(tracks::currentTrackTable(), nullptr);
+        EXPECT_EQ(tracks::currentTrackTable()->size(), tracksBefore);
+        extension->projectChanged(project->argument());
+        EXPECT_EQ(tracks::currentTrackTable()->size(), 1u);
+    };
+    manager->onRelease = [walk] { walk(0); };
+    lastHost->onRelease = [walk] { walk(1); };
+    extension.reset();
+    EXPECT_FALSE(manager->onRelease);
+    EXPECT_FALSE(lastHost->onRelease);
+    EXPECT_EQ(tracks::currentTrackTable(), nullptr);
+    EXPECT_TRUE(state->ledger.isBalanced()) << state->ledger.report();
 }
 
 TEST_F(Extension, KeepsItsTrackTableUntilItIsDestroyed) {

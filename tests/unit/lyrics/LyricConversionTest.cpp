@@ -199,6 +199,22 @@ TEST(Lyric, PassesOverWhatIsNeitherKanaNorAWord) {
     EXPECT_EQ(syllables("\x7F"), (SyllableList{}));
 }
 
+TEST(Lyric, BeginsAWordWithAnyCharacterFromTheExclamationMarkToTheTilde) {
+    constexpr std::string_view kWords = "!a\tx\t!a\n"
+                                        "~a\ty\t~a\n"
+                                        "\x7F"
+                                        "a\tz\ta\n"
+                                        "a\tah0\ta\n";
+    const auto dictionary = dictionary::loadPronunciationDictionary(
+        kWords.data(), static_cast<std::int32_t>(kWords.size()));
+    EXPECT_EQ(lyrics::lyricToSyllables("!a", dictionary), SyllableList{"x"});
+    EXPECT_EQ(lyrics::lyricToSyllables("~a", dictionary), SyllableList{"y"});
+    EXPECT_EQ(lyrics::lyricToSyllables("\x7F"
+                                       "a",
+                                       dictionary),
+              SyllableList{"ah"});
+}
+
 TEST(Lyric, MayHoldAZeroCharacter) {
     EXPECT_EQ(syllables(std::string_view("さ\0く", 7)), (SyllableList{"s a", "k u"}));
 }
