@@ -2,16 +2,26 @@
 #include "text/Utf16.h"
 
 #include <gtest/gtest.h>
+#include <utf8cpp/utf8.h>
 
 #include <string>
+#include <string_view>
 
 namespace wybeta::text {
 namespace {
+
+using namespace std::string_literals;
 
 std::string converted(const char16_t* text) {
     std::string utf8 = "what was there before";
     utf8FromUtf16(text, utf8);
     return utf8;
+}
+
+std::u16string converted(std::string_view utf8) {
+    std::u16string utf16 = u"what was there before";
+    utf16FromUtf8(utf8, utf16);
+    return utf16;
 }
 
 const std::string kReplacement = "\xEF\xBF\xBD";
@@ -91,6 +101,70 @@ TEST(Utf8FromUtf16, WritesOverAStringInItsOwnMemory) {
 
 TEST(Utf8FromUtf16, KeepsAReplacementCharacterOfTheText) {
     EXPECT_EQ(converted(u"\uFFFD"), kReplacement);
+}
+
+TEST(Utf16FromUtf8, GivesAnEmptyTextForAnEmptyText) {
+    EXPECT_EQ(converted(""), u"");
+}
+
+TEST(Utf16FromUtf8, TakesAsciiAsItIs) {
+    std::string ascii;
+    std::u16string expected;
+    for (char character = 1; character > 0 && character < 0x7F; ++character) {
+        ascii += character;
+        expected += static_cast<char16_t>(character);
+    }
+    EXPECT_EQ(converted(ascii), expected);
+}
+
+TEST(Utf16FromUtf8, WritesACharacterOfTheBasicPlaneInOneUnit) {
+    EXPECT_EQ(converted("さくら"), u"さくら");
+    EXPECT_EQ(converted("la か[k a]"), u"la か[k a]");
+    EXPECT_EQ(converted("\x7F\xC2\x80\xED\x9F\xBF\xEE\x80\x80\xEF\xBF\xBF"),
+              u"\u007F\u0080\uD7FF\uE000\uFFFF");
+}
+
+TEST(Utf16FromUtf8, WritesACharacterBeyondTheBasicPlaneAsASurrogatePair) {
+    EXPECT_EQ(converted("\xF0\x90\x80\x80"), u"\xD800\xDC00");
+    EXPECT_EQ(converted("か\xF0\x9F\x8E\xB5き"), u"か\xD83C\xDFB5き");
+    EXPECT_EQ(converted("\xF4\x8F\xBF\xBF"), u"\xDBFF\xDFFF");
+}
+
+TEST(Utf16FromUtf8, StopsAtTheFirstZeroByte) {
+    EXPECT_EQ(converted("la\0lu"s), u"la");
+    EXPECT_EQ(converted("か\0き"s), u"か");
+    EXPECT_EQ(converted("\0la"s), u"");
+    EXPECT_EQ(converted("la\0\xFF"s), u"la");
+}
+
+TEST(Utf16FromUtf8, RaisesForATextThatIsNotUtf8) {
+    for (const std::string_view bad : {"\xFF", "\x80", "\xE3\x81", "\xC0\x80", "\xED\xA0\x80",
+                                       "\xF4\x90\x80\x80", "la\xE3", "か\xFFき"}) {
+        std::u16string utf16;
+        EXPECT_THROW(utf16FromUtf8(bad, utf16), utf8::exception) << testing::PrintToString(bad);
+    }
+}
+
+TEST(Utf16FromUtf8, WritesOverAStringInItsOwnMemory) {
+    std::u16string utf16(100, u'x');
+    const char16_t* const memory = utf16.data();
+    utf16FromUtf8("さくら", utf16);
+    EXPECT_EQ(utf16, u"さくら");
+    EXPECT_EQ(utf16.data(), memory);
+}
+
+TEST(Utf16FromUtf8, BringsBackWhatUtf8FromUtf16Converted) {
+    std::u16string text;
+    for (char32_t character = 1; character <= 0x10FFFF; character += 13) {
+        if (character < 0x10000) {
+            text = {character < 0xD800 || character > 0xDFFF ? static_cast<char16_t>(character)
+                                                             : u'-'};
+        } else {
+            text = {static_cast<char16_t>(0xD800 + ((character - 0x10000) >> 10)),
+                    static_cast<char16_t>(0xDC00 + ((character - 0x10000) & 0x3FF))};
+        }
+        ASSERT_EQ(converted(converted(text.c_str())), text) << static_cast<unsigned>(character);
+    }
 }
 
 } // namespace
