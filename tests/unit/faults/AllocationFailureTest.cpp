@@ -3,9 +3,9 @@
 // Memory runs out, at every allocation in turn. The host's own allocations count as well: a host
 // that runs out of memory in the middle of a call is one that throws.
 #include "dictionary/PronunciationDictionary.h"
+#include "tests/faults/FaultTest.h"
+#include "tests/faults/Scenario.h"
 #include "tests/unit/faults/FailingAllocation.h"
-#include "tests/unit/faults/FaultTest.h"
-#include "tests/unit/faults/Scenario.h"
 
 #include "pluginterfaces/base/ipluginbase.h"
 #include "pluginterfaces/base/smartpointer.h"
@@ -23,16 +23,16 @@ namespace {
 
 using Extent = FailingAllocation::Extent;
 
-class AllocationFailure : public FaultTest {
+class AllocationFailure : public FaultTest, public testing::WithParamInterface<Scenario> {
 protected:
     static void failAtEachAllocation(Extent extent) {
-        playAtEachPlace([extent](Play& play, std::uint64_t number) {
+        playAtEachPlace(GetParam(), [extent](Play& play, std::uint64_t number) {
             bool isReached = false;
             bool isThrown = false;
             {
                 const FailingAllocation failure(number, extent);
                 try {
-                    act(play);
+                    play.act();
                 } catch (const std::bad_alloc&) {
                     isThrown = true;
                 }

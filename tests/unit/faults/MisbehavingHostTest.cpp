@@ -6,9 +6,9 @@
 #include "simulator/CallInterceptor.h"
 #include "simulator/HostObject.h"
 #include "simulator/ProjectTree.h"
-#include "tests/unit/faults/FaultSession.h"
-#include "tests/unit/faults/FaultTest.h"
-#include "tests/unit/faults/Scenario.h"
+#include "tests/faults/FaultSession.h"
+#include "tests/faults/FaultTest.h"
+#include "tests/faults/Scenario.h"
 
 #include "pluginterfaces/base/fvariant.h"
 
@@ -31,66 +31,28 @@ using Steinberg::kResultFalse;
 using Steinberg::kResultOk;
 using Steinberg::tresult;
 
-class MisbehavingHost : public FaultTest {
+class MisbehavingHost : public FaultTest, public testing::WithParamInterface<Scenario> {
 protected:
-    // Answers a call from that number on.
-    using Answerer = std::function<Answer(FaultSession&, const HostCall&)>;
-    // Returns the answerer of one play.
-    using MakeAnswerer = std::function<Answerer()>;
-
     static void answerFromEachCall(const MakeAnswerer& make) {
-        playAtEachPlace([&make](Play& play, std::uint64_t number) {
-            bool isReached = false;
-            const auto answer = make();
-            play.session.interceptFrom(number, [&](const HostCall& call) {
-                isReached = true;
-                return answer(play.session, call);
-            });
-            act(play);
-            expectSound(play);
-            return isReached;
-        });
+        FaultTest::answerFromEachCall(GetParam(), make);
     }
 
-    // Acts once in each play.
-    static void actInEachCall(const std::function<void(FaultSession&)>& change) {
-        answerFromEachCall([&change]() -> Answerer {
-            return [&change, hasActed = false](FaultSession& session, const HostCall&) mutable {
-                if (!hasActed) {
-                    hasActed = true;
-                    change(session);
-                }
-                return Answer::Normal;
-            };
-        });
+    static void actInEachCall(const std::function<void(FaultSession&)>& act) {
+        FaultTest::actInEachCall(GetParam(), act);
     }
 
     // Answers for one attribute in each play.
     static void answerForEachAttribute(const FaultyNote::Answerer& answer) {
-        playAtEachPlace([&answer](Play& play, std::uint64_t number) {
+        playAtEachPlace(GetParam(), [&answer](Play& play, std::uint64_t number) {
             std::uint64_t count = 0;
             play.session.answerer = [&](FVariant& value) {
                 return ++count == number ? answer(value) : std::nullopt;
             };
-            act(play);
+            play.act();
             play.session.answerer = nullptr;
             expectSound(play);
             return count >= number;
         });
-    }
-
-private:
-    // The table lists notes that are or were in the project. What was no note when its track was
-    // met has an empty record.
-    static void expectSound(Play& play) {
-        expectReferencesBack(play);
-        for (const auto& [track, list] : play.session.picture().table) {
-            EXPECT_NE(track, "unknown");
-            for (const auto& line : list) {
-                EXPECT_TRUE(line.rfind("note ", 0) == 0 || line == "unknown (0) at 0 for 0:  / ")
-                    << line;
-            }
-        }
     }
 };
 

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tests/unit/faults/FaultSession.h"
+#include "tests/faults/FaultSession.h"
 
-#include "tracks/TrackTable.h"
+#include "host/IProjectTrack.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <sstream>
 #include <stdexcept>
 
@@ -31,6 +32,11 @@ std::uint32_t referencesTo(Steinberg::FUnknown& object) {
     return object.release();
 }
 
+// The address by which the extension knows a track.
+const void* keyOf(const Track& track) {
+    return static_cast<const host::IProjectTrack*>(&track);
+}
+
 std::vector<std::string> lyricsOf(const Track& track) {
     return {FaultSession::noteOf(track, 0).lyric(), FaultSession::noteOf(track, 1).lyric()};
 }
@@ -46,11 +52,11 @@ Steinberg::tresult FaultyNote::getAttribute(Steinberg::FIDString key, Steinberg:
     return Event::getAttribute(key, value);
 }
 
-FaultSession::FaultSession(const simulator::ExtensionInstance& extension)
-    : extension_(extension), project_(makeHandle<TreeNode>(state_, "Project", "project")),
+FaultSession::FaultSession(const Subject& subject)
+    : subject_(subject), project_(makeHandle<TreeNode>(state_, "Project", "project")),
       context_(makeHandle<simulator::EditContext>(state_)),
       collector_(makeHandle<simulator::ObjectCollector>(state_)),
-      referencesAtStart_(referencesTo(extension.base())) {
+      referencesAtStart_(referencesTo(extension().base())) {
     const auto melody = makeTrack({longLyric('a'), longLyric('b'), longLyric('c')});
     melody->add(makePart({longLyric('d')}));
     partOf(*melody).insert(1, Handle<TreeItem>());
@@ -74,14 +80,14 @@ FaultSession::~FaultSession() {
     notify();
     EXPECT_EQ(tableLists(), NoteLists());
     terminate();
-    EXPECT_EQ(tracks::currentTrackTable(), nullptr);
+    EXPECT_FALSE(subject_.table());
     EXPECT_EQ(strayReferences(), 0);
     EXPECT_TRUE(state_->ledger.isBalanced()) << state_->ledger.report();
     context_ = {};
     collector_ = {};
     project_ = {};
     document_ = {};
-    host_.reset();
+    hosts_.clear();
     EXPECT_EQ(state_->ledger.objectsAlive(), 0u);
 }
 
@@ -126,7 +132,7 @@ Handle<Part> FaultSession::makePart(const std::vector<std::string>& lyrics) {
 
 Handle<Track> FaultSession::makeTrack(const std::vector<std::string>& lyrics) {
     auto track = simulator::makeVoiceTrack(state_);
-    names_[static_cast<tracks::TrackKey>(track.get())] = "track " + std::to_string(++namesGiven_);
+    names_[keyOf(*track)] = "track " + std::to_string(++namesGiven_);
     track->add(makePart(lyrics));
     return track;
 }
@@ -137,6 +143,39 @@ void FaultSession::remove(TreeNode& parent, std::size_t index) {
         history_.push_back(item);
     }
     parent.remove(*item);
+}
+
+void FaultSession::removeAll(TreeNode& parent) {
+    for (auto index = parent.items().size(); index-- > 0;) {
+        if (parent.items()[index]) {
+            remove(parent, index);
+        }
+    }
+}
+
+Steinberg::tresult FaultSession::initialize() {
+    const auto result = extension().base().initialize(hosts_.back().context());
+    isInitialized_ = isInitialized_ || result == Steinberg::kResultOk;
+    return result;
+}
+
+void FaultSession::terminate() {
+    isInitialized_ = false;
+    extension().base().terminate();
+}
+
+void FaultSession::changeHost() {
+    hosts_.emplace_back(state_);
+}
+
+simulator::EditSteps FaultSession::hookAnotherEdit() {
+    const auto context = makeHandle<simulator::EditContext>(state_);
+    hook(*context);
+    return context->steps();
+}
+
+void FaultSession::hook(simulator::EditContext& context) {
+    extension().editHook().hookEdit(project_->argument(), &context);
 }
 
 void FaultSession::keepSteps() {
@@ -152,6 +191,15 @@ void FaultSession::forgetSteps() {
     dropNewSteps();
     steps_.clear();
     history_.clear();
+}
+
+void FaultSession::undoAndRedoSteps() {
+    auto steps = steps_;
+    steps.insert(steps.end(), context_->steps().begin(), context_->steps().end());
+    for (const auto& step : steps) {
+        step->undo();
+        step->redo();
+    }
 }
 
 void FaultSession::interceptFrom(std::uint64_t number, const Intercept& intercept) {
@@ -173,30 +221,46 @@ Picture FaultSession::picture() const {
 }
 
 std::int64_t FaultSession::projectReferences() const {
-    return state_->ledger.outstanding() - host_->references();
+    auto references = state_->ledger.outstanding();
+    for (const auto& host : hosts_) {
+        references -= host.references();
+    }
+    return references;
 }
 
 std::int64_t FaultSession::strayReferences() const {
-    std::int64_t references = referencesTo(extension_.base()) - std::int64_t(referencesAtStart_);
+    std::int64_t references = referencesTo(extension().base()) - std::int64_t(referencesAtStart_);
     for (const auto& step : steps_) {
         references += referencesTo(*step) - 1;
     }
     return references;
 }
 
-bool FaultSession::isHostHeldOnce() const {
-    return host_->projectHost->moduleReferences() <= 1 && host_->manager->moduleReferences() <= 1;
+bool FaultSession::areHostsHeldOnce() const {
+    return std::all_of(hosts_.begin(), hosts_.end(), [](const SimulatedHost& host) {
+        return host.projectHost->moduleReferences() <= 1 && host.manager->moduleReferences() <= 1;
+    });
+}
+
+void FaultSession::expectTableMatches() const {
+    if (subject_.showsTable()) {
+        const auto now = picture();
+        EXPECT_EQ(now.table, now.project);
+    }
 }
 
 void FaultSession::expectRecovers() {
     state_->calls.stopIntercepting();
     answerer = nullptr;
-    if (tracks::currentTrackTable() == nullptr) {
+    if (subject_.showsTable()) {
+        EXPECT_EQ(subject_.table().has_value(), isInitialized_);
+    }
+    if (!isInitialized_) {
         EXPECT_EQ(initialize(), Steinberg::kResultOk);
     }
     hook();
-    const auto settled = picture();
-    EXPECT_EQ(settled.table, settled.project);
+    expectTableMatches();
+    EXPECT_TRUE(hookAnotherEdit().empty());
 
     forgetSteps();
     const auto track = makeTrack({"", ""});
@@ -211,16 +275,17 @@ void FaultSession::expectRecovers() {
     EXPECT_EQ(lyricsOf(*track), (Lyrics{"かき[k a]", "[k i]"}));
     steps_[0]->undo();
     EXPECT_EQ(lyricsOf(*track), (Lyrics{"", ""}));
-    EXPECT_EQ(picture().table, picture().project);
+    expectTableMatches();
     steps_[0]->redo();
     EXPECT_EQ(lyricsOf(*track), (Lyrics{"かき[k a]", "[k i]"}));
-    EXPECT_EQ(picture().table, picture().project);
+    expectTableMatches();
+    EXPECT_TRUE(hookAnotherEdit().empty());
 }
 
-std::string FaultSession::lineOf(const tracks::NoteRecord& record) const {
+std::string FaultSession::lineOf(const SeenNote& note) const {
     std::ostringstream line;
-    line << nameOf(record.event) << " (" << record.value << ") at " << record.start << " for "
-         << record.length << ": " << record.lyrics << " / " << record.phoneme;
+    line << nameOf(note.event) << " (" << note.value << ") at " << note.start << " for "
+         << note.length << ": " << note.lyric << " / " << note.phoneme;
     return line.str();
 }
 
@@ -231,12 +296,10 @@ std::string FaultSession::nameOf(const void* object) const {
 
 NoteLists FaultSession::tableLists() const {
     NoteLists lists;
-    if (const auto* const table = tracks::currentTrackTable()) {
-        for (const auto& [track, entry] : *table) {
-            auto& list = lists[nameOf(track)];
-            for (const auto& record : *entry.notes) {
-                list.push_back(lineOf(record));
-            }
+    for (const auto& [track, notes] : subject_.table().value_or(SeenTracks())) {
+        auto& list = lists[nameOf(track)];
+        for (const auto& note : notes) {
+            list.push_back(lineOf(note));
         }
     }
     return lists;
@@ -249,17 +312,17 @@ void FaultSession::readTracks(const TreeNode& node, NoteLists& lists) const {
         }
         const auto* const track = dynamic_cast<const Track*>(child.get());
         // The track that does not sing has no name.
-        if (track == nullptr || names_.count(static_cast<tracks::TrackKey>(track)) == 0) {
+        if (track == nullptr || names_.count(keyOf(*track)) == 0) {
             continue;
         }
-        auto& list = lists[nameOf(static_cast<tracks::TrackKey>(track))];
+        auto& list = lists[nameOf(keyOf(*track))];
         for (const auto& item : track->items()) {
             const auto& part = dynamic_cast<const Part&>(*item);
             for (const auto& event : part.items()) {
                 if (auto* const note = dynamic_cast<Event*>(event.get())) {
-                    list.push_back(
-                        lineOf({part.start() + note->startInPart, note->duration, note->pitch,
-                                note->lyric(), note->text("phoneme"), note->ownInterface()}));
+                    list.push_back(lineOf({note->ownInterface(), part.start() + note->startInPart,
+                                           note->duration, note->pitch, note->lyric(),
+                                           note->text("phoneme")}));
                 }
             }
         }

@@ -10,7 +10,7 @@
 #include "simulator/ProjectTree.h"
 #include "simulator/Track.h"
 #include "tests/SimulatedHost.h"
-#include "tracks/NoteRecord.h"
+#include "tests/faults/Subject.h"
 
 #include "pluginterfaces/base/fvariant.h"
 
@@ -54,19 +54,20 @@ private:
 
 // A host and a project of its own for an extension that has been through other sessions and goes on
 // to more. The project has a track to divide, one that does not sing, and one in a folder in a
-// folder. At the end, the extension has to have given everything back and to remember nothing.
+// folder. At the end, the extension has to have given everything back and to remember nothing. What
+// it remembers is looked at where it can be.
 class FaultSession {
 public:
     using Intercept = std::function<simulator::Answer(const simulator::HostCall&)>;
 
     // Initialises the extension, which is not to be initialised now.
-    explicit FaultSession(const simulator::ExtensionInstance& extension);
+    explicit FaultSession(const Subject& subject);
     ~FaultSession();
     FaultSession(const FaultSession&) = delete;
     FaultSession& operator=(const FaultSession&) = delete;
 
     const simulator::SharedState& state() const { return state_; }
-    const simulator::ExtensionInstance& extension() const { return extension_; }
+    const simulator::ExtensionInstance& extension() const { return subject_.extension(); }
     simulator::Document& document() const { return *document_; }
 
     // The places of the project as it is built; they are there as long as nobody removes them.
@@ -84,18 +85,28 @@ public:
     // Takes an item out of the tree. While the extension's steps are in the history, the history
     // keeps the item.
     void remove(simulator::TreeNode& parent, std::size_t index);
+    // Takes all items out, but for gaps.
+    void removeAll(simulator::TreeNode& parent);
 
     // The calls of the extension. Only the extension, and the host that it calls, allocate in them.
-    Steinberg::tresult initialize() { return extension_.base().initialize(host_->context()); }
-    void terminate() { extension_.base().terminate(); }
-    void notify() { extension_.notification().projectChanged(project_->argument()); }
-    void hook() { extension_.editHook().hookEdit(project_->argument(), context_.get()); }
+    Steinberg::tresult initialize();
+    void terminate();
+    void notify() { extension().notification().projectChanged(project_->argument()); }
+    void hook() { hook(*context_); }
+
+    // From here on, initialises the extension with another host.
+    void changeHost();
+    // Hooks an edit apart from the others. The steps have been performed.
+    simulator::EditSteps hookAnotherEdit();
 
     // Puts the steps of the hooks so far into the history, or drops them.
     void keepSteps();
     void dropNewSteps();
     // Clears the history.
     void forgetSteps();
+    // Undoes and redoes each step that was not dropped.
+    void undoAndRedoSteps();
+    // The steps in the history.
     const simulator::EditSteps& steps() const { return steps_; }
     simulator::ObjectCollector& collector() const { return *collector_; }
 
@@ -106,29 +117,32 @@ public:
     // Answers for the attributes of all notes while it is set.
     FaultyNote::Answerer answerer;
 
-    // Empty lists of the table while the extension is not initialised.
+    // The table is empty while the extension is not initialised, and out of sight.
     Picture picture() const;
     // References that the extension or its steps hold to the project.
     std::int64_t projectReferences() const;
     // References to the extension and to its steps, other than those of this session.
     std::int64_t strayReferences() const;
 
-    // Whether neither the host nor its manager is held more than once.
-    bool isHostHeldOnce() const;
+    // Whether no host and no manager is held more than once.
+    bool areHostsHeldOnce() const;
     // Lets the host behave from here on, and expects that a hook brings the table in line with the
     // project and that a lyric can be divided, undone and redone.
     void expectRecovers();
 
 private:
-    std::string lineOf(const tracks::NoteRecord& record) const;
+    void hook(simulator::EditContext& context);
+    void expectTableMatches() const;
+    std::string lineOf(const SeenNote& note) const;
     std::string nameOf(const void* object) const;
     NoteLists tableLists() const;
     void readTracks(const simulator::TreeNode& node, NoteLists& lists) const;
 
-    const simulator::ExtensionInstance& extension_;
+    const Subject& subject_;
     simulator::SharedState state_ = std::make_shared<simulator::HostState>();
-    std::optional<SimulatedHost> host_{state_};
-    simulator::Handle<simulator::Document> document_ = host_->openDocument();
+    // The last one is that of the session; the others may still be in the middle of a call.
+    std::vector<SimulatedHost> hosts_{SimulatedHost(state_)};
+    simulator::Handle<simulator::Document> document_ = hosts_.back().openDocument();
     simulator::Handle<simulator::TreeNode> project_;
     simulator::Handle<simulator::EditContext> context_;
     simulator::Handle<simulator::ObjectCollector> collector_;
@@ -138,6 +152,7 @@ private:
     std::map<const void*, std::string> names_;
     std::size_t namesGiven_ = 0;
     std::uint64_t referencesAtStart_ = 0;
+    bool isInitialized_ = false;
 };
 
 } // namespace wybeta::tests

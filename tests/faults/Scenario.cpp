@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tests/unit/faults/Scenario.h"
+#include "tests/faults/Scenario.h"
+
+#include <cstddef>
 
 namespace wybeta::tests {
 
@@ -81,6 +83,20 @@ void reportStep(FaultSession& session) {
     session.steps().at(0)->reportChangedObjects(&session.collector());
 }
 
+// The host may drop all steps in the middle, the one at work among them.
+void useSteps(FaultSession& session) {
+    const auto& steps = session.steps();
+    for (std::size_t i = 0; i < steps.size(); ++i) {
+        steps[i]->undo();
+        if (i < steps.size()) {
+            steps[i]->redo();
+        }
+        if (i < steps.size()) {
+            steps[i]->reportChangedObjects(&session.collector());
+        }
+    }
+}
+
 void notify(FaultSession& session) {
     session.notify();
 }
@@ -111,6 +127,10 @@ void PrintTo(const Scenario& scenario, std::ostream* out) {
     *out << scenario.name;
 }
 
+std::string nameOf(const testing::TestParamInfo<Scenario>& info) {
+    return info.param.name;
+}
+
 const std::vector<Scenario>& scenarios() {
     static const std::vector<Scenario> list{
         {"FirstNotification", beNew, notify},
@@ -135,6 +155,11 @@ const std::vector<Scenario>& scenarios() {
         {"DocumentClosing", know, closeDocument},
     };
     return list;
+}
+
+const Scenario& stepsOfManyChanges() {
+    static const Scenario scenario{"StepsOfManyChanges", done<changedAllOver>, useSteps};
+    return scenario;
 }
 
 } // namespace wybeta::tests

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "tests/unit/faults/FaultSession.h"
+#include "tests/faults/FaultSession.h"
+
+#include <gtest/gtest.h>
 
 #include <ostream>
+#include <string>
 #include <vector>
 
 namespace wybeta::tests {
@@ -15,9 +18,15 @@ struct Scenario {
     void (*act)(FaultSession&);
 };
 
+// The name, which is also that of the test with the scenario.
 void PrintTo(const Scenario& scenario, std::ostream* out);
+std::string nameOf(const testing::TestParamInfo<Scenario>& info);
 
 // Each call in which the extension calls the host or needs memory, but for its construction.
 const std::vector<Scenario>& scenarios();
+
+// All steps of one edit, one after the other: more than one call, so that what a fault leaves is
+// neither what was there before nor what the calls were to leave.
+const Scenario& stepsOfManyChanges();
 
 } // namespace wybeta::tests
