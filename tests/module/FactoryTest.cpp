@@ -64,7 +64,9 @@ protected:
     }
 };
 
-TEST_F(Factory, TellsWhoMadeTheModule) {
+using FactoryInfo = Factory;
+
+TEST_F(FactoryInfo, TellsWhoMadeTheModule) {
     auto info = recordToFill<PFactoryInfo>();
     EXPECT_EQ(factory->getFactoryInfo(&info), kResultOk);
     EXPECT_EQ(field(info.vendor), filled("WY Beta", 64));
@@ -74,14 +76,14 @@ TEST_F(Factory, TellsWhoMadeTheModule) {
     EXPECT_EQ(info.flags, 16);
 }
 
-TEST_F(Factory, ListsOneClass) {
+TEST_F(FactoryInfo, ListsOneClass) {
     EXPECT_EQ(factory->countClasses(), 1);
     PClassInfo record;
     EXPECT_EQ(factory->getClassInfo(1, &record), kInvalidArgument);
     EXPECT_EQ(factory->getClassInfo(-1, &record), kInvalidArgument);
 }
 
-TEST_F(Factory, DescribesTheClassInTheFirstRecordForm) {
+TEST_F(FactoryInfo, DescribesTheClassInTheFirstRecordForm) {
     auto record = recordToFill<PClassInfo>();
     EXPECT_EQ(factory->getClassInfo(0, &record), kResultOk);
     EXPECT_EQ(std::memcmp(record.cid, kClassId.data(), kClassId.size()), 0);
@@ -90,7 +92,7 @@ TEST_F(Factory, DescribesTheClassInTheFirstRecordForm) {
     EXPECT_EQ(field(record.name), filled("WY Beta", 64));
 }
 
-TEST_F(Factory, DescribesTheClassInTheSecondRecordForm) {
+TEST_F(FactoryInfo, DescribesTheClassInTheSecondRecordForm) {
     const FUnknownPtr<IPluginFactory2> factory2(factory);
     auto record = recordToFill<PClassInfo2>();
     EXPECT_EQ(factory2->getClassInfo2(0, &record), kResultOk);
@@ -105,7 +107,7 @@ TEST_F(Factory, DescribesTheClassInTheSecondRecordForm) {
     EXPECT_EQ(field(record.sdkVersion), filled("4.1", 64));
 }
 
-TEST_F(Factory, DescribesTheClassInTheUnicodeRecordForm) {
+TEST_F(FactoryInfo, DescribesTheClassInTheUnicodeRecordForm) {
     const FUnknownPtr<IPluginFactory3> factory3(factory);
     auto record = recordToFill<PClassInfoW>();
     EXPECT_EQ(factory3->getClassInfoUnicode(0, &record), kResultOk);

@@ -44,56 +44,56 @@ Items convert(std::u32string_view lyric, Items items = {}) {
     return convert(realDictionary(), lyric, std::move(items));
 }
 
-TEST(ConvertEnglishWord, AppendsOneItemForEachSyllable) {
+TEST(WordLookup, AppendsOneItemForEachSyllable) {
     EXPECT_EQ(convert(U"abandon"), (Items{"ah", "b ae n", "d ah n"}));
     EXPECT_EQ(convert(U"a"), Items{"ah"});
 }
 
-TEST(ConvertEnglishWord, TakesCapitalsAsSmallLetters) {
+TEST(WordLookup, TakesCapitalsAsSmallLetters) {
     EXPECT_EQ(convert(U"Abandon"), convert(U"abandon"));
     EXPECT_EQ(convert(U"ABANDON"), convert(U"abandon"));
 }
 
-TEST(ConvertEnglishWord, TakesNoOtherLettersAsSmallOnes) {
+TEST(WordLookup, TakesNoOtherLettersAsSmallOnes) {
     const auto dictionary =
         load("\xC3\x89z\tey1 z\t\xC3\x89z\n"); // LATIN CAPITAL LETTER E WITH ACUTE
     EXPECT_EQ(convert(dictionary, U"\u00C9Z"), Items{"ey z"});
     EXPECT_EQ(convert(dictionary, U"\u00E9z"), Items{});
 }
 
-TEST(ConvertEnglishWord, AppendsBehindTheItemsThatAreThere) {
+TEST(WordLookup, AppendsBehindTheItemsThatAreThere) {
     EXPECT_EQ(convert(U"a", {"k a"}), (Items{"k a", "ah"}));
     EXPECT_EQ(convert(U"lo-ve", {"k a"}), (Items{"k a", "l ah", "- v"}));
 }
 
-TEST(ConvertEnglishWord, AppendsNothingForAnUnknownWord) {
+TEST(WordLookup, AppendsNothingForAnUnknownWord) {
     EXPECT_EQ(convert(U"xyzzy"), Items{});
     EXPECT_EQ(convert(U"xyzzy", {"k a", "ah"}), (Items{"k a", "ah"}));
 }
 
-TEST(ConvertEnglishWord, ChoosesAnAlternativeByItsSuffixOnly) {
+TEST(WordLookup, ChoosesAnAlternativeByItsSuffixOnly) {
     EXPECT_EQ(convert(U"a(1)"), Items{"ey"});
     EXPECT_EQ(convert(U"the(2)"), Items{"dh iy"});
     EXPECT_EQ(convert(U"the"), Items{"dh ah"});
 }
 
-TEST(ConvertEnglishWord, KeepsEveryMarkButTheHyphen) {
+TEST(WordLookup, KeepsEveryMarkButTheHyphen) {
     EXPECT_EQ(convert(U"don't"), Items{"d ow n t"});
     EXPECT_EQ(convert(U"'bout"), Items{"b aw t"});
     EXPECT_EQ(convert(U"love."), Items{});
 }
 
-TEST(ConvertEnglishWord, ReadsItsRangeOfTheLyricOnly) {
+TEST(WordLookup, ReadsItsRangeOfTheLyricOnly) {
     Items items;
     convertEnglishWord(realDictionary(), U"my love!", 3, 7, items);
     EXPECT_EQ(items, Items{"l ah v"});
 }
 
-TEST(ConvertEnglishWord, DoesNotFindAWordWithAKanaAtItsEnd) {
+TEST(WordLookup, DoesNotFindAWordWithAKanaAtItsEnd) {
     EXPECT_EQ(convert(U"love\u30AD", {"k a"}), Items{"k a"});
 }
 
-TEST(ConvertEnglishWord, DoesNothingForARangeThatIsEmptyOrNotInTheLyric) {
+TEST(WordLookup, DoesNothingForARangeThatIsEmptyOrNotInTheLyric) {
     constexpr auto kLeast = std::numeric_limits<std::int32_t>::min();
     constexpr auto kGreatest = std::numeric_limits<std::int32_t>::max();
     const std::pair<std::int32_t, std::int32_t> ranges[] = {
@@ -105,7 +105,7 @@ TEST(ConvertEnglishWord, DoesNothingForARangeThatIsEmptyOrNotInTheLyric) {
     }
 }
 
-TEST(ConvertEnglishWord, RaisesOnWhatIsNoCodePointAndLeavesTheItems) {
+TEST(WordLookup, RaisesOnWhatIsNoCodePointAndLeavesTheItems) {
     for (const char32_t invalid : {0xD800u, 0xDFFFu, 0x110000u, 0xFFFFFFFFu}) {
         Items items{"k a"};
         const std::u32string lyric{U'a', invalid};
@@ -115,55 +115,55 @@ TEST(ConvertEnglishWord, RaisesOnWhatIsNoCodePointAndLeavesTheItems) {
     }
 }
 
-TEST(ConvertEnglishWord, MakesZeroARestAtTheBeginning) {
+TEST(WordLookup, MakesZeroARestAtTheBeginning) {
     EXPECT_EQ(convert(U"0"), Items{"sil"});
 }
 
-TEST(ConvertEnglishWord, MakesALoneSymbolARestForZero) {
+TEST(WordLookup, MakesALoneSymbolARestForZero) {
     EXPECT_EQ(convert(U"0", {"k a", "a"}), (Items{"k a", "sil"}));
     EXPECT_EQ(convert(U"0", {"- "}), Items{"sil"});
     EXPECT_EQ(convert(U"0", {""}), Items{"sil"});
     EXPECT_EQ(convert(U"0", {"sil"}), Items{"sil"});
 }
 
-TEST(ConvertEnglishWord, TakesTheLastSymbolOffForZero) {
+TEST(WordLookup, TakesTheLastSymbolOffForZero) {
     EXPECT_EQ(convert(U"0", {"b ae n"}), Items{"b ae"});
     EXPECT_EQ(convert(U"0", {"k a", "k a"}), (Items{"k a", "k"}));
     EXPECT_EQ(convert(U"0", {"- n"}), Items{"-"});
     EXPECT_EQ(convert(U"0", {" b \t ae  n "}), Items{"b ae"});
 }
 
-TEST(ConvertEnglishWord, TakesNoOtherWordForZero) {
+TEST(WordLookup, TakesNoOtherWordForZero) {
     for (const auto word : {U"00", U"0-", U"-0", U"\uFF10"}) {
         EXPECT_EQ(convert(word, {"b ae n"}), Items{"b ae n"});
     }
 }
 
-TEST(ConvertEnglishWord, MakesRoomForZeroBeforeItLooksItUp) {
+TEST(WordLookup, MakesRoomForZeroBeforeItLooksItUp) {
     EXPECT_EQ(convert(load("0\tz iy1 . r ow0\tze . ro\n"), U"0", {"b ae n"}),
               (Items{"b ae", "z iy", "r ow"}));
 }
 
-TEST(ConvertEnglishWord, CutsTheSyllableOfAHyphenBehindItsVowel) {
+TEST(WordLookup, CutsTheSyllableOfAHyphenBehindItsVowel) {
     EXPECT_EQ(convert(U"lo-ve"), (Items{"l ah", "- v"}));
 }
 
-TEST(ConvertEnglishWord, KeepsTheSpaceOfAHyphenWithNothingBehindTheVowel) {
+TEST(WordLookup, KeepsTheSpaceOfAHyphenWithNothingBehindTheVowel) {
     EXPECT_EQ(convert(U"hel-lo"), (Items{"hh ah", "l ow", "- "}));
 }
 
-TEST(ConvertEnglishWord, AppendsOneItemForEachHyphen) {
+TEST(WordLookup, AppendsOneItemForEachHyphen) {
     EXPECT_EQ(convert(U"lo--ve"), (Items{"l ah", "-", "- v"}));
     EXPECT_EQ(convert(U"-l-o-v-e-"), (Items{"l ah", "-", "-", "-", "-", "- v"}));
 }
 
-TEST(ConvertEnglishWord, CountsAHyphenAtEitherEnd) {
+TEST(WordLookup, CountsAHyphenAtEitherEnd) {
     EXPECT_EQ(convert(U"-love"), (Items{"l ah", "- v"}));
     EXPECT_EQ(convert(U"love-"), (Items{"l ah", "- v"}));
     EXPECT_EQ(convert(U"-abandon"), (Items{"ah", "- ", "b ae n", "d ah n"}));
 }
 
-TEST(ConvertEnglishWord, CountsAHyphenOnTheWrittenSyllableOfTheLetterBefore) {
+TEST(WordLookup, CountsAHyphenOnTheWrittenSyllableOfTheLetterBefore) {
     EXPECT_EQ(convert(U"a-bandon"), (Items{"ah", "- ", "b ae n", "d ah n"}));
     EXPECT_EQ(convert(U"ab-andon"), (Items{"ah", "b ae", "- n", "d ah n"}));
     EXPECT_EQ(convert(U"aba-ndon"), (Items{"ah", "b ae", "- n", "d ah n"}));
@@ -171,42 +171,42 @@ TEST(ConvertEnglishWord, CountsAHyphenOnTheWrittenSyllableOfTheLetterBefore) {
     EXPECT_EQ(convert(U"a-ban--don"), (Items{"ah", "- ", "b ae n", "d ah", "-", "- n"}));
 }
 
-TEST(ConvertEnglishWord, FoldsWrittenSyllablesOntoTheLastSpokenOne) {
+TEST(WordLookup, FoldsWrittenSyllablesOntoTheLastSpokenOne) {
     EXPECT_EQ(convert(U"abandon-"), (Items{"ah", "b ae n", "d ah", "- n"}));
 }
 
-TEST(ConvertEnglishWord, CountsAHyphenBehindAllWrittenLettersOnTheFirstSyllable) {
+TEST(WordLookup, CountsAHyphenBehindAllWrittenLettersOnTheFirstSyllable) {
     const auto dictionary = load("abc\tey1 b . s iy1\ta . b\n");
     EXPECT_EQ(convert(dictionary, U"ab-c"), (Items{"ey b", "s iy", "- "}));
     EXPECT_EQ(convert(dictionary, U"abc-"), (Items{"ey", "- b", "s iy"}));
     EXPECT_EQ(convert(dictionary, U"ab-c-"), (Items{"ey", "- b", "s iy", "- "}));
 }
 
-TEST(ConvertEnglishWord, CountsBytesNotCharacters) {
+TEST(WordLookup, CountsBytesNotCharacters) {
     const auto dictionary = load("\xC3\xA9z\tey1 . z iy1\t\xC3\xA9 . z\n");
     EXPECT_EQ(convert(dictionary, U"\u00E9-z"), (Items{"ey", "- ", "z iy"}));
     EXPECT_EQ(convert(dictionary, U"\u00E9z-"), (Items{"ey", "z iy", "- "}));
 }
 
-TEST(ConvertEnglishWord, FindsTheWordWithoutItsHyphens) {
+TEST(WordLookup, FindsTheWordWithoutItsHyphens) {
     EXPECT_EQ(convert(U"3-d"), (Items{"th r iy", "- ", "d iy"}));
     EXPECT_EQ(convert(U"!exclamation-point"), Items{});
 }
 
-TEST(ConvertEnglishWord, AppendsNothingForHyphensAlone) {
+TEST(WordLookup, AppendsNothingForHyphensAlone) {
     EXPECT_EQ(convert(U"-"), Items{});
     EXPECT_EQ(convert(U"---", {"k a"}), Items{"k a"});
 }
 
-TEST(ConvertEnglishWord, CutsASyllableWithoutANucleusBehindItsFirstSymbol) {
+TEST(WordLookup, CutsASyllableWithoutANucleusBehindItsFirstSymbol) {
     EXPECT_EQ(convert(load("kp\tk p\tkp\n"), U"k-p"), (Items{"k", "- p"}));
 }
 
-TEST(ConvertEnglishWord, CutsBehindASymbolThatBeginsAMember) {
+TEST(WordLookup, CutsBehindASymbolThatBeginsAMember) {
     EXPECT_EQ(convert(load("kt\tk t\tkt\n"), U"k-t"), (Items{"k t", "- "}));
 }
 
-TEST(ConvertEnglishWord, TakesOddEntriesAsTheyAre) {
+TEST(WordLookup, TakesOddEntriesAsTheyAre) {
     const auto dictionary = load("none\t\tnone\n"
                                  "dots\t..\t.\n"
                                  "wide\t b   ae\v. n \twide\n");
@@ -218,7 +218,7 @@ TEST(ConvertEnglishWord, TakesOddEntriesAsTheyAre) {
     EXPECT_EQ(convert(dictionary, U"w-ide"), (Items{"b ae", "- ", "n"}));
 }
 
-TEST(ConvertEnglishWord, TakesAMillionLettersAndHyphens) {
+TEST(WordLookup, TakesAMillionLettersAndHyphens) {
     constexpr std::size_t kMillion = 1000000;
     EXPECT_EQ(convert(std::u32string(kMillion, U'a')), Items{});
     EXPECT_EQ(convert(std::u32string(kMillion, U'-')), Items{});
@@ -230,7 +230,7 @@ TEST(ConvertEnglishWord, TakesAMillionLettersAndHyphens) {
     EXPECT_EQ(items.back(), "- v");
 }
 
-TEST(ConvertEnglishWord, TakesAHyphenBehindEachOfManySyllables) {
+TEST(WordLookup, TakesAHyphenBehindEachOfManySyllables) {
     constexpr std::size_t kSyllables = 100000;
     std::string word;
     std::string phonemes;
@@ -274,7 +274,7 @@ std::string joinedBy(std::string_view separator, const Items& items) {
     return text;
 }
 
-TEST(ConvertEnglishWord, GivesTheSyllablesOfEveryWordWithoutAHyphen) {
+TEST(WordLookup, GivesTheSyllablesOfEveryWordWithoutAHyphen) {
     Items items;
     for (const auto item : realDictionary()) {
         if (!hasHyphen(item.word)) {
@@ -287,7 +287,7 @@ TEST(ConvertEnglishWord, GivesTheSyllablesOfEveryWordWithoutAHyphen) {
     }
 }
 
-TEST(ConvertEnglishWord, GivesTheSyllablesOfEveryWordInCapitals) {
+TEST(WordLookup, GivesTheSyllablesOfEveryWordInCapitals) {
     Items items;
     for (const auto item : realDictionary()) {
         if (!hasHyphen(item.word)) {
@@ -303,7 +303,7 @@ TEST(ConvertEnglishWord, GivesTheSyllablesOfEveryWordInCapitals) {
     }
 }
 
-TEST(ConvertEnglishWord, NeverReachesAnEntryWithAHyphen) {
+TEST(WordLookup, NeverReachesAnEntryWithAHyphen) {
     int words = 0;
     for (const auto item : realDictionary()) {
         if (hasHyphen(item.word)) {
@@ -328,7 +328,7 @@ void spell(const Items& items, std::string& phonemes) {
     }
 }
 
-TEST(ConvertEnglishWord, KeepsThePhonemesOfEveryWordWithAHyphenAtEveryPlaceInside) {
+TEST(WordLookup, KeepsThePhonemesOfEveryWordWithAHyphenAtEveryPlaceInside) {
     Items items;
     std::string spelled;
     for (const auto item : realDictionary()) {
@@ -350,14 +350,14 @@ TEST(ConvertEnglishWord, KeepsThePhonemesOfEveryWordWithAHyphenAtEveryPlaceInsid
     }
 }
 
-TEST(FindSyllableNucleus, IsTheFirstVowel) {
+TEST(WordLookupNucleus, IsTheFirstVowel) {
     EXPECT_EQ(findSyllableNucleus({"b", "ae", "n"}), 1);
     EXPECT_EQ(findSyllableNucleus({"ah"}), 0);
     EXPECT_EQ(findSyllableNucleus({"s", "t", "r", "eh", "ng", "k", "th", "s"}), 3);
     EXPECT_EQ(findSyllableNucleus({"ow", "er"}), 0);
 }
 
-TEST(FindSyllableNucleus, KnowsEveryMember) {
+TEST(WordLookupNucleus, KnowsEveryMember) {
     for (const auto member : {"ih", "eh", "ae", "aa", "ah", "uh", "ax", "iy", "uw", "ao", "er",
                               "ey", "ay", "oy", "ow", "aw", "a",  "i",  "u",  "e",  "o",  "N"}) {
         EXPECT_EQ(findSyllableNucleus({"w", "f", member}), 2) << member;
@@ -370,12 +370,12 @@ TEST(FindSyllableNucleus, KnowsEveryMember) {
     }
 }
 
-TEST(FindSyllableNucleus, PrefersAnEarlierGroupToAnEarlierSymbol) {
+TEST(WordLookupNucleus, PrefersAnEarlierGroupToAnEarlierSymbol) {
     EXPECT_EQ(findSyllableNucleus({"s", "m", "ah"}), 2);
     EXPECT_EQ(findSyllableNucleus({"s", "hh", "m"}), 2);
 }
 
-TEST(FindSyllableNucleus, TakesASymbolForEveryMemberItBegins) {
+TEST(WordLookupNucleus, TakesASymbolForEveryMemberItBegins) {
     EXPECT_EQ(findSyllableNucleus({"k", "n"}), 1);   // as "ng"
     EXPECT_EQ(findSyllableNucleus({"k", "t"}), 1);   // as "th"
     EXPECT_EQ(findSyllableNucleus({"t", "n"}), 1);   // "ng" before "th"
@@ -385,13 +385,13 @@ TEST(FindSyllableNucleus, TakesASymbolForEveryMemberItBegins) {
     EXPECT_EQ(findSyllableNucleus({"k", "nh", "s"}), 2);
 }
 
-TEST(FindSyllableNucleus, IsTheFirstSymbolWhenNoneIsKnown) {
+TEST(WordLookupNucleus, IsTheFirstSymbolWhenNoneIsKnown) {
     EXPECT_EQ(findSyllableNucleus({"k", "p"}), 0);
     EXPECT_EQ(findSyllableNucleus({"k", "b", "d", "g", "p", "r", "ch", "dh"}), 0);
     EXPECT_EQ(findSyllableNucleus({}), 0);
 }
 
-TEST(FindSyllableNucleus, TakesAnEmptySymbolForAVowel) {
+TEST(WordLookupNucleus, TakesAnEmptySymbolForAVowel) {
     EXPECT_EQ(findSyllableNucleus({"k", ""}), 1);
     EXPECT_EQ(findSyllableNucleus({"k", std::string_view()}), 1);
 }

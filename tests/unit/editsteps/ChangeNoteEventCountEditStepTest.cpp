@@ -18,18 +18,15 @@
 #include <string>
 #include <utility>
 
-namespace wybeta::editsteps {
+namespace wybeta::tests {
 namespace {
 
 using simulator::makeHandle;
 using simulator::Track;
 using Steinberg::IPtr;
-using tests::namesOf;
-using tests::noteNamed;
-using tests::notesNamed;
-using Cause = ChangeNoteEventCountEditStep::Cause;
+using Cause = editsteps::ChangeNoteEventCountEditStep::Cause;
 
-class CountStep : public tests::CurrentTable {
+class ChangeNoteEventCountEditStep : public CurrentTable {
 protected:
     IPtr<host::IEditStep> makeStep(tracks::NoteChanges changes, Cause cause) {
         return makeStep(track.get(), std::move(changes), cause);
@@ -37,8 +34,8 @@ protected:
 
     IPtr<host::IEditStep> makeStep(host::IProjectNode* node, tracks::NoteChanges changes,
                                    Cause cause) {
-        return Steinberg::owned(
-            new ChangeNoteEventCountEditStep(node, track.get(), std::move(changes), cause));
+        return Steinberg::owned(new editsteps::ChangeNoteEventCountEditStep(
+            node, track.get(), std::move(changes), cause));
     }
 
     std::string names() const { return namesOf(*table().at(track.get()).notes); }
@@ -47,7 +44,7 @@ protected:
     const tracks::NoteChanges twoChanges{{1, noteNamed('b')}, {2, noteNamed('c')}};
 };
 
-TEST_F(CountStep, PutsDeletedNotesBackAndTakesThemOutAgain) {
+TEST_F(ChangeNoteEventCountEditStep, PutsDeletedNotesBackAndTakesThemOutAgain) {
     put(track.get(), notesNamed("ad"));
     const auto step = makeStep(twoChanges, Cause::NotesRemoved);
     EXPECT_EQ(step->execute(), 0);
@@ -58,7 +55,7 @@ TEST_F(CountStep, PutsDeletedNotesBackAndTakesThemOutAgain) {
     EXPECT_EQ(names(), "ad");
 }
 
-TEST_F(CountStep, TakesAddedNotesOutAndPutsThemBackAgain) {
+TEST_F(ChangeNoteEventCountEditStep, TakesAddedNotesOutAndPutsThemBackAgain) {
     put(track.get(), notesNamed("aeb"));
     const auto step = makeStep({{1, noteNamed('e')}}, Cause::NotesAdded);
     EXPECT_EQ(step->execute(), 0);
@@ -69,7 +66,7 @@ TEST_F(CountStep, TakesAddedNotesOutAndPutsThemBackAgain) {
     EXPECT_EQ(names(), "aeb");
 }
 
-TEST_F(CountStep, AsksNothingWithoutAChange) {
+TEST_F(ChangeNoteEventCountEditStep, AsksNothingWithoutAChange) {
     put(track.get(), notesNamed("ab")).value(0) = -1;
     for (const auto cause : {Cause::NotesAdded, Cause::NotesRemoved}) {
         const auto step = makeStep({}, cause);
@@ -81,7 +78,7 @@ TEST_F(CountStep, AsksNothingWithoutAChange) {
     }
 }
 
-TEST_F(CountStep, DoesNothingWithoutATrackNode) {
+TEST_F(ChangeNoteEventCountEditStep, DoesNothingWithoutATrackNode) {
     put(track.get(), notesNamed("abcd"));
     const auto step = makeStep(nullptr, twoChanges, Cause::NotesAdded);
     step->undo();
@@ -90,7 +87,7 @@ TEST_F(CountStep, DoesNothingWithoutATrackNode) {
     EXPECT_EQ(names(), "abcd");
 }
 
-TEST_F(CountStep, DoesNothingWhenTheNodeIsNoTrackAnyMore) {
+TEST_F(ChangeNoteEventCountEditStep, DoesNothingWhenTheNodeIsNoTrackAnyMore) {
     put(track.get(), notesNamed("abcd"));
     const auto folder = makeHandle<simulator::Folder>(state);
     const auto step = makeStep(folder.get(), twoChanges, Cause::NotesAdded);
@@ -100,7 +97,7 @@ TEST_F(CountStep, DoesNothingWhenTheNodeIsNoTrackAnyMore) {
     EXPECT_EQ(names(), "abcd");
 }
 
-TEST_F(CountStep, ChangesTheEntryOfItsTrackAlone) {
+TEST_F(ChangeNoteEventCountEditStep, ChangesTheEntryOfItsTrackAlone) {
     const auto other = makeHandle<Track>(state);
     put(other.get(), notesNamed("abcd"));
     put(track.get(), notesNamed("abcd"));
@@ -109,7 +106,7 @@ TEST_F(CountStep, ChangesTheEntryOfItsTrackAlone) {
     EXPECT_EQ(namesOf(*table().at(other.get()).notes), "abcd");
 }
 
-TEST_F(CountStep, DoesNothingForATrackThatTheTableDoesNotKnow) {
+TEST_F(ChangeNoteEventCountEditStep, DoesNothingForATrackThatTheTableDoesNotKnow) {
     const auto other = makeHandle<Track>(state);
     put(other.get(), notesNamed("abcd"));
     const auto step = makeStep(twoChanges, Cause::NotesAdded);
@@ -120,7 +117,7 @@ TEST_F(CountStep, DoesNothingForATrackThatTheTableDoesNotKnow) {
     EXPECT_EQ(table().size(), 1u);
 }
 
-TEST_F(CountStep, AsksNothingWithoutAnExtension) {
+TEST_F(ChangeNoteEventCountEditStep, AsksNothingWithoutAnExtension) {
     put(track.get(), notesNamed("abcd"));
     const auto records = table().at(track.get()).notes;
     const auto step = makeStep(twoChanges, Cause::NotesAdded);
@@ -133,7 +130,7 @@ TEST_F(CountStep, AsksNothingWithoutAnExtension) {
     EXPECT_EQ(state->calls.count(), calls);
 }
 
-TEST_F(CountStep, LeavesAListAsItIsForAWalkThatReadsIt) {
+TEST_F(ChangeNoteEventCountEditStep, LeavesAListAsItIsForAWalkThatReadsIt) {
     put(track.get(), notesNamed("abcd"));
     const auto read = table().at(track.get()).notes;
     const auto step = makeStep(twoChanges, Cause::NotesAdded);
@@ -145,7 +142,7 @@ TEST_F(CountStep, LeavesAListAsItIsForAWalkThatReadsIt) {
     EXPECT_EQ(names(), "abcd");
 }
 
-TEST_F(CountStep, SurvivesPositionsThatItsListDoesNotHave) {
+TEST_F(ChangeNoteEventCountEditStep, SurvivesPositionsThatItsListDoesNotHave) {
     put(track.get(), notesNamed("ab"));
     const tracks::NoteChanges changes{{0, noteNamed('x')}, {0xFFFFFFFF, noteNamed('y')}};
     const auto step = makeStep(changes, Cause::NotesAdded);
@@ -155,7 +152,7 @@ TEST_F(CountStep, SurvivesPositionsThatItsListDoesNotHave) {
     EXPECT_EQ(names(), "xb");
 }
 
-TEST_F(CountStep, HoldsNothingAndReportsNothing) {
+TEST_F(ChangeNoteEventCountEditStep, HoldsNothingAndReportsNothing) {
     const auto step = makeStep(twoChanges, Cause::NotesAdded);
     const auto collector = makeHandle<simulator::ObjectCollector>(state);
     EXPECT_EQ(step->reportChangedObjects(collector.get()), 0);
@@ -164,4 +161,4 @@ TEST_F(CountStep, HoldsNothingAndReportsNothing) {
 }
 
 } // namespace
-} // namespace wybeta::editsteps
+} // namespace wybeta::tests

@@ -22,7 +22,7 @@
 #include <utility>
 #include <vector>
 
-namespace wybeta::editsteps {
+namespace wybeta::tests {
 namespace {
 
 using simulator::Event;
@@ -47,7 +47,7 @@ public:
     }
 };
 
-class DivisionStep : public tests::CurrentTable {
+class LyricsDevideEditStep : public CurrentTable {
 protected:
     // A step over notes that carry the old texts.
     IPtr<host::IEditStep> makeStep(Lyrics newLyrics, Lyrics oldLyrics) {
@@ -74,7 +74,8 @@ protected:
         division.newLyrics = std::move(newLyrics);
         division.oldLyrics = std::move(oldLyrics);
         put(track.get(), std::move(records));
-        return Steinberg::owned(new LyricsDevideEditStep(track.get(), std::move(division)));
+        return Steinberg::owned(
+            new editsteps::LyricsDevideEditStep(track.get(), std::move(division)));
     }
 
     Lyrics written() const {
@@ -97,7 +98,7 @@ protected:
     std::vector<Handle<Event>> notes;
 };
 
-TEST_F(DivisionStep, WritesTheNewTextsTheOldOnesAndTheNewOnesAgain) {
+TEST_F(LyricsDevideEditStep, WritesTheNewTextsTheOldOnesAndTheNewOnesAgain) {
     const auto step = makeStep({"A", "B", "C"}, {"ABC", "X", "Y"});
     EXPECT_EQ(step->execute(), 0);
     EXPECT_EQ(written(), (Lyrics{"A", "B", "C"}));
@@ -110,19 +111,19 @@ TEST_F(DivisionStep, WritesTheNewTextsTheOldOnesAndTheNewOnesAgain) {
     EXPECT_EQ(recorded(), (Lyrics{"A", "B", "C"}));
 }
 
-TEST_F(DivisionStep, ReadsATextUpToItsFirstZero) {
+TEST_F(LyricsDevideEditStep, ReadsATextUpToItsFirstZero) {
     const auto step = makeStep({"la\0li"s, "\0lu"s, "le\0\xFF"s}, {"", "x", ""});
     step->execute();
     EXPECT_EQ(written(), (Lyrics{"la", "", "le"}));
 }
 
-TEST_F(DivisionStep, WritesALongTextWhole) {
+TEST_F(LyricsDevideEditStep, WritesALongTextWhole) {
     const std::string text(100'000, 'a');
     makeStep({text}, {""})->execute();
     EXPECT_EQ(written(), Lyrics{text});
 }
 
-TEST_F(DivisionStep, RaisesForTextThatIsNotUtf8OnceTheNotesBeforeAreWritten) {
+TEST_F(LyricsDevideEditStep, RaisesForTextThatIsNotUtf8OnceTheNotesBeforeAreWritten) {
     for (const char* const bad : {"\xFF", "\xE3\x81", "\xC0\x80", "\xED\xA0\x80", "\xF5\x80\x80"}) {
         notes.clear();
         const auto step = makeStep({"A", bad, "C"}, {"X", "Y", "Z"});
@@ -135,21 +136,21 @@ TEST_F(DivisionStep, RaisesForTextThatIsNotUtf8OnceTheNotesBeforeAreWritten) {
     }
 }
 
-TEST_F(DivisionStep, RaisesOnUndoForAnOldTextThatIsNotUtf8) {
+TEST_F(LyricsDevideEditStep, RaisesOnUndoForAnOldTextThatIsNotUtf8) {
     const auto step = makeStep({"A", "B"}, {"X", "\xFF"});
     step->execute();
     EXPECT_THROW(step->undo(), utf8::exception);
     EXPECT_EQ(written(), (Lyrics{"X", "B"}));
 }
 
-TEST_F(DivisionStep, RaisesForTextThatIsNotUtf8EvenWhenItsNoteIsNull) {
+TEST_F(LyricsDevideEditStep, RaisesForTextThatIsNotUtf8EvenWhenItsNoteIsNull) {
     notes = {makeHandle<Event>(state), {}, makeHandle<Event>(state)};
     const auto step = makeStepOfNotes({"A", "\xFF", "C"}, {"", "", ""});
     EXPECT_THROW(step->execute(), utf8::exception);
     EXPECT_EQ(written(), (Lyrics{"A", "null", ""}));
 }
 
-TEST_F(DivisionStep, PassesOverNullNotes) {
+TEST_F(LyricsDevideEditStep, PassesOverNullNotes) {
     notes = {makeHandle<Event>(state), {}, makeHandle<Event>(state)};
     const auto step = makeStepOfNotes({"A", "B", "C"}, {"X", "Y", "Z"});
     step->execute();
@@ -164,7 +165,7 @@ TEST_F(DivisionStep, PassesOverNullNotes) {
               (std::vector<host::IProjectNode*>{notes[0]->node(), notes[2]->node()}));
 }
 
-TEST_F(DivisionStep, LeavesTheTableAloneWhenItsFirstNoteIsNull) {
+TEST_F(LyricsDevideEditStep, LeavesTheTableAloneWhenItsFirstNoteIsNull) {
     notes = {{}, makeHandle<Event>(state)};
     const auto step = makeStepOfNotes({"A", "B"}, {"X", "Y"});
     step->undo();
@@ -172,7 +173,7 @@ TEST_F(DivisionStep, LeavesTheTableAloneWhenItsFirstNoteIsNull) {
     EXPECT_EQ(recorded(), Lyrics(2, "recorded"));
 }
 
-TEST_F(DivisionStep, DoesNothingWithoutNotes) {
+TEST_F(LyricsDevideEditStep, DoesNothingWithoutNotes) {
     const auto step = makeStepOfNotes({}, {});
     const auto calls = state->calls.count();
     EXPECT_EQ(step->execute(), 0);
@@ -182,20 +183,21 @@ TEST_F(DivisionStep, DoesNothingWithoutNotes) {
     EXPECT_EQ(state->calls.count(), calls);
 }
 
-TEST_F(DivisionStep, DoesNotUseItsTrackNode) {
+TEST_F(LyricsDevideEditStep, DoesNotUseItsTrackNode) {
     notes = {makeHandle<Event>(state)};
     tracks::LyricsDivision division;
     division.notes.push_back(Steinberg::shared(notes[0]->node()));
     division.newLyrics = {"A"};
     division.oldLyrics = {"X"};
-    const auto step = Steinberg::owned(new LyricsDevideEditStep(nullptr, std::move(division)));
+    const auto step =
+        Steinberg::owned(new editsteps::LyricsDevideEditStep(nullptr, std::move(division)));
     step->execute();
     EXPECT_EQ(written(), Lyrics{"A"});
     step->undo();
     EXPECT_EQ(written(), Lyrics{"X"});
 }
 
-TEST_F(DivisionStep, KeepsItsTextsWhenTheHostClaimsTheVariant) {
+TEST_F(LyricsDevideEditStep, KeepsItsTextsWhenTheHostClaimsTheVariant) {
     notes = {makeHandle<KeepingNote>(state), makeHandle<KeepingNote>(state)};
     const auto step = makeStepOfNotes({"A", std::string(100, 'B')}, {std::string(100, 'X'), "Y"});
     step->execute();
@@ -204,8 +206,8 @@ TEST_F(DivisionStep, KeepsItsTextsWhenTheHostClaimsTheVariant) {
     EXPECT_EQ(written(), (Lyrics{std::string(100, 'X'), "Y"}));
 }
 
-TEST_F(DivisionStep, WritesNothingMoreWhenItsNotesTouchItWhileItIsDestroyed) {
-    const auto first = makeHandle<tests::CallsOnRelease<Event>>(state);
+TEST_F(LyricsDevideEditStep, WritesNothingMoreOnceItIsBeingDestroyed) {
+    const auto first = makeHandle<CallsOnRelease<Event>>(state);
     notes = {first, makeHandle<Event>(state)};
     auto* const step = makeStepOfNotes({"A", "B"}, {"X", "Y"}).take();
     step->execute();
@@ -226,7 +228,7 @@ TEST_F(DivisionStep, WritesNothingMoreWhenItsNotesTouchItWhileItIsDestroyed) {
     EXPECT_EQ(notes[1]->moduleReferences(), 0);
 }
 
-TEST_F(DivisionStep, HoldsItsNotesUntilItsLastReferenceGoes) {
+TEST_F(LyricsDevideEditStep, HoldsItsNotesUntilItsLastReferenceGoes) {
     auto step = makeStep({"A", "B"}, {"X", "Y"});
     EXPECT_EQ(notes[0]->moduleReferences(), 1);
     EXPECT_EQ(step->addRef(), 2u);
@@ -238,4 +240,4 @@ TEST_F(DivisionStep, HoldsItsNotesUntilItsLastReferenceGoes) {
 }
 
 } // namespace
-} // namespace wybeta::editsteps
+} // namespace wybeta::tests

@@ -21,7 +21,7 @@
 #include <cstddef>
 #include <memory>
 
-namespace wybeta::extension {
+namespace wybeta::tests {
 namespace {
 
 using simulator::Handle;
@@ -37,26 +37,26 @@ std::shared_ptr<tracks::NoteList> twoNotes() {
 }
 
 template <class Face>
-const void* addressOf(const WyBetaExtension& extension) {
+const void* addressOf(const extension::WyBetaExtension& extension) {
     return static_cast<const Face*>(&extension);
 }
 
-class Extension : public testing::Test {
+class WyBetaExtension : public testing::Test {
 protected:
     const simulator::SharedState state = std::make_shared<simulator::HostState>();
-    const tests::SimulatedHost host{state};
+    const SimulatedHost host{state};
 };
 
-TEST_F(Extension, KnowsItsClassByName) {
-    WyBetaExtension extension;
+TEST_F(WyBetaExtension, KnowsItsClassByName) {
+    extension::WyBetaExtension extension;
     EXPECT_STREQ(extension.isA(), "WyBetaExtension");
     EXPECT_TRUE(extension.isA("WyBetaExtension"));
     EXPECT_FALSE(extension.isA("FObject"));
     EXPECT_FALSE(extension.isA(nullptr));
 }
 
-TEST_F(Extension, KnowsItsBaseClassWhenAskedToConsiderIt) {
-    WyBetaExtension extension;
+TEST_F(WyBetaExtension, KnowsItsBaseClassWhenAskedToConsiderIt) {
+    extension::WyBetaExtension extension;
     for (const bool askBaseClass : {true, false}) {
         EXPECT_TRUE(extension.isTypeOf("WyBetaExtension", askBaseClass));
         EXPECT_EQ(extension.isTypeOf("FObject", askBaseClass), askBaseClass);
@@ -65,29 +65,29 @@ TEST_F(Extension, KnowsItsBaseClassWhenAskedToConsiderIt) {
     }
 }
 
-TEST_F(Extension, StartsWithOneReference) {
-    WyBetaExtension extension;
+TEST_F(WyBetaExtension, StartsWithOneReference) {
+    extension::WyBetaExtension extension;
     EXPECT_EQ(extension.getRefCount(), 1);
 }
 
-TEST_F(Extension, PutsADictionaryOfItsOwnInThePlaceOfTheOneBefore) {
+TEST_F(WyBetaExtension, PutsADictionaryOfItsOwnInThePlaceOfTheOneBefore) {
     auto& dictionary = dictionary::pronunciationDictionary();
-    WyBetaExtension first;
+    extension::WyBetaExtension first;
     const auto size = dictionary.size();
     dictionary = dictionary::loadPronunciationDictionary("la\tx\tla", 7);
-    WyBetaExtension second;
+    extension::WyBetaExtension second;
     EXPECT_EQ(dictionary.size(), size);
     EXPECT_TRUE(dictionary.find("abandon"));
     EXPECT_NE(dictionary.find("la").value().phonemes, "x");
 }
 
-TEST_F(Extension, LeavesTheDictionaryInPlaceWhenItIsDestroyed) {
-    { WyBetaExtension extension; }
+TEST_F(WyBetaExtension, LeavesTheDictionaryInPlaceWhenItIsDestroyed) {
+    { extension::WyBetaExtension extension; }
     EXPECT_TRUE(dictionary::pronunciationDictionary().find("abandon"));
 }
 
-TEST_F(Extension, HasItsFacesInTheOrderOfItsBases) {
-    WyBetaExtension extension;
+TEST_F(WyBetaExtension, HasItsFacesInTheOrderOfItsBases) {
+    extension::WyBetaExtension extension;
     EXPECT_EQ(addressOf<Steinberg::IPluginBase>(extension), &extension);
     EXPECT_LT(addressOf<Steinberg::IPluginBase>(extension),
               addressOf<Steinberg::FObject>(extension));
@@ -99,45 +99,45 @@ TEST_F(Extension, HasItsFacesInTheOrderOfItsBases) {
               addressOf<host::IProjectEditHook>(extension));
 }
 
-TEST_F(Extension, BecomesTheCurrentOneByInitialize) {
-    WyBetaExtension extension;
+TEST_F(WyBetaExtension, BecomesTheCurrentOneByInitialize) {
+    extension::WyBetaExtension extension;
     EXPECT_EQ(tracks::currentTrackTable(), nullptr);
     extension.initialize(host.context());
     EXPECT_NE(tracks::currentTrackTable(), nullptr);
 }
 
-TEST_F(Extension, BecomesTheCurrentOneInAHostWithoutAManager) {
+TEST_F(WyBetaExtension, BecomesTheCurrentOneInAHostWithoutAManager) {
     const auto lonely =
         makeHandle<simulator::ProjectHost>(state, Handle<simulator::ProjectManager>());
-    WyBetaExtension extension;
+    extension::WyBetaExtension extension;
     EXPECT_EQ(extension.initialize(static_cast<host::IProjectHost*>(lonely.get())), kResultOk);
     EXPECT_NE(tracks::currentTrackTable(), nullptr);
 }
 
-TEST_F(Extension, DoesNotBecomeTheCurrentOneInABadContext) {
-    WyBetaExtension extension;
+TEST_F(WyBetaExtension, DoesNotBecomeTheCurrentOneInABadContext) {
+    extension::WyBetaExtension extension;
     EXPECT_EQ(extension.initialize(nullptr), kResultFalse);
     EXPECT_EQ(extension.initialize(host.manager.get()), kResultFalse);
     EXPECT_EQ(tracks::currentTrackTable(), nullptr);
 }
 
-TEST_F(Extension, StaysTheCurrentOneWhenABadContextFollows) {
-    WyBetaExtension extension;
+TEST_F(WyBetaExtension, StaysTheCurrentOneWhenABadContextFollows) {
+    extension::WyBetaExtension extension;
     extension.initialize(host.context());
     auto* const table = tracks::currentTrackTable();
     EXPECT_EQ(extension.initialize(nullptr), kResultFalse);
     EXPECT_EQ(tracks::currentTrackTable(), table);
 }
 
-TEST_F(Extension, IsNoLongerTheCurrentOneAfterTerminate) {
-    WyBetaExtension extension;
+TEST_F(WyBetaExtension, IsNoLongerTheCurrentOneAfterTerminate) {
+    extension::WyBetaExtension extension;
     extension.initialize(host.context());
     extension.terminate();
     EXPECT_EQ(tracks::currentTrackTable(), nullptr);
 }
 
-TEST_F(Extension, IsNoLongerTheCurrentOneBeforeItUnregisters) {
-    WyBetaExtension extension;
+TEST_F(WyBetaExtension, IsNoLongerTheCurrentOneBeforeItUnregisters) {
+    extension::WyBetaExtension extension;
     extension.initialize(host.context());
     state->calls.intercept([](const simulator::HostCall& call) {
         EXPECT_EQ(tracks::currentTrackTable(), nullptr) << call.name;
@@ -146,8 +146,8 @@ TEST_F(Extension, IsNoLongerTheCurrentOneBeforeItUnregisters) {
     extension.terminate();
 }
 
-TEST_F(Extension, IsNotYetTheCurrentOneWhileItRegisters) {
-    WyBetaExtension extension;
+TEST_F(WyBetaExtension, IsNotYetTheCurrentOneWhileItRegisters) {
+    extension::WyBetaExtension extension;
     state->calls.intercept([](const simulator::HostCall& call) {
         EXPECT_EQ(tracks::currentTrackTable(), nullptr) << call.name;
         return simulator::Answer::Normal;
@@ -155,19 +155,19 @@ TEST_F(Extension, IsNotYetTheCurrentOneWhileItRegisters) {
     extension.initialize(host.context());
 }
 
-TEST_F(Extension, IsNoLongerTheCurrentOneWhenItIsDestroyed) {
+TEST_F(WyBetaExtension, IsNoLongerTheCurrentOneWhenItIsDestroyed) {
     {
-        WyBetaExtension extension;
+        extension::WyBetaExtension extension;
         extension.initialize(host.context());
     }
     EXPECT_EQ(tracks::currentTrackTable(), nullptr);
     EXPECT_TRUE(state->ledger.isBalanced()) << state->ledger.report();
 }
 
-TEST_F(Extension, LeavesTheCurrentOneAloneWhenAnotherIsDestroyed) {
-    WyBetaExtension current;
+TEST_F(WyBetaExtension, LeavesTheCurrentOneAloneWhenAnotherIsDestroyed) {
+    extension::WyBetaExtension current;
     {
-        WyBetaExtension other;
+        extension::WyBetaExtension other;
         other.initialize(host.context());
         current.initialize(host.context());
     }
@@ -175,9 +175,9 @@ TEST_F(Extension, LeavesTheCurrentOneAloneWhenAnotherIsDestroyed) {
     current.terminate();
 }
 
-TEST_F(Extension, GivesTheCurrentPlaceToTheLastOneInitialised) {
-    WyBetaExtension first;
-    WyBetaExtension second;
+TEST_F(WyBetaExtension, GivesTheCurrentPlaceToTheLastOneInitialised) {
+    extension::WyBetaExtension first;
+    extension::WyBetaExtension second;
     first.initialize(host.context());
     auto* const table = tracks::currentTrackTable();
     second.initialize(host.context());
@@ -186,8 +186,8 @@ TEST_F(Extension, GivesTheCurrentPlaceToTheLastOneInitialised) {
     EXPECT_EQ(tracks::currentTrackTable(), nullptr);
 }
 
-TEST_F(Extension, KeepsItsTrackTableThroughNewsThatItIgnores) {
-    WyBetaExtension extension;
+TEST_F(WyBetaExtension, KeepsItsTrackTableThroughNewsThatItIgnores) {
+    extension::WyBetaExtension extension;
     extension.initialize(host.context());
     const auto records = twoNotes();
     tracks::currentTrackTable()->emplace(nullptr, tracks::TrackEntry{records, nullptr});
@@ -201,9 +201,9 @@ TEST_F(Extension, KeepsItsTrackTableThroughNewsThatItIgnores) {
     EXPECT_EQ(tracks::currentTrackTable()->at(nullptr).notes, records);
 }
 
-TEST_F(Extension, KeepsItsTrackTableWhenTheChangedObjectIsNoNode) {
+TEST_F(WyBetaExtension, KeepsItsTrackTableWhenTheChangedObjectIsNoNode) {
     const auto document = host.openDocument();
-    WyBetaExtension extension;
+    extension::WyBetaExtension extension;
     extension.initialize(host.context());
     const auto records = twoNotes();
     tracks::currentTrackTable()->emplace(nullptr, tracks::TrackEntry{records, nullptr});
@@ -216,12 +216,12 @@ TEST_F(Extension, KeepsItsTrackTableWhenTheChangedObjectIsNoNode) {
     EXPECT_EQ(tracks::currentTrackTable()->at(nullptr).notes, records);
 }
 
-TEST_F(Extension, IsStillWholeWhenAHostCallsItWhileItIsDestroyed) {
-    const auto manager = makeHandle<tests::CallsOnRelease<simulator::ProjectManager>>(state);
-    const auto lastHost = makeHandle<tests::CallsOnRelease<simulator::ProjectHost>>(state, manager);
+TEST_F(WyBetaExtension, IsWholeWhileItGivesTheHostBack) {
+    const auto manager = makeHandle<CallsOnRelease<simulator::ProjectManager>>(state);
+    const auto lastHost = makeHandle<CallsOnRelease<simulator::ProjectHost>>(state, manager);
     const auto project = makeHandle<simulator::TreeNode>(state, "Project", "project");
     project->add(simulator::makeVoiceTrack(state));
-    auto extension = std::make_unique<WyBetaExtension>();
+    auto extension = std::make_unique<extension::WyBetaExtension>();
     extension->initialize(static_cast<host::IProjectHost*>(lastHost.get()));
     extension->projectChanged(project->argument());
 
@@ -241,8 +241,8 @@ TEST_F(Extension, IsStillWholeWhenAHostCallsItWhileItIsDestroyed) {
     EXPECT_TRUE(state->ledger.isBalanced()) << state->ledger.report();
 }
 
-TEST_F(Extension, KeepsItsTrackTableUntilItIsDestroyed) {
-    WyBetaExtension extension;
+TEST_F(WyBetaExtension, KeepsItsTrackTableUntilItIsDestroyed) {
+    extension::WyBetaExtension extension;
     extension.initialize(host.context());
     tracks::currentTrackTable()->emplace(nullptr, tracks::TrackEntry{twoNotes(), nullptr});
     extension.terminate();
@@ -251,4 +251,4 @@ TEST_F(Extension, KeepsItsTrackTableUntilItIsDestroyed) {
 }
 
 } // namespace
-} // namespace wybeta::extension
+} // namespace wybeta::tests

@@ -82,7 +82,7 @@ bool createWithout(std::uint64_t number, Extent extent) {
     return isReached;
 }
 
-TEST(FailingConstruction, KeepsTheDictionaryOfTheExtensionBefore) {
+TEST(AllocationFailureInConstruction, KeepsTheDictionaryOfTheExtensionBefore) {
     const auto& dictionary = dictionary::pronunciationDictionary();
     createWithout(~std::uint64_t(0), Extent::One);
     const auto size = dictionary.size();

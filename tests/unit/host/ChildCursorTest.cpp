@@ -11,12 +11,12 @@
 #include <memory>
 #include <string>
 
-namespace wybeta::host {
+namespace wybeta::tests {
 namespace {
 
 using namespace simulator;
 
-class ChildrenOfANode : public testing::Test {
+class ChildCursor : public testing::Test {
 protected:
     void TearDown() override {
         state->calls.stopIntercepting();
@@ -33,7 +33,7 @@ protected:
     const Handle<Folder> node = makeHandle<Folder>(state);
 };
 
-TEST_F(ChildrenOfANode, ComeInOrderWithoutTheGaps) {
+TEST_F(ChildCursor, YieldsTheChildrenInOrderWithoutTheGaps) {
     node->add({});
     const auto first = add();
     node->add({});
@@ -41,7 +41,7 @@ TEST_F(ChildrenOfANode, ComeInOrderWithoutTheGaps) {
     const auto second = add();
     node->add({});
 
-    ChildCursor children(node.get());
+    host::ChildCursor children(node.get());
     EXPECT_TRUE(children.hasIterator());
     EXPECT_EQ(children.next(), first->ownInterface());
     EXPECT_EQ(children.next(), second->ownInterface());
@@ -49,26 +49,26 @@ TEST_F(ChildrenOfANode, ComeInOrderWithoutTheGaps) {
     EXPECT_FALSE(children.next());
 }
 
-TEST_F(ChildrenOfANode, ExistWithoutAnyChild) {
-    ChildCursor children(node.get());
+TEST_F(ChildCursor, HasAnIteratorWithoutAnyChild) {
+    host::ChildCursor children(node.get());
     EXPECT_TRUE(children.hasIterator());
     EXPECT_FALSE(children.next());
 }
 
-TEST_F(ChildrenOfANode, DoNotExistWithoutAnIterator) {
+TEST_F(ChildCursor, IsEmptyForANodeWithoutAnIterator) {
     node->answerNoIteratorWhenEmpty();
-    ChildCursor children(node.get());
+    host::ChildCursor children(node.get());
     EXPECT_FALSE(children.hasIterator());
     EXPECT_FALSE(children.next());
 }
 
-TEST_F(ChildrenOfANode, DoNotExistWithoutANode) {
-    ChildCursor children(nullptr);
+TEST_F(ChildCursor, IsEmptyWithoutANode) {
+    host::ChildCursor children(nullptr);
     EXPECT_FALSE(children.hasIterator());
     EXPECT_FALSE(children.next());
 }
 
-TEST_F(ChildrenOfANode, AskForTheEndBeforeTheFirstChildAndAfterEach) {
+TEST_F(ChildCursor, AsksForTheEndBeforeTheFirstChildAndAfterEach) {
     add();
     add();
     std::string calls;
@@ -78,16 +78,16 @@ TEST_F(ChildrenOfANode, AskForTheEndBeforeTheFirstChildAndAfterEach) {
                                                             : "";
         return Answer::Normal;
     });
-    ChildCursor children(node.get());
+    host::ChildCursor children(node.get());
     while (children.next().get() != nullptr) {
     }
     EXPECT_EQ(calls, "enene");
 }
 
-TEST_F(ChildrenOfANode, EndThoughTheIteratorYieldsOneAgainAndAgain) {
-    const auto endless = makeHandle<tests::EndlessNode<Folder>>(
-        state, [this]() -> IProjectItem* { return node->ownInterface(); });
-    ChildCursor children(endless.get());
+TEST_F(ChildCursor, LeavesAnIteratorThatYieldsOneAgainAndAgain) {
+    const auto endless = makeHandle<EndlessNode<Folder>>(
+        state, [this]() -> host::IProjectItem* { return node->ownInterface(); });
+    host::ChildCursor children(endless.get());
     int count = 0;
     while (children.next().get() != nullptr) {
         ++count;
@@ -96,16 +96,16 @@ TEST_F(ChildrenOfANode, EndThoughTheIteratorYieldsOneAgainAndAgain) {
     EXPECT_FALSE(children.next());
 }
 
-TEST_F(ChildrenOfANode, EndThoughTheIteratorYieldsNullAgainAndAgain) {
+TEST_F(ChildCursor, LeavesAnIteratorThatYieldsNullAgainAndAgain) {
     const auto endless =
-        makeHandle<tests::EndlessNode<Folder>>(state, []() -> IProjectItem* { return nullptr; });
-    ChildCursor children(endless.get());
+        makeHandle<EndlessNode<Folder>>(state, []() -> host::IProjectItem* { return nullptr; });
+    host::ChildCursor children(endless.get());
     EXPECT_FALSE(children.next());
 }
 
-TEST_F(ChildrenOfANode, AreHeldWhileTheyAreLookedAt) {
+TEST_F(ChildCursor, HoldsTheChildThatIsLookedAt) {
     const auto* const first = add().get();
-    ChildCursor children(node.get());
+    host::ChildCursor children(node.get());
     auto child = children.next();
     node->remove(*first);
     EXPECT_EQ(first->moduleReferences(), 1);
@@ -115,4 +115,4 @@ TEST_F(ChildrenOfANode, AreHeldWhileTheyAreLookedAt) {
 }
 
 } // namespace
-} // namespace wybeta::host
+} // namespace wybeta::tests

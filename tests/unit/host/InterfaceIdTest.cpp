@@ -63,7 +63,7 @@ TEST(InterfaceId, ComparesAllSixteenBytesWhereverTheyLie) {
     }
 }
 
-TEST(ResultCodes, AreTheSameOnEverySystem) {
+TEST(ComAbi, HasTheSameResultCodesOnEverySystem) {
     EXPECT_EQ(static_cast<std::uint32_t>(Steinberg::kResultOk), 0u);
     EXPECT_EQ(static_cast<std::uint32_t>(Steinberg::kResultFalse), 1u);
     EXPECT_EQ(static_cast<std::uint32_t>(Steinberg::kNoInterface), 0x80004002u);

@@ -425,7 +425,7 @@ TEST(KanaPhonemeTable, GivesNoneForAPositionOutsideTheText) {
     }
 }
 
-TEST(KanaEquals, FoldsHiraganaOntoTheKatakanaOfTheSamePlace) {
+TEST(KanaPhonemeTableEquality, FoldsHiraganaOntoTheKatakanaOfTheSamePlace) {
     for (char32_t hiragana = 0x3041; hiragana <= 0x3094; ++hiragana) {
         EXPECT_TRUE(kanaEquals(hiragana, hiragana + 0x60));
         EXPECT_FALSE(kanaEquals(hiragana, hiragana + 0x61));
@@ -433,7 +433,7 @@ TEST(KanaEquals, FoldsHiraganaOntoTheKatakanaOfTheSamePlace) {
     }
 }
 
-TEST(KanaEquals, TakesKatakanaAndTheLongVowelMarkAsTheyAre) {
+TEST(KanaPhonemeTableEquality, TakesKatakanaAndTheLongVowelMarkAsTheyAre) {
     for (char32_t katakana = 0x30A1; katakana <= 0x30F4; ++katakana) {
         EXPECT_TRUE(kanaEquals(katakana, katakana));
         EXPECT_FALSE(kanaEquals(katakana, katakana + 1));
@@ -444,7 +444,7 @@ TEST(KanaEquals, TakesKatakanaAndTheLongVowelMarkAsTheyAre) {
     EXPECT_FALSE(kanaEquals(0x30FC, 0x30A2));
 }
 
-TEST(KanaEquals, NeverHoldsForAnyOtherInputNotEvenForItself) {
+TEST(KanaPhonemeTableEquality, NeverHoldsForAnyOtherInputNotEvenForItself) {
     for (char32_t c = 0; c < kSweepEnd; ++c) {
         if (isKanaOfTheTable(c)) {
             continue;

@@ -40,166 +40,166 @@ SyllableList syllables(std::string_view lyric) {
     return lyrics::lyricToSyllables(lyric, words());
 }
 
-TEST(BracketedLyric, BecomesOneEntryForEachItem) {
+TEST(LyricConversionBracketed, BecomesOneEntryForEachItem) {
     EXPECT_EQ(convert("sakura[s a,k u,r a]"), (NoteLyricList{"sakura[s a]", "[k u]", "[r a]"}));
 }
 
-TEST(BracketedLyric, LosesTheWhiteSpaceAroundItsItems) {
+TEST(LyricConversionBracketed, LosesTheWhiteSpaceAroundItsItems) {
     EXPECT_EQ(convert("sakura[ s a , k u,r a ]"), (NoteLyricList{"sakura[s a]", "[k u]", "[r a]"}));
     EXPECT_EQ(convert("a[\t\v\fb\t,\x20]"), (NoteLyricList{"a[b]", "[]"}));
 }
 
-TEST(BracketedLyric, KeepsTheWhiteSpaceWithinAnItemAndOfTheText) {
+TEST(LyricConversionBracketed, KeepsTheWhiteSpaceWithinAnItemAndOfTheText) {
     EXPECT_EQ(convert(" la la [k  a]"), (NoteLyricList{" la la [k  a]"}));
 }
 
-TEST(BracketedLyric, WithAnEmptyBracketIsOneEntry) {
+TEST(LyricConversionBracketed, WithAnEmptyBracketIsOneEntry) {
     EXPECT_EQ(convert("la[]"), (NoteLyricList{"la[]"}));
     EXPECT_EQ(convert("[]"), (NoteLyricList{"[]"}));
 }
 
-TEST(BracketedLyric, CountsEmptyItems) {
+TEST(LyricConversionBracketed, CountsEmptyItems) {
     EXPECT_EQ(convert("[,]"), (NoteLyricList{"[]", "[]"}));
 }
 
-TEST(BracketedLyric, LosesTheTextAfterTheBracket) {
+TEST(LyricConversionBracketed, LosesTheTextAfterTheBracket) {
     EXPECT_EQ(convert("x[a,b]y"), (NoteLyricList{"x[a]", "[b]"}));
 }
 
-TEST(BracketedLyric, KeepsEarlierBracketsAsText) {
+TEST(LyricConversionBracketed, KeepsEarlierBracketsAsText) {
     EXPECT_EQ(convert("a[b]c[d]"), (NoteLyricList{"a[b]c[d]"}));
 }
 
-TEST(BracketedLyric, LosesTheLinesBeforeItsOwn) {
+TEST(LyricConversionBracketed, LosesTheLinesBeforeItsOwn) {
     EXPECT_EQ(convert("one\ntwo[t uw]\nthree"), (NoteLyricList{"two[t uw]"}));
 }
 
-TEST(BracketedLyric, IsTakenAsWrittenWithoutKanaOrDictionary) {
+TEST(LyricConversionBracketed, IsTakenAsWrittenWithoutKanaOrDictionary) {
     EXPECT_EQ(convert("さくら[さ,love]"), (NoteLyricList{"さくら[さ]", "[love]"}));
 }
 
-TEST(BracketedLyric, IsReportedAsSuch) {
+TEST(LyricConversionBracketed, IsReportedAsSuch) {
     NoteLyricList noteLyrics;
     EXPECT_TRUE(lyrics::convertLyric("la[l a]", noteLyrics, words()));
     EXPECT_FALSE(lyrics::convertLyric("la", noteLyrics, words()));
 }
 
-TEST(Lyric, OfKanaIsDividedIntoItsSyllables) {
+TEST(LyricConversion, OfKanaIsDividedIntoItsSyllables) {
     EXPECT_EQ(convert("さくら"), (NoteLyricList{"さくら[s a]", "[k u]", "[r a]"}));
     EXPECT_EQ(convert("キャンディ"), (NoteLyricList{"キャンディ[ky a]", "[N]", "[d i]"}));
 }
 
-TEST(Lyric, ThatIsEmptyIsOneEmptyEntry) {
+TEST(LyricConversion, ThatIsEmptyIsOneEmptyEntry) {
     EXPECT_EQ(convert(""), (NoteLyricList{""}));
 }
 
-TEST(Lyric, WithNothingToConvertIsOneUnchangedEntry) {
+TEST(LyricConversion, WithNothingToConvertIsOneUnchangedEntry) {
     EXPECT_EQ(convert("漢字"), (NoteLyricList{"漢字"}));
     EXPECT_EQ(convert("xyzzy"), (NoteLyricList{"xyzzy"}));
     EXPECT_EQ(convert("  "), (NoteLyricList{"  "}));
     EXPECT_EQ(convert("]["), (NoteLyricList{"]["}));
 }
 
-TEST(Lyric, OfOneZeroIsARest) {
+TEST(LyricConversion, OfOneZeroIsARest) {
     EXPECT_EQ(convert("0"), (NoteLyricList{"0[sil]"}));
 }
 
-TEST(Lyric, WithAZeroAfterAKanaDropsTheVowel) {
+TEST(LyricConversion, WithAZeroAfterAKanaDropsTheVowel) {
     EXPECT_EQ(convert("ス0"), (NoteLyricList{"ス0[s]"}));
     EXPECT_EQ(syllables("カ0"), (SyllableList{"k"}));
 }
 
-TEST(Lyric, WithAZeroAfterALoneVowelIsARest) {
+TEST(LyricConversion, WithAZeroAfterALoneVowelIsARest) {
     EXPECT_EQ(syllables("ア0"), (SyllableList{"sil"}));
 }
 
-TEST(Lyric, WithAZeroAfterAnEnglishWordDropsItsLastPhoneme) {
+TEST(LyricConversion, WithAZeroAfterAnEnglishWordDropsItsLastPhoneme) {
     EXPECT_EQ(syllables("love 0"), (SyllableList{"l ah"}));
     EXPECT_EQ(syllables("カ 0 0 0"), (SyllableList{"sil"}));
 }
 
-TEST(Lyric, HoldsAZeroOnlyAsAWordOfItsOwn) {
+TEST(LyricConversion, HoldsAZeroOnlyAsAWordOfItsOwn) {
     EXPECT_EQ(syllables("カ00"), (SyllableList{"k a"}));
     EXPECT_EQ(syllables("カ０"), (SyllableList{"k a"}));
     EXPECT_EQ(syllables("カ-0"), (SyllableList{"k a"}));
 }
 
-TEST(Lyric, GivesTheSameSyllablesForBothScripts) {
+TEST(LyricConversion, GivesTheSameSyllablesForBothScripts) {
     const SyllableList sakura{"s a", "k u", "r a"};
     EXPECT_EQ(syllables("さくら"), sakura);
     EXPECT_EQ(syllables("サクラ"), sakura);
     EXPECT_EQ(syllables("さクら"), sakura);
 }
 
-TEST(Lyric, ReadsTwoKanaAsOneSyllableUnlessASpacePartsThem) {
+TEST(LyricConversion, ReadsTwoKanaAsOneSyllableUnlessASpacePartsThem) {
     EXPECT_EQ(syllables("ちゃ"), (SyllableList{"ch a"}));
     EXPECT_EQ(syllables("ち ゃ"), (SyllableList{"ch i", "y a"}));
 }
 
-TEST(Lyric, ReadsTwoKanaThatFormNoPairAsTwoSyllables) {
+TEST(LyricConversion, ReadsTwoKanaThatFormNoPairAsTwoSyllables) {
     EXPECT_EQ(syllables("カャ"), (SyllableList{"k a", "y a"}));
 }
 
-TEST(Lyric, GivesMarksOfLengthAndPauseASyllableOfTheirOwn) {
+TEST(LyricConversion, GivesMarksOfLengthAndPauseASyllableOfTheirOwn) {
     EXPECT_EQ(syllables("ー"), (SyllableList{"-"}));
     EXPECT_EQ(syllables("ッ"), (SyllableList{"cl"}));
     EXPECT_EQ(syllables("ン"), (SyllableList{"N"}));
     EXPECT_EQ(syllables("カッタ"), (SyllableList{"k a", "cl", "t a"}));
 }
 
-TEST(Lyric, OfEnglishWordsHasOneSyllableForEachOfTheirPronunciation) {
+TEST(LyricConversion, OfEnglishWordsHasOneSyllableForEachOfTheirPronunciation) {
     EXPECT_EQ(convert("abandon"), (NoteLyricList{"abandon[ah]", "[b ae n]", "[d ah n]"}));
     EXPECT_EQ(syllables("Love  abandon"), (SyllableList{"l ah v", "ah", "b ae n", "d ah n"}));
 }
 
-TEST(Lyric, KeepsBothLanguagesInTheirOrder) {
+TEST(LyricConversion, KeepsBothLanguagesInTheirOrder) {
     EXPECT_EQ(syllables("さloveく a"), (SyllableList{"s a", "l ah v", "k u", "ah"}));
 }
 
-TEST(Lyric, TakesTheFirstKanaOfAPairIntoTheWordBeforeIt) {
+TEST(LyricConversion, TakesTheFirstKanaOfAPairIntoTheWordBeforeIt) {
     EXPECT_EQ(convert("loveキャ"), (NoteLyricList{"loveキャ[ky a]"}));
     EXPECT_EQ(syllables("love キャ"), (SyllableList{"l ah v", "ky a"}));
 }
 
-TEST(Lyric, LeavesASingleKanaOutOfTheWordBeforeIt) {
+TEST(LyricConversion, LeavesASingleKanaOutOfTheWordBeforeIt) {
     EXPECT_EQ(syllables("loveキ"), (SyllableList{"l ah v", "k i"}));
 }
 
-TEST(Lyric, TakesAPairAgainstAZeroAsAnUnknownWord) {
+TEST(LyricConversion, TakesAPairAgainstAZeroAsAnUnknownWord) {
     EXPECT_EQ(syllables("カ0キャ"), (SyllableList{"k a", "ky a"}));
 }
 
-TEST(Lyric, KeepsTheMarksOfAWord) {
+TEST(LyricConversion, KeepsTheMarksOfAWord) {
     EXPECT_EQ(syllables("don't"), (SyllableList{"d ow n t"}));
     EXPECT_EQ(syllables("rock'n'roll"), (SyllableList{"r aa", "k ah n", "r ow l"}));
     EXPECT_EQ(syllables("a(1)"), (SyllableList{"ey"}));
 }
 
-TEST(Lyric, CutsAWordAtItsTypedHyphens) {
+TEST(LyricConversion, CutsAWordAtItsTypedHyphens) {
     EXPECT_EQ(convert("lo-ve"), (NoteLyricList{"lo-ve[l ah]", "[- v]"}));
     EXPECT_EQ(convert("hel-lo"), (NoteLyricList{"hel-lo[hh ah]", "[l ow]", "[- ]"}));
 }
 
-TEST(Lyric, TakesOtherCharactersInsideAWordAsPartOfIt) {
+TEST(LyricConversion, TakesOtherCharactersInsideAWordAsPartOfIt) {
     EXPECT_EQ(syllables("lo漢ve"), (SyllableList{}));
     EXPECT_EQ(syllables("love漢"), (SyllableList{}));
     EXPECT_EQ(syllables("漢love"), (SyllableList{"l ah v"}));
 }
 
-TEST(Lyric, IsPartedIntoWordsBySpacesOnly) {
+TEST(LyricConversion, IsPartedIntoWordsBySpacesOnly) {
     EXPECT_EQ(syllables("a\tlove"), (SyllableList{}));
     EXPECT_EQ(syllables("a\xE3\x80\x80love"), (SyllableList{}));
     EXPECT_EQ(syllables("a\nlove"), (SyllableList{}));
     EXPECT_EQ(syllables("\t love"), (SyllableList{"l ah v"}));
 }
 
-TEST(Lyric, PassesOverWhatIsNeitherKanaNorAWord) {
+TEST(LyricConversion, PassesOverWhatIsNeitherKanaNorAWord) {
     EXPECT_EQ(syllables("ヵヶゕゖ、ｌｏｖｅ。さ"), (SyllableList{"s a"}));
     EXPECT_EQ(syllables("𠮷さ🎵"), (SyllableList{"s a"}));
     EXPECT_EQ(syllables("\x7F"), (SyllableList{}));
 }
 
-TEST(Lyric, BeginsAWordWithAnyCharacterFromTheExclamationMarkToTheTilde) {
+TEST(LyricConversion, BeginsAWordFromTheExclamationMarkToTheTilde) {
     constexpr std::string_view kWords = "!a\tx\t!a\n"
                                         "~a\ty\t~a\n"
                                         "\x7F"
@@ -215,11 +215,11 @@ TEST(Lyric, BeginsAWordWithAnyCharacterFromTheExclamationMarkToTheTilde) {
               SyllableList{"ah"});
 }
 
-TEST(Lyric, MayHoldAZeroCharacter) {
+TEST(LyricConversion, MayHoldAZeroCharacter) {
     EXPECT_EQ(syllables(std::string_view("さ\0く", 7)), (SyllableList{"s a", "k u"}));
 }
 
-TEST(Lyric, ThatIsNotUtf8RaisesAndLeavesTheListAsItWas) {
+TEST(LyricConversion, ThatIsNotUtf8RaisesAndLeavesTheListAsItWas) {
     for (const auto* const lyric :
          {"さ\xFF", "\xE3\x81", "\x80", "\xED\xA0\x80", "\xF4\x90\x80\x80"}) {
         NoteLyricList noteLyrics{"untouched"};
@@ -237,7 +237,7 @@ std::uint64_t neededAllocations(const NoteLyricList& noteLyrics) {
     return static_cast<std::uint64_t>(longTexts) + 1;
 }
 
-TEST(Lyric, TakesNoMemoryThatItsResultDoesNotNeed) {
+TEST(LyricConversion, TakesNoMemoryThatItsResultDoesNotNeed) {
     using tests::FailingAllocation;
     for (const std::string_view lyric :
          {"さくらさく", "hello beautiful world", "loveソング", "sakura[s a,k u,r a,s a,k u]"}) {
@@ -261,7 +261,7 @@ std::string repeated(std::string_view piece, std::size_t bytes) {
 }
 
 // A conversion that took time in proportion to the square of the length would not end here.
-TEST(Lyric, OfAMillionCharactersConvertsOnASmallStack) {
+TEST(LyricConversion, OfAMillionCharactersConvertsOnASmallStack) {
     constexpr std::size_t size = 1'000'000;
     const std::vector<std::string> longLyrics = {
         repeated("a", size),  repeated("カ", 3 * size),        repeated("[", size),

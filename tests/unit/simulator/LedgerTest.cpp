@@ -9,23 +9,30 @@
 
 #include <memory>
 
-namespace wybeta::simulator {
+namespace wybeta::tests {
 namespace {
 
-class LedgerOfAHost : public testing::Test {
+using namespace simulator;
+
+class Ledger : public testing::Test {
 protected:
     const SharedState state = std::make_shared<HostState>();
-    const Ledger& ledger = state->ledger;
+    const simulator::Ledger& ledger = state->ledger;
 };
 
-TEST_F(LedgerOfAHost, IsBalancedBeforeAnythingIsTaken) {
+// These are looked at by way of the ledger.
+using CallInterceptor = Ledger;
+using HostObject = Ledger;
+using ProjectTree = Ledger;
+
+TEST_F(Ledger, IsBalancedBeforeAnythingIsTaken) {
     const auto folder = makeHandle<Folder>(state);
     EXPECT_TRUE(ledger.isBalanced());
     EXPECT_EQ(ledger.report(), "");
     EXPECT_EQ(ledger.objectsAlive(), 1u);
 }
 
-TEST_F(LedgerOfAHost, NamesTheObjectsThatAreHeld) {
+TEST_F(Ledger, NamesTheObjectsThatAreHeld) {
     const auto folder = makeHandle<Folder>(state);
     folder->argument()->addRef();
     folder->argument()->addRef();
@@ -39,7 +46,7 @@ TEST_F(LedgerOfAHost, NamesTheObjectsThatAreHeld) {
     EXPECT_EQ(ledger.report(), "");
 }
 
-TEST_F(LedgerOfAHost, EntersAReferenceTakenByAnInterface) {
+TEST_F(Ledger, EntersAReferenceTakenByAnInterface) {
     const auto folder = makeHandle<Folder>(state);
     void* node = nullptr;
     EXPECT_EQ(folder->argument()->queryInterface(host::IProjectNode::iid, &node),
@@ -49,7 +56,7 @@ TEST_F(LedgerOfAHost, EntersAReferenceTakenByAnInterface) {
     EXPECT_TRUE(ledger.isBalanced());
 }
 
-TEST_F(LedgerOfAHost, FindsFaultWithAReferenceGivenBackTwice) {
+TEST_F(Ledger, FindsFaultWithAReferenceGivenBackTwice) {
     const auto folder = makeHandle<Folder>(state);
     folder->argument()->addRef();
     folder->argument()->release();
@@ -58,7 +65,7 @@ TEST_F(LedgerOfAHost, FindsFaultWithAReferenceGivenBackTwice) {
     EXPECT_EQ(ledger.report(), "Folder was given back without having been taken\n");
 }
 
-TEST_F(LedgerOfAHost, IsNotBalancedByAnObjectTooMuchGivenBackForAnotherOneHeld) {
+TEST_F(Ledger, IsNotBalancedByAnObjectTooMuchGivenBackForAnotherOneHeld) {
     const auto held = makeHandle<Folder>(state);
     const auto given = makeHandle<Part>(state);
     held->argument()->addRef();
@@ -68,7 +75,7 @@ TEST_F(LedgerOfAHost, IsNotBalancedByAnObjectTooMuchGivenBackForAnotherOneHeld) 
     EXPECT_FALSE(ledger.isBalanced());
 }
 
-TEST_F(LedgerOfAHost, KeepsAnObjectAliveForItsHandleOrForTheModule) {
+TEST_F(HostObject, LivesForItsHandleOrForTheModule) {
     auto folder = makeHandle<Folder>(state);
     auto* const argument = folder->argument();
     argument->addRef();
@@ -83,7 +90,7 @@ TEST_F(LedgerOfAHost, KeepsAnObjectAliveForItsHandleOrForTheModule) {
     EXPECT_EQ(ledger.objectsAlive(), 0u);
 }
 
-TEST_F(LedgerOfAHost, SeesADeepTreeGoAsAWhole) {
+TEST_F(ProjectTree, GoesAsAWholeHoweverDeepItIs) {
     auto root = makeHandle<Folder>(state);
     auto deepest = root;
     for (int depth = 0; depth < 100000; ++depth) {
@@ -97,14 +104,14 @@ TEST_F(LedgerOfAHost, SeesADeepTreeGoAsAWhole) {
     EXPECT_EQ(ledger.objectsAlive(), 0u);
 }
 
-TEST_F(LedgerOfAHost, GoesWithACallLogThatCountsEveryCall) {
+TEST_F(CallInterceptor, CountsEveryCall) {
     const auto folder = makeHandle<Folder>(state);
     EXPECT_TRUE(folder->isKind("folder"));
     EXPECT_FALSE(folder->isKind("part"));
     EXPECT_EQ(state->calls.count(), 2u);
 }
 
-TEST_F(LedgerOfAHost, GoesWithACallLogThatCanRefuseACall) {
+TEST_F(CallInterceptor, CanRefuseACall) {
     const auto folder = makeHandle<Folder>(state);
     state->calls.intercept([&](const HostCall& call) {
         EXPECT_EQ(&call.object, folder.get());
@@ -116,4 +123,4 @@ TEST_F(LedgerOfAHost, GoesWithACallLogThatCanRefuseACall) {
 }
 
 } // namespace
-} // namespace wybeta::simulator
+} // namespace wybeta::tests

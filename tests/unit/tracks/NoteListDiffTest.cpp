@@ -42,7 +42,7 @@ std::string without(std::string_view letters, unsigned bits) {
     return rest;
 }
 
-TEST(NoteDifference, ListsTheNotesThatTheShorterListLacks) {
+TEST(NoteListDiff, ListsTheNotesThatTheShorterListLacks) {
     EXPECT_EQ(diff("abcd", "ad"), "1b 2c");
     EXPECT_EQ(diff("aeb", "ab"), "1e");
     EXPECT_EQ(diff("abc", "bc"), "0a");
@@ -50,39 +50,39 @@ TEST(NoteDifference, ListsTheNotesThatTheShorterListLacks) {
     EXPECT_EQ(diff("abc", ""), "0a 1b 2c");
 }
 
-TEST(NoteDifference, IsGreedy) {
+TEST(NoteListDiff, IsGreedy) {
     EXPECT_EQ(diff("qrs", "pq"), "0q 1r 2s");
     EXPECT_EQ(diff("abcd", "cb"), "0a 1b 3d");
 }
 
-TEST(NoteDifference, IsEmptyWhenTheLongerListIsNot) {
+TEST(NoteListDiff, IsEmptyWhenTheLongerListIsNot) {
     EXPECT_EQ(diff("a", "bc"), "");
     EXPECT_EQ(diff("", "a"), "");
     EXPECT_EQ(diff("", ""), "");
 }
 
-TEST(NoteDifference, ComparesListsOfOneLengthAsWell) {
+TEST(NoteListDiff, ComparesListsOfOneLengthAsWell) {
     EXPECT_EQ(diff("abc", "abc"), "");
     EXPECT_EQ(diff("abc", "axc"), "1b 2c");
 }
 
-TEST(NoteDifference, MatchesEachRecordOfTheShorterListOnce) {
+TEST(NoteListDiff, MatchesEachRecordOfTheShorterListOnce) {
     EXPECT_EQ(diff("aab", "ab"), "1a");
     EXPECT_EQ(diff("aaa", "a"), "1a 2a");
 }
 
-TEST(NoteDifference, ListsARecordWithoutANoteWhileTheShorterListGoesOn) {
+TEST(NoteListDiff, ListsARecordWithoutANoteWhileTheShorterListGoesOn) {
     EXPECT_EQ(diff(".ab", "ab"), "0.");
     EXPECT_EQ(diff("a.b", "ab"), "1.");
     EXPECT_EQ(diff("a.b", "a.b"), "");
 }
 
-TEST(NoteDifference, TakesARecordWithoutANoteForMatchedBehindTheShorterList) {
+TEST(NoteListDiff, TakesARecordWithoutANoteForMatchedBehindTheShorterList) {
     EXPECT_EQ(diff("ab.", "ab"), "");
     EXPECT_EQ(diff("a..b", "a"), "3b");
 }
 
-TEST(NoteDifference, LooksAtTheEventsOnlyAndCopiesWholeRecords) {
+TEST(NoteListDiff, LooksAtTheEventsOnlyAndCopiesWholeRecords) {
     auto first = noteNamed('a');
     first.lyrics = "another";
     auto second = noteNamed('b');
@@ -103,7 +103,7 @@ TEST(NoteDifference, LooksAtTheEventsOnlyAndCopiesWholeRecords) {
     EXPECT_EQ(copy.event, second.event);
 }
 
-TEST(NoteMerge, PutsNotesBackAtTheirPositions) {
+TEST(NoteListDiffMerge, PutsNotesBackAtTheirPositions) {
     EXPECT_EQ(merge("ad", {{1, noteNamed('b')}, {2, noteNamed('c')}}), "abcd");
     EXPECT_EQ(merge("ab", {{0, noteNamed('x')}}), "xab");
     EXPECT_EQ(merge("ab", {{2, noteNamed('x')}, {3, noteNamed('y')}}), "abxy");
@@ -113,25 +113,25 @@ TEST(NoteMerge, PutsNotesBackAtTheirPositions) {
     EXPECT_EQ(merge("", {}), "");
 }
 
-TEST(NoteMerge, EndsAtAPositionPastTheEnd) {
+TEST(NoteListDiffMerge, EndsAtAPositionPastTheEnd) {
     EXPECT_EQ(merge("ab", {{3, noteNamed('x')}}), "ab");
     EXPECT_EQ(merge("ab", {{1, noteNamed('x')}, {9, noteNamed('y')}, {3, noteNamed('z')}}), "axb");
     EXPECT_EQ(merge("", {{1, noteNamed('x')}}), "");
 }
 
-TEST(NoteMerge, EndsAtAPositionThatWasPassed) {
+TEST(NoteListDiffMerge, EndsAtAPositionThatWasPassed) {
     EXPECT_EQ(merge("ab", {{2, noteNamed('x')}, {0, noteNamed('y')}}), "abx");
     EXPECT_EQ(merge("ab", {{1, noteNamed('x')}, {1, noteNamed('y')}}), "axb");
 }
 
-TEST(NoteMerge, ReadsPositionsAsSigned32BitNumbers) {
+TEST(NoteListDiffMerge, ReadsPositionsAsSigned32BitNumbers) {
     EXPECT_EQ(merge("ab", {{0xFFFFFFFF, noteNamed('x')}}), "ab");
     EXPECT_EQ(merge("ab", {{0x80000000, noteNamed('x')}}), "ab");
     EXPECT_EQ(merge("ab", {{0xFFFFFFFFFFFFFFFF, noteNamed('x')}}), "ab");
     EXPECT_EQ(merge("ab", {{0x100000001, noteNamed('x')}}), "axb");
 }
 
-TEST(NoteMerge, PutsBackAnySelectionThatTheDifferenceFound) {
+TEST(NoteListDiffMerge, PutsBackAnySelectionThatTheDifferenceFound) {
     const std::string letters = "abcdefgh";
     for (unsigned bits = 0; bits < 256; ++bits) {
         const auto rest = without(letters, bits);
@@ -141,29 +141,29 @@ TEST(NoteMerge, PutsBackAnySelectionThatTheDifferenceFound) {
     }
 }
 
-TEST(NoteRemoval, TakesNotesOutAndKeepsTheOrder) {
+TEST(NoteListDiffRemoval, TakesNotesOutAndKeepsTheOrder) {
     EXPECT_EQ(remove("abcd", {{1, noteNamed('b')}, {2, noteNamed('c')}}), "ad");
     EXPECT_EQ(remove("abcd", {{3, noteNamed('d')}, {0, noteNamed('a')}}), "bc");
     EXPECT_EQ(remove("ab", {{0, noteNamed('a')}, {1, noteNamed('b')}}), "");
     EXPECT_EQ(remove("ab", {}), "ab");
 }
 
-TEST(NoteRemoval, GoesByPositionsAndNotByNotes) {
+TEST(NoteListDiffRemoval, GoesByPositionsAndNotByNotes) {
     EXPECT_EQ(remove("abc", {{1, noteNamed('z')}}), "ac");
 }
 
-TEST(NoteRemoval, LeavesPositionsPastTheEndAlone) {
+TEST(NoteListDiffRemoval, LeavesPositionsPastTheEndAlone) {
     EXPECT_EQ(remove("ab", {{2, noteNamed('x')}, {0, noteNamed('a')}}), "b");
     EXPECT_EQ(remove("ab", {{0xFFFFFFFFFFFFFFFF, noteNamed('x')}}), "ab");
     EXPECT_EQ(remove("ab", {{0x100000001, noteNamed('x')}}), "ab");
     EXPECT_EQ(remove("", {{0, noteNamed('x')}}), "");
 }
 
-TEST(NoteRemoval, TakesAPositionThatComesTwiceOnce) {
+TEST(NoteListDiffRemoval, TakesAPositionThatComesTwiceOnce) {
     EXPECT_EQ(remove("abc", {{1, noteNamed('b')}, {1, noteNamed('b')}}), "ac");
 }
 
-TEST(NoteRemoval, DropsRecordsThatHeldTheDeletionMarkBefore) {
+TEST(NoteListDiffRemoval, DropsRecordsThatHeldTheDeletionMarkBefore) {
     auto records = notesNamed("abcd");
     records.value(0) = -1;
     records.value(3) = static_cast<std::int32_t>(0xFFFFFFFF);

@@ -24,7 +24,7 @@ namespace {
 using host::IEditStep;
 using Steinberg::IPtr;
 
-class EditStep : public SessionTest {
+class EditStepSession : public SessionTest {
 protected:
     // Changes a known track so that the next hook makes a step: a division, or a count step.
     void change(Track& track, bool isDivided) {
@@ -47,19 +47,19 @@ protected:
     }
 };
 
-TEST_F(EditStep, IsNotMadeForATrackThatIsMetForTheFirstTime) {
+TEST_F(EditStepSession, IsNotMadeForATrackThatIsMetForTheFirstTime) {
     auto& track = addTrack({"la", "さくら"});
     noteAt(track, 0).flagged = true;
     EXPECT_TRUE(hook().empty());
 }
 
-TEST_F(EditStep, IsNotMadeForATrackThatDidNotChange) {
+TEST_F(EditStepSession, IsNotMadeForATrackThatDidNotChange) {
     auto& track = addKnownTrack({"la", "さくら"});
     noteAt(track, 0).flagged = true;
     EXPECT_TRUE(hook().empty());
 }
 
-TEST_F(EditStep, IsNotMadeByANotification) {
+TEST_F(EditStepSession, IsNotMadeByANotification) {
     auto& divided = addKnownTrack({"", ""});
     auto& grown = addKnownTrack({"", ""});
     change(divided, true);
@@ -73,14 +73,14 @@ TEST_F(EditStep, IsNotMadeByANotification) {
     EXPECT_EQ(lyricsOf(divided), (Lyrics{"か", ""}));
 }
 
-TEST_F(EditStep, IsADivisionAloneWhenTheCountChangedAsWell) {
+TEST_F(EditStepSession, IsADivisionAloneWhenTheCountChangedAsWell) {
     auto& track = addKnownTrack({"", ""});
     change(track, true);
     change(track, false);
     expectOneStep(StepKind::Division);
 }
 
-TEST_F(EditStep, ComesWithOneReferenceAndIsReleasedByItsMaker) {
+TEST_F(EditStepSession, ComesWithOneReferenceAndIsReleasedByItsMaker) {
     for (const bool isDivided : {true, false}) {
         change(addKnownTrack({"", ""}), isDivided);
         IPtr<IEditStep> kept;
@@ -96,7 +96,7 @@ TEST_F(EditStep, ComesWithOneReferenceAndIsReleasedByItsMaker) {
     }
 }
 
-TEST_F(EditStep, DiesWithItsLastReference) {
+TEST_F(EditStepSession, DiesWithItsLastReference) {
     auto& track = addKnownTrack({"", ""});
     typeInto(noteAt(track, 0), "かき");
     auto steps = hook();
@@ -106,7 +106,7 @@ TEST_F(EditStep, DiesWithItsLastReference) {
     EXPECT_EQ(noteAt(track, 1).moduleReferences(), 0);
 }
 
-TEST_F(EditStep, DiesAtOnceWhenTheHostTakesNoReference) {
+TEST_F(EditStepSession, DiesAtOnceWhenTheHostTakesNoReference) {
     auto& divided = addKnownTrack({"", ""});
     auto& grown = addKnownTrack({"", ""});
     change(divided, true);
@@ -118,7 +118,7 @@ TEST_F(EditStep, DiesAtOnceWhenTheHostTakesNoReference) {
     EXPECT_EQ(state()->ledger.outstanding(), before);
 }
 
-TEST_F(EditStep, IsHandedOverAfterTheTableHasTheNewNotes) {
+TEST_F(EditStepSession, IsHandedOverAfterTheTableHasTheNewNotes) {
     for (const bool isDivided : {true, false}) {
         change(addKnownTrack({"", ""}), isDivided);
         std::size_t inner = 99;
@@ -130,7 +130,7 @@ TEST_F(EditStep, IsHandedOverAfterTheTableHasTheNewNotes) {
     }
 }
 
-TEST_F(EditStep, AnswersTheSamePointerToBothOfItsInterfaces) {
+TEST_F(EditStepSession, AnswersTheSamePointerToBothOfItsInterfaces) {
     for (const auto& step : makeBothKinds()) {
         for (const auto& id : {&Steinberg::FUnknown_iid, &IEditStep::iid}) {
             void* found = nullptr;
@@ -141,7 +141,7 @@ TEST_F(EditStep, AnswersTheSamePointerToBothOfItsInterfaces) {
     }
 }
 
-TEST_F(EditStep, AnswersNoOtherInterface) {
+TEST_F(EditStepSession, AnswersNoOtherInterface) {
     for (const auto& step : makeBothKinds()) {
         for (const auto& id : {&host::IProjectNode::iid, &host::IProjectTrack::iid}) {
             void* found = this;
@@ -154,7 +154,7 @@ TEST_F(EditStep, AnswersNoOtherInterface) {
     }
 }
 
-TEST_F(EditStep, ReturnsZeroFromExecuteAndReport) {
+TEST_F(EditStepSession, ReturnsZeroFromExecuteAndReport) {
     const auto collector = makeHandle<simulator::ObjectCollector>(state());
     for (const auto& step : makeBothKinds()) {
         EXPECT_EQ(step->execute(), 0);
@@ -162,13 +162,13 @@ TEST_F(EditStep, ReturnsZeroFromExecuteAndReport) {
     }
 }
 
-TEST_F(EditStep, ToleratesAMissingCollector) {
+TEST_F(EditStepSession, ToleratesAMissingCollector) {
     for (const auto& step : makeBothKinds()) {
         EXPECT_EQ(step->reportChangedObjects(nullptr), 0);
     }
 }
 
-TEST_F(EditStep, OutlivesTheExtension) {
+TEST_F(EditStepSession, OutlivesTheExtension) {
     auto& divided = addKnownTrack({"a", "b"});
     auto& grown = addKnownTrack({"", ""});
     typeInto(noteAt(divided, 0), "かき");
@@ -187,7 +187,7 @@ TEST_F(EditStep, OutlivesTheExtension) {
     EXPECT_EQ(lyricsOf(divided), (Lyrics{"かき[k a]", "[k i]"}));
 }
 
-TEST_F(EditStep, LeavesTheTableAloneOnceTheExtensionIsTerminated) {
+TEST_F(EditStepSession, LeavesTheTableAloneOnceTheExtensionIsTerminated) {
     auto& divided = addKnownTrack({"a", "b"});
     auto& grown = addKnownTrack({"", ""});
     typeInto(noteAt(divided, 0), "かき");
@@ -203,7 +203,7 @@ TEST_F(EditStep, LeavesTheTableAloneOnceTheExtensionIsTerminated) {
     EXPECT_EQ(recordedLyrics(divided), (Lyrics{"かき[k a]", "[k i]"}));
 }
 
-TEST_F(EditStep, ReachesTheTableOfTheExtensionThatWasInitialisedLast) {
+TEST_F(EditStepSession, ReachesTheTableOfTheExtensionThatWasInitialisedLast) {
     auto& track = addKnownTrack({"a", "b"});
     typeInto(noteAt(track, 0), "かき");
     const auto steps = hook();
@@ -212,7 +212,7 @@ TEST_F(EditStep, ReachesTheTableOfTheExtensionThatWasInitialisedLast) {
     EXPECT_EQ(recordedLyrics(track), (Lyrics{"かき[k a]", "[k i]"}));
 }
 
-TEST_F(EditStep, WritesNothingButLyrics) {
+TEST_F(EditStepSession, WritesNothingButLyrics) {
     auto& track = addKnownTrack({"a", "b"});
     for (std::size_t i = 0; i < 2; ++i) {
         noteAt(track, i).setText("phoneme", "p" + std::to_string(i));

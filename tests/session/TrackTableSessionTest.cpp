@@ -19,7 +19,7 @@
 namespace wybeta::tests {
 namespace {
 
-class TrackTable : public SessionTest {
+class TrackTableSession : public SessionTest {
 protected:
     // A track with the given parts of events, which may be null.
     Track& addTrackOfEvents(const std::vector<std::vector<Handle<Event>>>& parts) {
@@ -48,7 +48,7 @@ protected:
     }
 };
 
-TEST_F(TrackTable, OnlyRecordsATrackThatIsSeenForTheFirstTime) {
+TEST_F(TrackTableSession, OnlyRecordsATrackThatIsSeenForTheFirstTime) {
     auto& track = addTrack({"", "la", ""});
     typeInto(noteAt(track, 0), "さくら");
     EXPECT_TRUE(hook().empty());
@@ -56,32 +56,32 @@ TEST_F(TrackTable, OnlyRecordsATrackThatIsSeenForTheFirstTime) {
     EXPECT_EQ(recordedLyrics(track), (Lyrics{"さくら", "la", ""}));
 }
 
-TEST_F(TrackTable, IsFilledByANotificationAsByAHook) {
+TEST_F(TrackTableSession, IsFilledByANotificationAsByAHook) {
     auto& track = addTrack({"la", "", "li"});
     editor().notify();
     EXPECT_EQ(recordedLyrics(track), (Lyrics{"la", "", "li"}));
 }
 
-TEST_F(TrackTable, LetsALaterEditDivide) {
+TEST_F(TrackTableSession, LetsALaterEditDivide) {
     auto& track = addKnownTrack({"", "", ""});
     typeInto(noteAt(track, 0), "さくら");
     EXPECT_EQ(hook().size(), 1u);
     EXPECT_EQ(lyricsOf(track), (Lyrics{"さくら[s a]", "[k u]", "[r a]"}));
 }
 
-TEST_F(TrackTable, HoldsTheNotesOfAllPartsInOrder) {
+TEST_F(TrackTableSession, HoldsTheNotesOfAllPartsInOrder) {
     auto& track = addKnownTrackOf({{"a", "b"}, {}, {"c"}, {"d", "e"}});
     EXPECT_EQ(recordedLyrics(track), (Lyrics{"a", "b", "c", "d", "e"}));
 }
 
-TEST_F(TrackTable, HoldsATrackWithoutNotes) {
+TEST_F(TrackTableSession, HoldsATrackWithoutNotes) {
     auto& track = addKnownTrackOf(std::vector<Lyrics>{});
     EXPECT_EQ(stepsWithoutAChange(), 0u);
     track.add(makePart({"la"}));
     EXPECT_EQ(hook().size(), 1u);
 }
 
-TEST_F(TrackTable, HoldsATrackWithoutAnIterator) {
+TEST_F(TrackTableSession, HoldsATrackWithoutAnIterator) {
     auto& track = addTrackOf(std::vector<Lyrics>{});
     track.answerNoIteratorWhenEmpty();
     editor().notify();
@@ -90,7 +90,7 @@ TEST_F(TrackTable, HoldsATrackWithoutAnIterator) {
     EXPECT_EQ(hook().size(), 1u);
 }
 
-TEST_F(TrackTable, IsBroughtUpToDateByANotificationThatMakesNoStep) {
+TEST_F(TrackTableSession, IsBroughtUpToDateByANotificationThatMakesNoStep) {
     auto& track = addKnownTrack({"", ""});
     track.add(makePart({"la"}));
     noteAt(track, 0).setLyric("li");
@@ -99,7 +99,7 @@ TEST_F(TrackTable, IsBroughtUpToDateByANotificationThatMakesNoStep) {
     EXPECT_EQ(recordedLyrics(track), (Lyrics{"li", "", "la"}));
 }
 
-TEST_F(TrackTable, HoldsTheDividedTextsAfterANotificationThatWritesNone) {
+TEST_F(TrackTableSession, HoldsTheDividedTextsAfterANotificationThatWritesNone) {
     auto& track = addKnownTrack({"", "", ""});
     typeInto(noteAt(track, 0), "さくら");
     editor().notify();
@@ -107,7 +107,7 @@ TEST_F(TrackTable, HoldsTheDividedTextsAfterANotificationThatWritesNone) {
     EXPECT_EQ(recordedLyrics(track), (Lyrics{"さくら[s a]", "[k u]", "[r a]"}));
 }
 
-TEST_F(TrackTable, LeavesTheDivisionOfATextThatANotificationSawToTheNextHook) {
+TEST_F(TrackTableSession, LeavesTheDivisionOfATextThatANotificationSawToTheNextHook) {
     auto& track = addKnownTrack({"", "la", ""});
     typeInto(noteAt(track, 0), "さくら");
     editor().notify();
@@ -119,7 +119,7 @@ TEST_F(TrackTable, LeavesTheDivisionOfATextThatANotificationSawToTheNextHook) {
     EXPECT_EQ(lyricsOf(track), (Lyrics{"さくら[s a]", "la", ""}));
 }
 
-TEST_F(TrackTable, HoldsTheDividedTextsAfterAHook) {
+TEST_F(TrackTableSession, HoldsTheDividedTextsAfterAHook) {
     auto& track = addKnownTrack({"", "", "", "la"});
     typeInto(noteAt(track, 0), "さくら");
     hook();
@@ -127,14 +127,14 @@ TEST_F(TrackTable, HoldsTheDividedTextsAfterAHook) {
     EXPECT_EQ(recordedLyrics(track), (Lyrics{"さくら[s a]", "[k u]", "[r a]", "la"}));
 }
 
-TEST_F(TrackTable, FollowsLyricsThatAreNotDivided) {
+TEST_F(TrackTableSession, FollowsLyricsThatAreNotDivided) {
     auto& track = addKnownTrack({"la", "li"});
     noteAt(track, 1).setLyric("さくら");
     EXPECT_TRUE(hook().empty());
     EXPECT_EQ(recordedLyrics(track), (Lyrics{"la", "さくら"}));
 }
 
-TEST_F(TrackTable, RecordsTheNotesBehindAChildThatIsNoPartOnFirstSightingOnly) {
+TEST_F(TrackTableSession, RecordsTheNotesBehindAChildThatIsNoPartOnFirstSightingOnly) {
     auto& track = addTrack({"a", "b"});
     track.add(makeHandle<TreeNode>(state(), "Node", "automation"));
     track.add(makePart({"c"}));
@@ -148,26 +148,26 @@ TEST_F(TrackTable, RecordsTheNotesBehindAChildThatIsNoPartOnFirstSightingOnly) {
     EXPECT_EQ(hook().size(), 1u);
 }
 
-TEST_F(TrackTable, RecordsTheNotesBehindAPartWithoutAnIteratorOnFirstSightingOnly) {
+TEST_F(TrackTableSession, RecordsTheNotesBehindAPartWithoutAnIteratorOnFirstSightingOnly) {
     auto& track = addTrackOf({{"a"}, {}, {"c"}});
     dynamic_cast<Part&>(*track.items()[1]).answerNoIteratorWhenEmpty();
     editor().notify();
     expectOneStep(StepKind::Count);
 }
 
-TEST_F(TrackTable, RecordsEventsThatAreNoNotesOnFirstSightingOnly) {
+TEST_F(TrackTableSession, RecordsEventsThatAreNoNotesOnFirstSightingOnly) {
     addTrackOfEvents({{makeNote("a"), makeOtherEvent(), makeNote("b")}});
     editor().notify();
     expectOneStep(StepKind::Count);
 }
 
-TEST_F(TrackTable, TakesAnEventThatIsNoNoteForTheNoteBeforeIt) {
+TEST_F(TrackTableSession, TakesAnEventThatIsNoNoteForTheNoteBeforeIt) {
     addTrackOfEvents({{makeNote("a"), makeOtherEvent()}});
     editor().notify();
     expectStepWithARecord();
 }
 
-TEST_F(TrackTable, CountsEveryEventThatIsNoNote) {
+TEST_F(TrackTableSession, CountsEveryEventThatIsNoNote) {
     const auto others = {makeOtherEvent(), makeOtherEvent()};
     auto& track = addTrackOfEvents({{makeOtherEvent(), makeNote("a")}, others, {makeNote("b")}});
     editor().notify();
@@ -177,14 +177,14 @@ TEST_F(TrackTable, CountsEveryEventThatIsNoNote) {
     EXPECT_TRUE(hook().empty());
 }
 
-TEST_F(TrackTable, TakesTheRecordOfTheNoteBeforeThatOfAnEventBehindIt) {
+TEST_F(TrackTableSession, TakesTheRecordOfTheNoteBeforeThatOfAnEventBehindIt) {
     auto& track = addTrackOfEvents({{makeNote("la"), makeOtherEvent()}});
     noteAt(track, 0).flagged = true;
     editor().notify();
     expectOneStep(StepKind::Count);
 }
 
-TEST_F(TrackTable, HoldsAnEmptyRecordForAnEventThatIsNoNote) {
+TEST_F(TrackTableSession, HoldsAnEmptyRecordForAnEventThatIsNoNote) {
     auto& track = addTrackOfEvents({{makeNote("la"), makeOtherEvent(), makeNote("b")}});
     auto& note = noteAt(track, 0);
     note.flagged = true;
@@ -208,19 +208,19 @@ TEST_F(TrackTable, HoldsAnEmptyRecordForAnEventThatIsNoNote) {
     EXPECT_EQ(note.lyric(), "");
 }
 
-TEST_F(TrackTable, DoesNotTakeALeadingEventThatIsNoNoteForAnyNote) {
+TEST_F(TrackTableSession, DoesNotTakeALeadingEventThatIsNoNoteForAnyNote) {
     addTrackOfEvents({{makeOtherEvent(), makeNote("la")}});
     editor().notify();
     expectStepWithARecord();
 }
 
-TEST_F(TrackTable, HasNoRecordForANullEvent) {
+TEST_F(TrackTableSession, HasNoRecordForANullEvent) {
     addTrackOfEvents({{{}, makeNote("a"), {}, {}, makeNote("b"), {}}});
     editor().notify();
     EXPECT_EQ(stepsWithoutAChange(), 0u);
 }
 
-TEST_F(TrackTable, TakesALyricThatIsNoTextForEmpty) {
+TEST_F(TrackTableSession, TakesALyricThatIsNoTextForEmpty) {
     auto& track = addTrack({"a", "la"});
     noteAt(track, 1).attributes = [](std::string_view, Steinberg::FVariant& value) {
         value.setInt(7);
@@ -231,12 +231,12 @@ TEST_F(TrackTable, TakesALyricThatIsNoTextForEmpty) {
     EXPECT_EQ(recordedLyrics(track), (Lyrics{"a", ""}));
 }
 
-TEST_F(TrackTable, HoldsCharactersBeyondTheBasicPlane) {
+TEST_F(TrackTableSession, HoldsCharactersBeyondTheBasicPlane) {
     auto& track = addKnownTrack({"𠮷野", "🎵"});
     EXPECT_EQ(recordedLyrics(track), (Lyrics{"𠮷野", "🎵"}));
 }
 
-TEST_F(TrackTable, KnowsATrackByItsAddressAndNotByItsNotes) {
+TEST_F(TrackTableSession, KnowsATrackByItsAddressAndNotByItsNotes) {
     auto& track = addKnownTrack({"", ""});
     const auto twin = makeTrack({});
     const Handle<TreeItem> part = track.items()[0];
