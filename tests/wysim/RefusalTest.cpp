@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/TestName.h"
 #include "tests/wysim/SongFixture.h"
 #include "wysim/song/BadInput.h"
 #include "wysim/song/JsonSong.h"
@@ -12,6 +13,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <ostream>
 #include <string>
 
 namespace wybeta::tests {
@@ -24,6 +26,10 @@ struct Refused {
     const char* file;
     const char* sentence;
 };
+
+void PrintTo(const Refused& refused, std::ostream* out) {
+    *out << refused.file;
+}
 
 class RefusedFile : public testing::TestWithParam<Refused> {};
 
@@ -51,13 +57,7 @@ INSTANTIATE_TEST_SUITE_P(
         Refused{"missing.musicxml", "expected a file that can be read, found none"},
         Refused{".", "expected a name that ends in .musicxml, .xml, .mxl or .json, found no "
                      "ending"}),
-    [](const auto& test) {
-        std::string name;
-        for (const char* letter = test.param.file; *letter != '\0'; ++letter) {
-            name += *letter == '-' || *letter == '.' ? '_' : *letter;
-        }
-        return name;
-    });
+    [](const auto& test) { return testNameOf(test.param.file); });
 
 TEST(Refusal, OfALargeFileComesWithoutReadingIt) {
     const TemporaryFolder folder;

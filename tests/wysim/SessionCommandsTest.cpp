@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/TestName.h"
 #include "tests/wysim/SongFixture.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <ostream>
 #include <string>
 
 namespace wybeta::tests {
@@ -180,6 +182,10 @@ struct Mistake {
     const char* sentence;
 };
 
+void PrintTo(const Mistake& mistake, std::ostream* out) {
+    *out << testing::PrintToString(mistake.command);
+}
+
 class MistakenCommand : public testing::TestWithParam<Mistake> {};
 
 TEST_P(MistakenCommand, SaysWhatIsExpectedAndChangesNothing) {
@@ -221,7 +227,8 @@ INSTANTIATE_TEST_SUITE_P(
         Mistake{"tracks 2", "a track from 1 to 1, found '2'"},
         Mistake{"save", "the name of a file, found nothing"},
         Mistake{"save song", "a name that ends in .json, .musicxml, .xml or .svg, found no ending"},
-        Mistake{"!9", "a command of the history from 1 to 1, found '9'"}));
+        Mistake{"!9", "a command of the history from 1 to 1, found '9'"}),
+    [](const auto& test) { return testNameOf(test.param.command); });
 
 } // namespace
 
