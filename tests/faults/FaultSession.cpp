@@ -2,6 +2,7 @@
 #include "tests/faults/FaultSession.h"
 
 #include "host/IProjectTrack.h"
+#include "tests/TrackNotes.h"
 
 #include <gtest/gtest.h>
 
@@ -35,10 +36,6 @@ std::uint32_t referencesTo(Steinberg::FUnknown& object) {
 // The address by which the extension knows a track.
 const void* keyOf(const Track& track) {
     return static_cast<const host::IProjectTrack*>(&track);
-}
-
-std::vector<std::string> lyricsOf(const Track& track) {
-    return {FaultSession::noteOf(track, 0).lyric(), FaultSession::noteOf(track, 1).lyric()};
 }
 
 } // namespace
@@ -102,14 +99,6 @@ Folder& FaultSession::folder() const {
 
 Track& FaultSession::innerTrack() const {
     return dynamic_cast<Track&>(*folder().items().at(0));
-}
-
-Part& FaultSession::partOf(const Track& track) {
-    return dynamic_cast<Part&>(*track.items().at(0));
-}
-
-Event& FaultSession::noteOf(const Track& track, std::size_t index) {
-    return dynamic_cast<Event&>(*partOf(track).items().at(index));
 }
 
 Handle<Event> FaultSession::makeNote(std::string_view lyric) {
@@ -266,12 +255,10 @@ void FaultSession::expectRecovers() {
     const auto track = makeTrack({"", ""});
     project_->add(track);
     notify();
-    noteOf(*track, 0).setLyric("かき");
-    noteOf(*track, 0).flagged = true;
+    typeInto(noteAt(*track, 0), "かき");
     hook();
     keepSteps();
     ASSERT_EQ(steps_.size(), 1u);
-    using Lyrics = std::vector<std::string>;
     EXPECT_EQ(lyricsOf(*track), (Lyrics{"かき[k a]", "[k i]"}));
     steps_[0]->undo();
     EXPECT_EQ(lyricsOf(*track), (Lyrics{"", ""}));

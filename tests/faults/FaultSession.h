@@ -75,8 +75,6 @@ public:
     simulator::Track& melody() const;
     simulator::Folder& folder() const;
     simulator::Track& innerTrack() const;
-    static simulator::Part& partOf(const simulator::Track& track);
-    static simulator::Event& noteOf(const simulator::Track& track, std::size_t index);
 
     // Pieces with names, in no tree yet.
     simulator::Handle<simulator::Event> makeNote(std::string_view lyric);

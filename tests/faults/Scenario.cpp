@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/faults/Scenario.h"
 
+#include "tests/TrackNotes.h"
+
 #include <cstddef>
 
 namespace wybeta::tests {
@@ -15,18 +17,16 @@ void know(FaultSession& session) {
 
 // Texts for three notes, two of them too long for a string to keep without an allocation.
 void typeIntoMelody(FaultSession& session) {
-    auto& note = FaultSession::noteOf(session.melody(), 0);
-    note.setLyric("strengthsかstrengths");
-    note.flagged = true;
+    typeInto(noteAt(session.melody(), 0), "strengthsかstrengths");
 }
 
 void growInnerTrack(FaultSession& session) {
     session.innerTrack().add(session.makePart({"a new lyric of many letters", "lu"}));
-    FaultSession::partOf(session.innerTrack()).insert(1, session.makeNote("in the middle"));
+    partOf(session.innerTrack()).insert(1, session.makeNote("in the middle"));
 }
 
 void shrinkInnerTrack(FaultSession& session) {
-    session.remove(FaultSession::partOf(session.innerTrack()), 0);
+    session.remove(partOf(session.innerTrack()), 0);
 }
 
 void typed(FaultSession& session) {

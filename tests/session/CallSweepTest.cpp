@@ -3,6 +3,7 @@
 // The host does something unexpected at every call that the built module makes in turn, in one
 // scenario after the other.
 #include "simulator/CallInterceptor.h"
+#include "tests/TrackNotes.h"
 #include "tests/faults/FaultSession.h"
 #include "tests/faults/FaultTest.h"
 #include "tests/faults/Scenario.h"
@@ -84,7 +85,7 @@ TEST_F(CallSweep, RemovesAllPartsInACall) {
 
 TEST_F(CallSweep, RemovesAllNotesOfAPartAndNotifiesInACall) {
     actInEachCall([](FaultSession& session) {
-        session.removeAll(FaultSession::partOf(session.melody()));
+        session.removeAll(partOf(session.melody()));
         session.notify();
     });
 }

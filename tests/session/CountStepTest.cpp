@@ -8,6 +8,7 @@
 #include "simulator/ProjectTree.h"
 #include "simulator/Track.h"
 #include "tests/SimulatedHost.h"
+#include "tests/TrackNotes.h"
 #include "tests/session/SessionTest.h"
 #include "wysim/session/SongInEditor.h"
 
@@ -36,8 +37,6 @@ protected:
 
     // Whether the table has just as many notes as the project has. It has them afterwards.
     bool tableAgrees() { return hook().empty(); }
-
-    static Part& partOf(const Track& track) { return dynamic_cast<Part&>(*track.items()[0]); }
 
     // Takes notes out of the track; `putBack` puts them where they were.
     void takeOut(Track& track, const std::vector<std::size_t>& indices) {

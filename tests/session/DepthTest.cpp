@@ -4,6 +4,7 @@
 #include "simulator/HostObject.h"
 #include "simulator/ProjectTree.h"
 #include "tests/SmallStackThread.h"
+#include "tests/TrackNotes.h"
 #include "tests/session/SessionTest.h"
 
 #include <gtest/gtest.h>

@@ -5,6 +5,7 @@
 #include "simulator/HostObject.h"
 #include "simulator/ProjectTree.h"
 #include "simulator/Track.h"
+#include "tests/TrackNotes.h"
 #include "tests/session/SessionTest.h"
 #include "wysim/session/SongInEditor.h"
 
@@ -156,7 +157,7 @@ TEST_F(Dividing, MakesAStepForAClearedLyric) {
 
 TEST_F(Dividing, DividesTheLyricOfANoteThatTheTableDoesNotKnow) {
     auto& track = addKnownTrack({"x"});
-    dynamic_cast<Part&>(*track.items()[0]).insert(0, makeNote());
+    partOf(track).insert(0, makeNote());
     EXPECT_EQ(typed(track, 0, "かき"), (Lyrics{"かき[k a]", "[k i]"}));
     EXPECT_EQ(undone(track), (Lyrics{"", "x"}));
 }
@@ -179,7 +180,7 @@ TEST_F(Dividing, EndsAtAnEmptyFlaggedNoteThatTheTableDoesNotKnow) {
     auto& track = addKnownTrackOf({{"", "a"}, {"c"}});
     const auto added = makeNote();
     added->flagged = true;
-    dynamic_cast<Part&>(*track.items()[0]).add(added);
+    partOf(track).add(added);
     EXPECT_EQ(typed(track, 0, "さくらさ"), (Lyrics{"さくらさ[s a]", "[k u]", "", "c"}));
 }
 
@@ -201,8 +202,8 @@ TEST_F(Dividing, PassesOverEventsThatAreNoNotes) {
     auto& track = addKnownTrack({"", "x", "y"});
     const auto other = makeOtherEvent();
     other->flagged = true;
-    dynamic_cast<Part&>(*track.items()[0]).insert(1, other);
-    dynamic_cast<Part&>(*track.items()[0]).insert(2, {});
+    partOf(track).insert(1, other);
+    partOf(track).insert(2, {});
     EXPECT_EQ(typed(track, 0, "かきく"), (Lyrics{"かきく[k a]", "", "[k i]", "[k u]"}));
 }
 

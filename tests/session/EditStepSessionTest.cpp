@@ -9,6 +9,7 @@
 #include "simulator/Editor.h"
 #include "simulator/HostObject.h"
 #include "simulator/Track.h"
+#include "tests/TrackNotes.h"
 #include "tests/session/SessionTest.h"
 
 #include "pluginterfaces/base/smartpointer.h"

@@ -9,6 +9,7 @@
 #include "simulator/ProjectTree.h"
 #include "simulator/Track.h"
 #include "tests/EndlessNode.h"
+#include "tests/TrackNotes.h"
 #include "tests/session/SessionTest.h"
 
 #include "pluginterfaces/base/fvariant.h"

@@ -8,6 +8,7 @@
 #include "simulator/HostObject.h"
 #include "simulator/ProjectTree.h"
 #include "simulator/Track.h"
+#include "tests/TrackNotes.h"
 #include "tests/session/SessionTest.h"
 
 #include <gtest/gtest.h>

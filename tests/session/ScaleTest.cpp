@@ -4,7 +4,7 @@
 // for each of them would take minutes.
 #include "simulator/Editor.h"
 #include "simulator/Event.h"
-#include "simulator/ProjectTree.h"
+#include "tests/TrackNotes.h"
 #include "tests/session/SessionTest.h"
 
 #include <gtest/gtest.h>
@@ -22,7 +22,7 @@ TEST_F(Scale, OfTwoHundredThousandNotesTypedIntoAtOnce) {
     constexpr std::size_t kNotes = 200'000;
     auto& track = addKnownTrack(Lyrics(kNotes, "la"));
     std::vector<simulator::Change> changes;
-    for (const auto& item : dynamic_cast<Part&>(*track.items()[0]).items()) {
+    for (const auto& item : partOf(track).items()) {
         changes.push_back(simulator::typingChange(dynamic_cast<Event&>(*item), "か"));
     }
     editor().edit(std::move(changes));

@@ -3,6 +3,7 @@
 
 #include "tests/Options.h"
 
+#include <cstddef>
 #include <utility>
 
 namespace wybeta::tests {
@@ -12,57 +13,20 @@ namespace {
 // Nothing converts it, and no test types it.
 constexpr std::string_view kProbe = "？";
 
-std::vector<Event*> notesOf(const TreeNode& track) {
-    std::vector<Event*> notes;
-    for (const auto& child : track.items()) {
-        const auto* const part = dynamic_cast<const Part*>(child.get());
-        if (part == nullptr) {
-            continue;
-        }
-        for (const auto& item : part->items()) {
-            if (item) {
-                notes.push_back(&dynamic_cast<Event&>(*item));
-            }
-        }
-    }
-    return notes;
-}
-
 } // namespace
 
-Event& noteAt(const TreeNode& track, std::size_t index) {
-    return *notesOf(track).at(index);
-}
-
-Lyrics lyricsOf(const TreeNode& track) {
-    Lyrics lyrics;
-    for (const auto* note : notesOf(track)) {
-        lyrics.push_back(note->lyric());
-    }
-    return lyrics;
-}
-
-void typeInto(Event& note, std::string_view lyric) {
-    note.setLyric(lyric);
-    note.flagged = true;
-}
-
-std::unique_ptr<simulator::LoadedModule> SessionTest::module_;
-Steinberg::IPtr<Steinberg::IPluginFactory> SessionTest::factory_;
+std::unique_ptr<simulator::RunningModule> SessionTest::module_;
 
 void SessionTest::SetUpTestSuite() {
-    module_ = std::make_unique<simulator::LoadedModule>(modulePath());
-    module_->initDll();
-    factory_ = Steinberg::owned(module_->getPluginFactory());
+    module_ = std::make_unique<simulator::RunningModule>(modulePath());
 }
 
 void SessionTest::TearDownTestSuite() {
-    factory_ = nullptr;
-    module_->exitDll();
+    module_->stop();
     module_.reset();
 }
 
-SessionTest::SessionTest() : editor_(std::in_place, *factory_), state_(editor_->state()) {}
+SessionTest::SessionTest() : editor_(std::in_place, factory()), state_(editor_->state()) {}
 
 void SessionTest::TearDown() {
     state_->calls.stopIntercepting();
@@ -134,7 +98,7 @@ void SessionTest::expectOneStep(StepKind kind) {
 }
 
 Lyrics SessionTest::recordedLyrics(const Track& track) {
-    const auto notes = notesOf(track);
+    const auto notes = eventsOf(track);
     const auto lyrics = lyricsOf(track);
     std::vector<bool> flags;
     for (auto* const note : notes) {

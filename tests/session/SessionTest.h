@@ -8,20 +8,19 @@
 #include "simulator/Editor.h"
 #include "simulator/Event.h"
 #include "simulator/HostObject.h"
-#include "simulator/LoadedModule.h"
 #include "simulator/ProjectTree.h"
+#include "simulator/RunningModule.h"
 #include "simulator/Track.h"
+#include "tests/TrackNotes.h"
 
 #include "pluginterfaces/base/ipluginbase.h"
 #include "pluginterfaces/base/smartpointer.h"
 
 #include <gtest/gtest.h>
 
-#include <cstddef>
 #include <functional>
 #include <memory>
 #include <optional>
-#include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -42,15 +41,7 @@ using simulator::Track;
 using simulator::TreeItem;
 using simulator::TreeNode;
 
-using Lyrics = std::vector<std::string>;
 using Nodes = std::vector<host::IProjectNode*>;
-
-// The n-th event of a track, counted over all its parts.
-Event& noteAt(const TreeNode& track, std::size_t index);
-Lyrics lyricsOf(const TreeNode& track);
-
-// What a user does to a note, without the editor telling anyone.
-void typeInto(Event& note, std::string_view lyric);
 
 // Gives a test each step in place of performing and keeping it.
 class StepReceiver : public EditContext {
@@ -82,16 +73,13 @@ protected:
     Editor& editor() { return *editor_; }
     TreeNode& project() { return editor_->project(); }
     const SharedState& state() const { return state_; }
-    static Steinberg::IPluginFactory& factory() { return *factory_; }
+    static Steinberg::IPluginFactory& factory() { return module_->factory(); }
 
     // Pieces of a project that are in no tree yet.
     Handle<Event> makeNote(std::string_view lyric = {}) const;
     Handle<Event> makeOtherEvent() const;
     Handle<Part> makePart(const Lyrics& notes) const;
     Handle<Track> makeTrack(const std::vector<Lyrics>& parts) const;
-
-    // The first part of a track.
-    static Part& partOf(const Track& track) { return dynamic_cast<Part&>(*track.items()[0]); }
 
     // Puts a voice track into the project without telling the extension.
     Track& addTrack(const Lyrics& notes) { return addTrackOf({notes}); }
@@ -125,8 +113,7 @@ protected:
     void onFirst(std::string_view call, std::function<void()> action);
 
 private:
-    static std::unique_ptr<simulator::LoadedModule> module_;
-    static Steinberg::IPtr<Steinberg::IPluginFactory> factory_;
+    static std::unique_ptr<simulator::RunningModule> module_;
 
     std::optional<Editor> editor_;
     SharedState state_;

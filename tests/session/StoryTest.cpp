@@ -5,6 +5,7 @@
 #include "simulator/Event.h"
 #include "simulator/HostObject.h"
 #include "simulator/Track.h"
+#include "tests/TrackNotes.h"
 #include "tests/session/SessionTest.h"
 #include "wysim/session/SongInEditor.h"
 

@@ -7,6 +7,7 @@
 #include "simulator/CallInterceptor.h"
 #include "simulator/HostObject.h"
 #include "simulator/Track.h"
+#include "tests/TrackNotes.h"
 #include "tests/session/SessionTest.h"
 
 #include <gtest/gtest.h>

@@ -6,6 +6,7 @@
 #include "simulator/CallInterceptor.h"
 #include "simulator/HostObject.h"
 #include "simulator/ProjectTree.h"
+#include "tests/TrackNotes.h"
 #include "tests/faults/FaultSession.h"
 #include "tests/faults/FaultTest.h"
 #include "tests/faults/Scenario.h"
@@ -131,20 +132,15 @@ TEST_P(MisbehavingHost, AnswersForAnAttributeWithBrokenText) {
 }
 
 TEST_P(MisbehavingHost, RemovesANoteInACall) {
-    actInEachCall(
-        [](FaultSession& session) { session.remove(FaultSession::partOf(session.melody()), 0); });
-    actInEachCall([](FaultSession& session) {
-        session.remove(FaultSession::partOf(session.innerTrack()), 0);
-    });
+    actInEachCall([](FaultSession& session) { session.remove(partOf(session.melody()), 0); });
+    actInEachCall([](FaultSession& session) { session.remove(partOf(session.innerTrack()), 0); });
 }
 
 TEST_P(MisbehavingHost, AddsANoteInACall) {
-    actInEachCall([](FaultSession& session) {
-        FaultSession::partOf(session.melody()).insert(0, session.makeNote("new"));
-    });
-    actInEachCall([](FaultSession& session) {
-        FaultSession::partOf(session.innerTrack()).add(session.makeNote("new"));
-    });
+    actInEachCall(
+        [](FaultSession& session) { partOf(session.melody()).insert(0, session.makeNote("new")); });
+    actInEachCall(
+        [](FaultSession& session) { partOf(session.innerTrack()).add(session.makeNote("new")); });
 }
 
 TEST_P(MisbehavingHost, RemovesAPartInACall) {
