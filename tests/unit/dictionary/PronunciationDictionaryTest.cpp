@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "dictionary/PronunciationDictionary.h"
 
-#include "resources/ResourceTable.h"
+#include "tests/unit/dictionary/LoadedDictionary.h"
 
 #include <gtest/gtest.h>
 
@@ -24,6 +24,9 @@ namespace wybeta::dictionary {
 namespace {
 
 using namespace std::literals;
+using tests::loadDictionary;
+using tests::realDictionary;
+using tests::realDictionaryText;
 
 struct Row {
     std::string word;
@@ -42,12 +45,6 @@ struct Row {
 
 using Rows = std::vector<Row>;
 
-// Loads from bytes that end exactly where the text does and are gone afterwards.
-PronunciationDictionary load(std::string_view text) {
-    const std::vector<char> bytes(text.begin(), text.end());
-    return loadPronunciationDictionary(bytes.data(), static_cast<std::int32_t>(bytes.size()));
-}
-
 Rows rowsOf(const PronunciationDictionary& dictionary) {
     Rows rows;
     for (const auto item : dictionary) {
@@ -58,16 +55,7 @@ Rows rowsOf(const PronunciationDictionary& dictionary) {
 }
 
 Rows loadedRows(std::string_view text) {
-    return rowsOf(load(text));
-}
-
-const resources::Resource& realText() {
-    return *resources::findResource("cmudict0_7butf8spll");
-}
-
-const PronunciationDictionary& realDictionary() {
-    static const auto dictionary = loadPronunciationDictionary(realText().data, realText().size);
-    return dictionary;
+    return rowsOf(loadDictionary(text));
 }
 
 using Texts = std::pair<std::string_view, std::string_view>;
@@ -242,7 +230,7 @@ TEST(PronunciationDictionary, OrdersWordsByUnsignedBytes) {
 }
 
 TEST(PronunciationDictionary, FindsExactlyTheWordsItHolds) {
-    const auto dictionary = load("b\tb iy1\tB\nd\td iy1\tD\n");
+    const auto dictionary = loadDictionary("b\tb iy1\tB\nd\td iy1\tD\n");
     EXPECT_EQ(find(dictionary, "b"), (Texts{"b iy", "B"}));
     EXPECT_EQ(find(dictionary, "d"), (Texts{"d iy", "D"}));
     for (const auto word : {"", "a", "B", "b ", "bb", "c", "e"}) {
@@ -256,7 +244,7 @@ TEST(PronunciationDictionary, FindsNothingWhileItIsEmpty) {
 }
 
 TEST(PronunciationDictionary, KeepsItsEntriesWhenItIsMoved) {
-    auto first = load("a\tah0\ta\n");
+    auto first = loadDictionary("a\tah0\ta\n");
     const auto before = find(first, "a");
     const auto second = std::move(first);
     EXPECT_EQ(find(second, "a"), (Texts{"ah", "a"}));
@@ -265,10 +253,10 @@ TEST(PronunciationDictionary, KeepsItsEntriesWhenItIsMoved) {
 
 TEST(PronunciationDictionary, OfTheModuleIsReplacedAsAWhole) {
     auto& dictionary = pronunciationDictionary();
-    auto original = std::exchange(dictionary, load("a\tah0\ta\n"));
+    auto original = std::exchange(dictionary, loadDictionary("a\tah0\ta\n"));
     EXPECT_EQ(&pronunciationDictionary(), &dictionary);
     EXPECT_EQ(rowsOf(pronunciationDictionary()), (Rows{{"a", "ah", "a"}}));
-    dictionary = load("b\tb iy1\tb\n");
+    dictionary = loadDictionary("b\tb iy1\tb\n");
     EXPECT_EQ(rowsOf(pronunciationDictionary()), (Rows{{"b", "b iy", "b"}}));
     dictionary = std::move(original);
 }
@@ -339,8 +327,7 @@ TEST(PronunciationDictionary, LoadsRandomLinesLikeThePlainLoader) {
 }
 
 TEST(PronunciationDictionary, LoadsTheTextOfTheModuleLikeThePlainLoader) {
-    const std::string_view text(realText().data, static_cast<std::size_t>(realText().size));
-    const Rows expected = PlainLoader::load(text);
+    const Rows expected = PlainLoader::load(realDictionaryText());
     EXPECT_EQ(expected.size(), 133853u);
     EXPECT_EQ(realDictionary().size(), expected.size());
     EXPECT_TRUE(rowsOf(realDictionary()) == expected);
@@ -370,7 +357,7 @@ TEST(PronunciationDictionary, FindsEveryWordOfTheTextOfTheModule) {
 }
 
 TEST(PronunciationDictionary, IsTheSameWhenTheTextIsLoadedAgain) {
-    const auto again = loadPronunciationDictionary(realText().data, realText().size);
+    const auto again = loadDictionary(realDictionaryText());
     EXPECT_TRUE(rowsOf(again) == rowsOf(realDictionary()));
 }
 

@@ -2,7 +2,7 @@
 #include "dictionary/WordLookup.h"
 
 #include "dictionary/PronunciationDictionary.h"
-#include "resources/ResourceTable.h"
+#include "tests/unit/dictionary/LoadedDictionary.h"
 
 #include <gtest/gtest.h>
 #include <utf8cpp/utf8.h>
@@ -19,19 +19,10 @@
 namespace wybeta::dictionary {
 namespace {
 
+using tests::loadDictionary;
+using tests::realDictionary;
+
 using Items = std::vector<std::string>;
-
-PronunciationDictionary load(std::string_view text) {
-    return loadPronunciationDictionary(text.data(), static_cast<std::int32_t>(text.size()));
-}
-
-const PronunciationDictionary& realDictionary() {
-    static const auto dictionary = [] {
-        const auto& text = *resources::findResource("cmudict0_7butf8spll");
-        return loadPronunciationDictionary(text.data, text.size);
-    }();
-    return dictionary;
-}
 
 // What the items become when the whole lyric is one word.
 Items convert(const PronunciationDictionary& dictionary, std::u32string_view lyric,
@@ -56,7 +47,7 @@ TEST(WordLookup, TakesCapitalsAsSmallLetters) {
 
 TEST(WordLookup, TakesNoOtherLettersAsSmallOnes) {
     const auto dictionary =
-        load("\xC3\x89z\tey1 z\t\xC3\x89z\n"); // LATIN CAPITAL LETTER E WITH ACUTE
+        loadDictionary("\xC3\x89z\tey1 z\t\xC3\x89z\n"); // LATIN CAPITAL LETTER E WITH ACUTE
     EXPECT_EQ(convert(dictionary, U"\u00C9Z"), Items{"ey z"});
     EXPECT_EQ(convert(dictionary, U"\u00E9z"), Items{});
 }
@@ -140,7 +131,7 @@ TEST(WordLookup, TakesNoOtherWordForZero) {
 }
 
 TEST(WordLookup, MakesRoomForZeroBeforeItLooksItUp) {
-    EXPECT_EQ(convert(load("0\tz iy1 . r ow0\tze . ro\n"), U"0", {"b ae n"}),
+    EXPECT_EQ(convert(loadDictionary("0\tz iy1 . r ow0\tze . ro\n"), U"0", {"b ae n"}),
               (Items{"b ae", "z iy", "r ow"}));
 }
 
@@ -176,14 +167,14 @@ TEST(WordLookup, FoldsWrittenSyllablesOntoTheLastSpokenOne) {
 }
 
 TEST(WordLookup, CountsAHyphenBehindAllWrittenLettersOnTheFirstSyllable) {
-    const auto dictionary = load("abc\tey1 b . s iy1\ta . b\n");
+    const auto dictionary = loadDictionary("abc\tey1 b . s iy1\ta . b\n");
     EXPECT_EQ(convert(dictionary, U"ab-c"), (Items{"ey b", "s iy", "- "}));
     EXPECT_EQ(convert(dictionary, U"abc-"), (Items{"ey", "- b", "s iy"}));
     EXPECT_EQ(convert(dictionary, U"ab-c-"), (Items{"ey", "- b", "s iy", "- "}));
 }
 
 TEST(WordLookup, CountsBytesNotCharacters) {
-    const auto dictionary = load("\xC3\xA9z\tey1 . z iy1\t\xC3\xA9 . z\n");
+    const auto dictionary = loadDictionary("\xC3\xA9z\tey1 . z iy1\t\xC3\xA9 . z\n");
     EXPECT_EQ(convert(dictionary, U"\u00E9-z"), (Items{"ey", "- ", "z iy"}));
     EXPECT_EQ(convert(dictionary, U"\u00E9z-"), (Items{"ey", "z iy", "- "}));
 }
@@ -199,17 +190,17 @@ TEST(WordLookup, AppendsNothingForHyphensAlone) {
 }
 
 TEST(WordLookup, CutsASyllableWithoutANucleusBehindItsFirstSymbol) {
-    EXPECT_EQ(convert(load("kp\tk p\tkp\n"), U"k-p"), (Items{"k", "- p"}));
+    EXPECT_EQ(convert(loadDictionary("kp\tk p\tkp\n"), U"k-p"), (Items{"k", "- p"}));
 }
 
 TEST(WordLookup, CutsBehindASymbolThatBeginsAMember) {
-    EXPECT_EQ(convert(load("kt\tk t\tkt\n"), U"k-t"), (Items{"k t", "- "}));
+    EXPECT_EQ(convert(loadDictionary("kt\tk t\tkt\n"), U"k-t"), (Items{"k t", "- "}));
 }
 
 TEST(WordLookup, TakesOddEntriesAsTheyAre) {
-    const auto dictionary = load("none\t\tnone\n"
-                                 "dots\t..\t.\n"
-                                 "wide\t b   ae\v. n \twide\n");
+    const auto dictionary = loadDictionary("none\t\tnone\n"
+                                           "dots\t..\t.\n"
+                                           "wide\t b   ae\v. n \twide\n");
     EXPECT_EQ(convert(dictionary, U"none"), Items{""});
     EXPECT_EQ(convert(dictionary, U"no-ne"), (Items{"", "- "}));
     EXPECT_EQ(convert(dictionary, U"dots"), (Items{"", "", ""}));
@@ -242,7 +233,7 @@ TEST(WordLookup, TakesAHyphenBehindEachOfManySyllables) {
         spelling += i == 0 ? "a" : " . a";
         typed += U"a-";
     }
-    const Items items = convert(load(word + '\t' + phonemes + '\t' + spelling), typed);
+    const Items items = convert(loadDictionary(word + '\t' + phonemes + '\t' + spelling), typed);
     ASSERT_EQ(items.size(), 2 * kSyllables);
     for (std::size_t i = 0; i < items.size(); i += 2) {
         ASSERT_EQ(items[i], "ah") << i;

@@ -2,8 +2,8 @@
 #include "lyrics/LyricConversion.h"
 
 #include "dictionary/PronunciationDictionary.h"
-#include "resources/ResourceTable.h"
 #include "tests/SmallStackThread.h"
+#include "tests/unit/dictionary/LoadedDictionary.h"
 #include "tests/unit/faults/FailingAllocation.h"
 
 #include <gtest/gtest.h>
@@ -21,23 +21,16 @@ namespace {
 using namespace wybeta;
 using lyrics::NoteLyricList;
 using lyrics::SyllableList;
-
-const dictionary::PronunciationDictionary& words() {
-    static const auto dictionary = [] {
-        const auto& text = *resources::findResource("cmudict0_7butf8spll");
-        return dictionary::loadPronunciationDictionary(text.data, text.size);
-    }();
-    return dictionary;
-}
+using tests::realDictionary;
 
 NoteLyricList convert(std::string_view lyric) {
     NoteLyricList noteLyrics{"what was there before"};
-    lyrics::convertLyric(lyric, noteLyrics, words());
+    lyrics::convertLyric(lyric, noteLyrics, realDictionary());
     return noteLyrics;
 }
 
 SyllableList syllables(std::string_view lyric) {
-    return lyrics::lyricToSyllables(lyric, words());
+    return lyrics::lyricToSyllables(lyric, realDictionary());
 }
 
 TEST(LyricConversionBracketed, BecomesOneEntryForEachItem) {
@@ -80,8 +73,8 @@ TEST(LyricConversionBracketed, IsTakenAsWrittenWithoutKanaOrDictionary) {
 
 TEST(LyricConversionBracketed, IsReportedAsSuch) {
     NoteLyricList noteLyrics;
-    EXPECT_TRUE(lyrics::convertLyric("la[l a]", noteLyrics, words()));
-    EXPECT_FALSE(lyrics::convertLyric("la", noteLyrics, words()));
+    EXPECT_TRUE(lyrics::convertLyric("la[l a]", noteLyrics, realDictionary()));
+    EXPECT_FALSE(lyrics::convertLyric("la", noteLyrics, realDictionary()));
 }
 
 TEST(LyricConversion, OfKanaIsDividedIntoItsSyllables) {
@@ -205,8 +198,7 @@ TEST(LyricConversion, BeginsAWordFromTheExclamationMarkToTheTilde) {
                                         "\x7F"
                                         "a\tz\ta\n"
                                         "a\tah0\ta\n";
-    const auto dictionary = dictionary::loadPronunciationDictionary(
-        kWords.data(), static_cast<std::int32_t>(kWords.size()));
+    const auto dictionary = tests::loadDictionary(kWords);
     EXPECT_EQ(lyrics::lyricToSyllables("!a", dictionary), SyllableList{"x"});
     EXPECT_EQ(lyrics::lyricToSyllables("~a", dictionary), SyllableList{"y"});
     EXPECT_EQ(lyrics::lyricToSyllables("\x7F"
@@ -223,7 +215,7 @@ TEST(LyricConversion, ThatIsNotUtf8RaisesAndLeavesTheListAsItWas) {
     for (const auto* const lyric :
          {"さ\xFF", "\xE3\x81", "\x80", "\xED\xA0\x80", "\xF4\x90\x80\x80"}) {
         NoteLyricList noteLyrics{"untouched"};
-        EXPECT_THROW(lyrics::convertLyric(lyric, noteLyrics, words()), utf8::exception);
+        EXPECT_THROW(lyrics::convertLyric(lyric, noteLyrics, realDictionary()), utf8::exception);
         EXPECT_EQ(noteLyrics, NoteLyricList{"untouched"});
     }
 }
@@ -246,7 +238,7 @@ TEST(LyricConversion, TakesNoMemoryThatItsResultDoesNotNeed) {
         {
             const FailingAllocation failing(neededAllocations(expected) + 1,
                                             FailingAllocation::Extent::AllFromThere);
-            lyrics::convertLyric(lyric, noteLyrics, words());
+            lyrics::convertLyric(lyric, noteLyrics, realDictionary());
         }
         EXPECT_EQ(noteLyrics, expected);
     }
@@ -273,7 +265,7 @@ TEST(LyricConversion, OfAMillionCharactersConvertsOnASmallStack) {
     for (const auto& lyric : longLyrics) {
         NoteLyricList noteLyrics;
         tests::runOnStack(std::size_t{128} * 1024,
-                          [&] { lyrics::convertLyric(lyric, noteLyrics, words()); });
+                          [&] { lyrics::convertLyric(lyric, noteLyrics, realDictionary()); });
         EXPECT_FALSE(noteLyrics.empty()) << lyric.substr(0, 10);
     }
 }
