@@ -203,10 +203,10 @@ void FaultSession::interceptFrom(std::uint64_t number, const Intercept& intercep
     });
 }
 
-Picture FaultSession::picture() const {
-    Picture picture{tableLists(), {}};
-    readTracks(*project_, picture.project);
-    return picture;
+Snapshot FaultSession::snapshot() const {
+    Snapshot snapshot{tableLists(), {}};
+    readTracks(*project_, snapshot.project);
+    return snapshot;
 }
 
 std::int64_t FaultSession::projectReferences() const {
@@ -233,7 +233,7 @@ bool FaultSession::areHostsHeldOnce() const {
 
 void FaultSession::expectTableMatches() const {
     if (subject_.showsTable()) {
-        const auto now = picture();
+        const auto now = snapshot();
         EXPECT_EQ(now.table, now.project);
     }
 }

@@ -31,7 +31,7 @@ namespace wybeta::tests {
 using NoteLists = std::map<std::string, std::vector<std::string>>;
 
 // What the extension remembers, and what the project holds.
-struct Picture {
+struct Snapshot {
     NoteLists table;
     NoteLists project;
 };
@@ -116,7 +116,7 @@ public:
     FaultyNote::Answerer answerer;
 
     // The table is empty while the extension is not initialised, and out of sight.
-    Picture picture() const;
+    Snapshot snapshot() const;
     // References that the extension or its steps hold to the project.
     std::int64_t projectReferences() const;
     // References to the extension and to its steps, other than those of this session.

@@ -25,10 +25,10 @@ void expectWholeLists(const NoteLists& lists, const NoteLists& before, const Not
 
 std::unique_ptr<Subject> FaultTest::subject_;
 
-FaultTest::Play::Play(const Scenario& scenarioToPlay, Picture undisturbed)
+FaultTest::Play::Play(const Scenario& scenarioToPlay, Snapshot undisturbed)
     : scenario(scenarioToPlay), session(*subject_), after(std::move(undisturbed)) {
     scenario.prepare(session);
-    before = session.picture();
+    before = session.snapshot();
     references = session.projectReferences();
 }
 
@@ -65,7 +65,7 @@ void FaultTest::expectReferencesBack(Play& play) {
 
 void FaultTest::expectAllOrNothing(Play& play, bool hasFailed) {
     expectReferencesBack(play);
-    const auto left = play.session.picture();
+    const auto left = play.session.snapshot();
     expectWholeLists(left.table, play.before.table, play.after.table);
     if (hasFailed) {
         // A hook that wrote some of the lyrics finds these in the table and leaves the others.
@@ -75,13 +75,13 @@ void FaultTest::expectAllOrNothing(Play& play, bool hasFailed) {
         }
         play.act();
     }
-    const auto done = play.session.picture();
+    const auto done = play.session.snapshot();
     EXPECT_EQ(done.table, play.after.table);
     EXPECT_EQ(done.project, play.after.project);
 }
 
 void FaultTest::expectSound(Play& play) {
-    for (const auto& [track, list] : play.session.picture().table) {
+    for (const auto& [track, list] : play.session.snapshot().table) {
         EXPECT_NE(track, "unknown");
         for (const auto& line : list) {
             // What was no note when its track was met has an empty record.
@@ -123,10 +123,10 @@ void FaultTest::actInEachCall(const Scenario& scenario,
     });
 }
 
-Picture FaultTest::undisturbed(const Scenario& scenario) {
-    Play play(scenario, Picture());
+Snapshot FaultTest::undisturbed(const Scenario& scenario) {
+    Play play(scenario, Snapshot());
     play.act();
-    return play.session.picture();
+    return play.session.snapshot();
 }
 
 } // namespace wybeta::tests

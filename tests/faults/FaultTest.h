@@ -19,15 +19,15 @@ class FaultTest : public testing::Test {
 protected:
     // A session in which the scenario's call comes next.
     struct Play {
-        Play(const Scenario& scenario, Picture undisturbed);
+        Play(const Scenario& scenario, Snapshot undisturbed);
 
         void act() { scenario.act(session); }
 
         const Scenario& scenario;
         FaultSession session;
-        Picture before;
+        Snapshot before;
         // What the call leaves when nothing goes wrong.
-        Picture after;
+        Snapshot after;
         std::int64_t references;
     };
     // Plays once, with the fault at a place of that number, counted from 1. Returns false when
@@ -66,7 +66,7 @@ protected:
     static void throwAtEachCall(const Scenario& scenario, const Exception& exception);
 
 private:
-    static Picture undisturbed(const Scenario& scenario);
+    static Snapshot undisturbed(const Scenario& scenario);
 
     static std::unique_ptr<Subject> subject_;
 };

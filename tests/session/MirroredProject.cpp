@@ -161,7 +161,7 @@ void MirroredProject::append(Id parent, Id item) {
     model.apply(NaiveModel::insertion(parent, model[parent].children.size(), item));
 }
 
-void MirroredProject::alter(const Change& change) {
+void MirroredProject::alter(const ModelChange& change) {
     setState(event(change.item), change.after);
     model.apply(change);
 }
@@ -213,11 +213,11 @@ void MirroredProject::forget() {
     objects_.clear();
 }
 
-simulator::Change MirroredProject::realChange(const tests::Change& change) const {
+simulator::Change MirroredProject::realChange(const ModelChange& change) const {
     switch (change.type) {
-    case tests::Change::Type::Insert:
+    case ModelChange::Type::Insert:
         return simulator::insertion(node(change.parent), change.index, objects_[change.item]);
-    case tests::Change::Type::Remove:
+    case ModelChange::Type::Remove:
         return simulator::removal(node(change.parent), *objects_[change.item]);
     default:
         const Handle<Event> altered(&event(change.item));

@@ -39,9 +39,9 @@ public:
 
     // What the editor does, telling nobody.
     void append(Id parent, Id item);
-    void alter(const Change& change);
+    void alter(const ModelChange& change);
     // What the editor has to do for a change that the model does by itself.
-    simulator::Change realChange(const Change& change) const;
+    simulator::Change realChange(const ModelChange& change) const;
 
     // All items of a kind in the project, and all that could hold one.
     std::vector<Place> places(Kind kind) const;

@@ -72,19 +72,20 @@ Id NaiveModel::add(Item item) {
     return items_.size() - 1;
 }
 
-Change NaiveModel::insertion(Id parent, std::size_t index, Id item) {
-    return {Change::Type::Insert, item, parent, index};
+ModelChange NaiveModel::insertion(Id parent, std::size_t index, Id item) {
+    return {ModelChange::Type::Insert, item, parent, index};
 }
 
-Change NaiveModel::removal(Id parent, Id item) const {
+ModelChange NaiveModel::removal(Id parent, Id item) const {
     const auto& children = items_[parent].children;
     const auto place = std::find(children.begin(), children.end(), item);
-    return {Change::Type::Remove, item, parent, static_cast<std::size_t>(place - children.begin())};
+    return {ModelChange::Type::Remove, item, parent,
+            static_cast<std::size_t>(place - children.begin())};
 }
 
-Change NaiveModel::alteration(Id event, EventState after) const {
+ModelChange NaiveModel::alteration(Id event, EventState after) const {
     const Item& item = items_[event];
-    Change change{Change::Type::Alter, event};
+    ModelChange change{ModelChange::Type::Alter, event};
     if (after.kind) {
         change.before.kind = item.kind;
     }
@@ -98,24 +99,24 @@ Change NaiveModel::alteration(Id event, EventState after) const {
     return change;
 }
 
-void NaiveModel::apply(const Change& change) {
+void NaiveModel::apply(const ModelChange& change) {
     switch (change.type) {
-    case Change::Type::Insert:
+    case ModelChange::Type::Insert:
         return place(change.parent, change.index, change.item);
-    case Change::Type::Remove:
+    case ModelChange::Type::Remove:
         return displace(change.parent, change.item);
-    case Change::Type::Alter:
+    case ModelChange::Type::Alter:
         return alter(change.item, change.after);
     }
 }
 
-void NaiveModel::revert(const Change& change) {
+void NaiveModel::revert(const ModelChange& change) {
     switch (change.type) {
-    case Change::Type::Insert:
+    case ModelChange::Type::Insert:
         return displace(change.parent, change.item);
-    case Change::Type::Remove:
+    case ModelChange::Type::Remove:
         return place(change.parent, change.index, change.item);
-    case Change::Type::Alter:
+    case ModelChange::Type::Alter:
         return alter(change.item, change.before);
     }
 }
@@ -137,7 +138,7 @@ void NaiveModel::alter(Id event, const EventState& state) {
     item.lyric = state.lyric.value_or(item.lyric);
 }
 
-std::vector<Step> NaiveModel::edit(const std::vector<Change>& changes) {
+std::vector<Step> NaiveModel::edit(const std::vector<ModelChange>& changes) {
     for (const auto& change : changes) {
         apply(change);
     }

@@ -41,7 +41,7 @@ struct EventState {
 };
 
 // One change of the user's own. Insertions and removals say where, alterations what.
-struct Change {
+struct ModelChange {
     enum class Type { Insert, Remove, Alter };
 
     Type type;
@@ -88,27 +88,27 @@ public:
     const Item& operator[](Id id) const { return items_[id]; }
     std::size_t size() const { return items_.size(); }
 
-    static Change insertion(Id parent, std::size_t index, Id item);
-    Change removal(Id parent, Id item) const;
-    Change alteration(Id event, EventState after) const;
+    static ModelChange insertion(Id parent, std::size_t index, Id item);
+    ModelChange removal(Id parent, Id item) const;
+    ModelChange alteration(Id event, EventState after) const;
 
     // What the editor can do; an edit returns the steps that it was given. Undo and redo have to
     // have something to work on.
-    std::vector<Step> edit(const std::vector<Change>& changes);
+    std::vector<Step> edit(const std::vector<ModelChange>& changes);
     void undo();
     void redo();
     void notify(Id node);
     void terminate() { terminated_ = true; }
     // Outside the history, and the extension is not told.
-    void apply(const Change& change);
+    void apply(const ModelChange& change);
 
 private:
     struct Edit {
-        std::vector<Change> changes;
+        std::vector<ModelChange> changes;
         std::vector<Step> steps;
     };
 
-    void revert(const Change& change);
+    void revert(const ModelChange& change);
     void place(Id parent, std::size_t index, Id item);
     void displace(Id parent, Id item);
     void alter(Id event, const EventState& state);

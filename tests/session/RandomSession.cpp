@@ -16,8 +16,6 @@ using namespace simulator;
 
 namespace {
 
-using Change = tests::Change;
-
 constexpr std::size_t kActionCount = 40;
 
 class Difference : public std::runtime_error {

@@ -56,7 +56,7 @@ private:
     void terminate();
 
     // What edits are made of.
-    using Changes = std::vector<Change>;
+    using Changes = std::vector<ModelChange>;
     void type(Changes& changes);
     void flag(Changes& changes);
     void changeKind(Changes& changes);

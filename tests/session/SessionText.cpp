@@ -76,20 +76,20 @@ std::string described(const NaiveModel& model, Id id) {
     return inside.empty() ? text : text + " (" + inside + ")";
 }
 
-std::string described(const NaiveModel& model, const std::vector<Change>& changes) {
+std::string described(const NaiveModel& model, const std::vector<ModelChange>& changes) {
     std::string text;
     for (const auto& change : changes) {
         const std::string where =
             std::to_string(change.parent) + "/" + std::to_string(change.index);
         text += text.empty() ? " " : ", ";
         switch (change.type) {
-        case Change::Type::Insert:
+        case ModelChange::Type::Insert:
             text += "insert " + described(model, change.item) + " at " + where;
             break;
-        case Change::Type::Remove:
+        case ModelChange::Type::Remove:
             text += "remove " + std::to_string(change.item) + " from " + where;
             break;
-        case Change::Type::Alter:
+        case ModelChange::Type::Alter:
             text += "make " + std::to_string(change.item) + described(change.after);
             break;
         }

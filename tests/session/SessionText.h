@@ -12,7 +12,7 @@ namespace wybeta::tests {
 std::string quoted(const std::string& text);
 // An item with all that is in it, such as "part 4 (note 5 "la", note 6 "" flagged)".
 std::string described(const NaiveModel& model, Id id);
-std::string described(const NaiveModel& model, const std::vector<Change>& changes);
+std::string described(const NaiveModel& model, const std::vector<ModelChange>& changes);
 // Steps are told by the notes that they report: a change of the count has none.
 std::string described(const std::vector<std::vector<Id>>& steps);
 
