@@ -2,7 +2,7 @@
 #include "lyrics/KanaPhonemeTable.h"
 
 #include <cstdint>
-#include <optional>
+#include <stdexcept>
 
 namespace wybeta::lyrics {
 
@@ -119,68 +119,41 @@ constexpr bool isKatakana(char32_t character) {
     return character >= kFirstKatakana && character <= kLastKatakana;
 }
 
-// The stored form of a kana; none for every other code point.
-std::optional<char32_t> foldKana(char32_t input) {
+// The stored form of a kana; 0 for every other code point.
+constexpr char32_t foldKana(char32_t input) {
     if (isKatakana(input + kHiraganaToKatakana)) {
         return input + kHiraganaToKatakana;
     }
-    if (isKatakana(input) || input == kLongVowelMark) {
-        return input;
-    }
-    return std::nullopt;
+    return isKatakana(input) || input == kLongVowelMark ? input : 0;
 }
 
-// The place of a stored kana in the tables below.
+constexpr std::size_t kSlots = kLastKatakana - kFirstKatakana + 3;
+
+// The place of a stored kana in the tables below; 0 for none. A kana of the charts that is out of
+// range ends the build.
 constexpr std::size_t slotOf(char32_t stored) {
-    return stored == kLongVowelMark ? kLastKatakana - kFirstKatakana + 1 : stored - kFirstKatakana;
-}
-constexpr std::size_t kSlots = slotOf(kLongVowelMark) + 1;
-
-constexpr bool areInRange() {
-    for (const auto& single : kSingles) {
-        if (!isKatakana(single.first) && single.first != kLongVowelMark) {
-            return false;
-        }
+    if (stored == 0 || stored == kLongVowelMark) {
+        return stored == 0 ? 0 : kSlots - 1;
     }
-    // NOLINTNEXTLINE(readability-use-anyofallof): std::all_of is not constexpr in C++17.
-    for (const auto& pair : kPairs) {
-        if (!isKatakana(pair.first) || !isKatakana(pair.second)) {
-            return false;
-        }
-    }
-    return true;
-}
-static_assert(areInRange(), "a kana of the charts lies outside the range");
-
-// Where the charts have the first entry of each kana and of each two: its position plus one, 0
-// where they have none.
-static_assert(kSingles.size() < 256 && kPairs.size() < 256);
-using SinglePositions = std::array<std::uint8_t, kSlots>;
-using PairPositions = std::array<std::array<std::uint8_t, kSlots>, kSlots>;
-
-constexpr void setFirst(std::uint8_t& place, std::size_t position) {
-    if (place == 0) {
-        place = static_cast<std::uint8_t>(position + 1);
-    }
+    return isKatakana(stored) ? stored - kFirstKatakana + 1 : throw std::out_of_range("katakana");
 }
 
-constexpr SinglePositions findSinglePositions() {
-    SinglePositions positions{};
-    for (std::size_t i = 0; i < kSingles.size(); ++i) {
-        setFirst(positions[slotOf(kSingles[i].first)], i);
+// Where a chart has its first entry of each two kana: its position plus one, 0 where it has none.
+using Positions = std::array<std::array<std::uint8_t, kSlots>, kSlots>;
+
+template <std::size_t Size>
+constexpr Positions positionsIn(const std::array<KanaEntry, Size>& chart) {
+    static_assert(Size < 256);
+    Positions positions{};
+    for (std::size_t i = Size; i-- > 0;) {
+        positions[slotOf(chart[i].first)][slotOf(chart[i].second)] =
+            static_cast<std::uint8_t>(i + 1);
     }
     return positions;
 }
-constexpr SinglePositions kSinglePositions = findSinglePositions();
 
-constexpr PairPositions findPairPositions() {
-    PairPositions positions{};
-    for (std::size_t i = 0; i < kPairs.size(); ++i) {
-        setFirst(positions[slotOf(kPairs[i].first)][slotOf(kPairs[i].second)], i);
-    }
-    return positions;
-}
-constexpr PairPositions kPairPositions = findPairPositions();
+constexpr Positions kSinglePositions = positionsIn(kSingles);
+constexpr Positions kPairPositions = positionsIn(kPairs);
 
 } // namespace
 
@@ -193,31 +166,20 @@ const std::array<KanaEntry, KanaPhonemeTable::kPairCount>& KanaPhonemeTable::pai
 }
 
 bool kanaEquals(char32_t input, char32_t stored) {
-    return foldKana(input) == stored;
+    return stored != 0 && foldKana(input) == stored;
 }
 
 const KanaEntry* findKanaPair(std::u32string_view text, std::size_t i) {
     if (text.size() < 2 || i > text.size() - 2) {
         return nullptr;
     }
-    const auto first = foldKana(text[i]);
-    const auto second = foldKana(text[i + 1]);
-    if (!first || !second) {
-        return nullptr;
-    }
-    const auto position = kPairPositions[slotOf(*first)][slotOf(*second)];
+    const auto position = kPairPositions[slotOf(foldKana(text[i]))][slotOf(foldKana(text[i + 1]))];
     return position != 0 ? &kPairs[position - 1] : nullptr;
 }
 
 const KanaEntry* findKanaSingle(std::u32string_view text, std::size_t i) {
-    if (i >= text.size()) {
-        return nullptr;
-    }
-    const auto kana = foldKana(text[i]);
-    if (!kana) {
-        return nullptr;
-    }
-    const auto position = kSinglePositions[slotOf(*kana)];
+    const auto kana = i < text.size() ? foldKana(text[i]) : 0;
+    const auto position = kSinglePositions[slotOf(kana)][0];
     return position != 0 ? &kSingles[position - 1] : nullptr;
 }
 
