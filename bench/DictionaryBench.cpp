@@ -167,9 +167,9 @@ template <class Change>
 std::vector<std::u32string> pickWords(const dictionary::PronunciationDictionary& dictionary,
                                       Change change) {
     std::vector<std::u32string> words;
-    std::size_t i = 0;
-    for (const auto item : dictionary) {
-        if (++i % 97 == 0 && item.word.find('-') == std::string_view::npos) {
+    for (std::size_t i = 0; i < dictionary.size(); ++i) {
+        const auto item = dictionary.line(i);
+        if (i % 97 == 96 && item.word.find('-') == std::string_view::npos) {
             words.push_back(change(std::u32string(item.word.begin(), item.word.end())));
         }
     }

@@ -27,28 +27,7 @@ struct DictionaryLine {
 // The words of a dictionary text with their entries, in byte-wise order of the words. Keeps the
 // text and a sorted index of its lines; a line is cut into its fields when it is looked up.
 class PronunciationDictionary {
-    using Offset = std::uint32_t; // of a line in the text, which is smaller than 2 GiB
-
 public:
-    // Yields the lines in the order of their words.
-    class Iterator {
-    public:
-        DictionaryLine operator*() const { return dictionary_->lineAt(*offset_); }
-        Iterator& operator++() {
-            ++offset_;
-            return *this;
-        }
-        bool operator!=(const Iterator& other) const { return offset_ != other.offset_; }
-
-    private:
-        friend class PronunciationDictionary;
-        Iterator(const PronunciationDictionary* dictionary, const Offset* offset)
-            : dictionary_(dictionary), offset_(offset) {}
-
-        const PronunciationDictionary* dictionary_;
-        const Offset* offset_;
-    };
-
     PronunciationDictionary() = default;
 
     // The entry of exactly this word; none if the dictionary does not hold it.
@@ -56,11 +35,13 @@ public:
 
     std::size_t size() const { return index_.size(); }
 
-    Iterator begin() const { return {this, index_.data()}; }
-    Iterator end() const { return {this, index_.data() + index_.size()}; }
+    // The line of the word at a position below size(), in the order of the words.
+    DictionaryLine line(std::size_t position) const { return lineAt(index_[position]); }
 
 private:
     friend PronunciationDictionary loadPronunciationDictionary(const char* text, std::int32_t size);
+
+    using Offset = std::uint32_t; // of a line in the text, which is smaller than 2 GiB
 
     explicit PronunciationDictionary(std::string_view text);
 

@@ -47,7 +47,8 @@ using Rows = std::vector<Row>;
 
 Rows rowsOf(const PronunciationDictionary& dictionary) {
     Rows rows;
-    for (const auto item : dictionary) {
+    for (std::size_t i = 0; i < dictionary.size(); ++i) {
+        const auto item = dictionary.line(i);
         rows.push_back(
             {std::string(item.word), std::string(item.phonemes), std::string(item.spelling)});
     }
@@ -348,7 +349,8 @@ TEST(PronunciationDictionary, HoldsGorgeousWithItsExtraLetter) {
 }
 
 TEST(PronunciationDictionary, FindsEveryWordOfTheTextOfTheModule) {
-    for (const auto item : realDictionary()) {
+    for (std::size_t i = 0; i < realDictionary().size(); ++i) {
+        const auto item = realDictionary().line(i);
         const auto entry = realDictionary().find(item.word);
         ASSERT_TRUE(entry) << item.word;
         ASSERT_EQ(entry->phonemes.data(), item.phonemes.data()) << item.word;

@@ -267,7 +267,8 @@ std::string joinedBy(std::string_view separator, const Items& items) {
 
 TEST(WordLookup, GivesTheSyllablesOfEveryWordWithoutAHyphen) {
     Items items;
-    for (const auto item : realDictionary()) {
+    for (std::size_t i = 0; i < realDictionary().size(); ++i) {
+        const auto item = realDictionary().line(i);
         if (!hasHyphen(item.word)) {
             const auto lyric = widened(item.word);
             items.clear();
@@ -280,7 +281,8 @@ TEST(WordLookup, GivesTheSyllablesOfEveryWordWithoutAHyphen) {
 
 TEST(WordLookup, GivesTheSyllablesOfEveryWordInCapitals) {
     Items items;
-    for (const auto item : realDictionary()) {
+    for (std::size_t i = 0; i < realDictionary().size(); ++i) {
+        const auto item = realDictionary().line(i);
         if (!hasHyphen(item.word)) {
             auto lyric = widened(item.word);
             for (char32_t& letter : lyric) {
@@ -296,7 +298,8 @@ TEST(WordLookup, GivesTheSyllablesOfEveryWordInCapitals) {
 
 TEST(WordLookup, NeverReachesAnEntryWithAHyphen) {
     int words = 0;
-    for (const auto item : realDictionary()) {
+    for (std::size_t i = 0; i < realDictionary().size(); ++i) {
+        const auto item = realDictionary().line(i);
         if (hasHyphen(item.word)) {
             ++words;
             const bool hasTwin =
@@ -322,7 +325,8 @@ void spell(const Items& items, std::string& phonemes) {
 TEST(WordLookup, KeepsThePhonemesOfEveryWordWithAHyphenAtEveryPlaceInside) {
     Items items;
     std::string spelled;
-    for (const auto item : realDictionary()) {
+    for (std::size_t i = 0; i < realDictionary().size(); ++i) {
+        const auto item = realDictionary().line(i);
         if (hasHyphen(item.word)) {
             continue;
         }
