@@ -65,9 +65,9 @@ Change safeRemoval(TreeNode& parent, std::size_t index) {
     return {inserted.revert, inserted.apply};
 }
 
-class Session {
+class HostileSession {
 public:
-    explicit Session(std::string_view choices) : random_(choices) { editor_->notify(); }
+    explicit HostileSession(std::string_view choices) : random_(choices) { editor_->notify(); }
 
     void run() {
         buildProject();
@@ -368,6 +368,6 @@ private:
 } // namespace wybeta::fuzz
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    wybeta::fuzz::Session(wybeta::fuzz::textOf(data, size)).run();
+    wybeta::fuzz::HostileSession(wybeta::fuzz::textOf(data, size)).run();
     return 0;
 }
