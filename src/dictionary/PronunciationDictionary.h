@@ -65,10 +65,10 @@ private:
 // Loads a text of `size` bytes, which may be gone after the call. A null text or a size below 1
 // gives an empty dictionary.
 //
-// A line ends at CR LF, CR, LF or the end of the text. Without the white space at both of its ends
-// it is three fields with one TAB between each two: word, phonemes and spelling. The stress digits
-// 0, 1 and 2 are removed from the phonemes. Any other line is ignored, and of the lines with the
-// same word the last one counts.
+// A line ends at CR LF, CR, LF or the end of the text. Once the white space at both ends is
+// trimmed, it must have exactly three fields separated by single TABs: word, phonemes and spelling.
+// The stress digits 0, 1 and 2 are removed from the phonemes. Any other line is ignored, and of the
+// lines with the same word the last one counts.
 PronunciationDictionary loadPronunciationDictionary(const char* text, std::int32_t size);
 
 // The one dictionary of the module, empty when the module is loaded and destroyed when it is

@@ -12,7 +12,8 @@
 namespace wybeta::editsteps {
 
 // Writes the texts of a division into its notes, and the old texts back on undo. Holds the notes,
-// so that they survive a deletion that the host may undo. The class name is spelled so on purpose.
+// so that they survive a deletion that the host may undo. The class name is given, spelling
+// and all.
 class LyricsDevideEditStep final : public EditStep {
 public:
     LyricsDevideEditStep(host::IProjectNode* trackNode, tracks::LyricsDivision division);

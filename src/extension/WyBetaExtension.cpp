@@ -130,15 +130,15 @@ tresult PLUGIN_API WyBetaExtension::ignored7(void* /*hostDefined*/) {
 
 void PLUGIN_API WyBetaExtension::ignored8(void* /*hostDefined*/) {}
 
-void PLUGIN_API WyBetaExtension::projectChanged(Steinberg::FUnknown* node) {
-    walkProject(node, nullptr);
+void PLUGIN_API WyBetaExtension::projectChanged(Steinberg::FUnknown* argument) {
+    walkProject(argument, nullptr);
 }
 
 void PLUGIN_API WyBetaExtension::storageChanged(void* /*hostDefined*/) {}
 
-tresult PLUGIN_API WyBetaExtension::hookEdit(Steinberg::FUnknown* node,
+tresult PLUGIN_API WyBetaExtension::hookEdit(Steinberg::FUnknown* argument,
                                              host::IProjectEditContext* context) {
-    walkProject(node, context);
+    walkProject(argument, context);
     return kResultOk;
 }
 

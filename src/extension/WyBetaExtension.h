@@ -40,17 +40,18 @@ public:
 
     void PLUGIN_API ignored3(void* hostDefined) override;
     void PLUGIN_API ignored4(void* hostDefined) override;
-    // Return what the document answers; for null, kInvalidArgument.
+    // Add and remove this extension as the document's storage listener. Return the document's
+    // result; for null, kInvalidArgument.
     Steinberg::tresult PLUGIN_API documentOpened(host::IProjectDocument* document) override;
     Steinberg::tresult PLUGIN_API documentClosing(host::IProjectDocument* document) override;
     Steinberg::tresult PLUGIN_API ignored7(void* hostDefined) override;
     void PLUGIN_API ignored8(void* hostDefined) override;
-    // A node that is null or does not answer IProjectNode is ignored, here and by hookEdit.
-    void PLUGIN_API projectChanged(Steinberg::FUnknown* node) override;
+    // An argument that is null or does not answer IProjectNode is ignored, here and by hookEdit.
+    void PLUGIN_API projectChanged(Steinberg::FUnknown* argument) override;
 
     void PLUGIN_API storageChanged(void* hostDefined) override;
 
-    Steinberg::tresult PLUGIN_API hookEdit(Steinberg::FUnknown* node,
+    Steinberg::tresult PLUGIN_API hookEdit(Steinberg::FUnknown* argument,
                                            host::IProjectEditContext* context) override;
 
 private:

@@ -12,7 +12,7 @@
 #undef COM_COMPATIBLE
 #define COM_COMPATIBLE 1
 
-// The result codes in this one header follow the operating system, not COM_COMPATIBLE alone.
+// funknown.h picks its result codes by operating system too, so it has to see Windows meanwhile.
 #undef SMTG_OS_WINDOWS
 #define SMTG_OS_WINDOWS 1
 #include "pluginterfaces/base/funknown.h"

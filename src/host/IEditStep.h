@@ -7,7 +7,7 @@ namespace wybeta::host {
 
 class IProjectNode;
 
-// Takes the names of the project objects that an edit step changes.
+// Collects the project objects that an edit step changes.
 class IEditObjectCollector : public Steinberg::FUnknown {
 public:
     virtual void PLUGIN_API unused3() {}
@@ -25,7 +25,7 @@ public:
     virtual void PLUGIN_API undo() = 0;
     // Slot 5.
     virtual void PLUGIN_API redo() = 0;
-    // Slot 6. Names every project object that the step changes.
+    // Slot 6. Passes every project object that the step changes to the collector.
     virtual Steinberg::tresult PLUGIN_API reportChangedObjects(IEditObjectCollector* collector) = 0;
 
     WYBETA_INTERFACE_ID(0xAC4023C3, 0x75754B3C, 0xBF817013, 0x8CBD8C05);

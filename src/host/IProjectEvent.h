@@ -8,7 +8,8 @@
 
 namespace wybeta::host {
 
-// The own interface of an event, as the iterator of a part yields it.
+// An event as the iterator of a part yields it. It can be asked for IProjectEvent and, if it is a
+// note, for IProjectNoteEvent.
 class IPartEvent : public IProjectItem {
 public:
     virtual void PLUGIN_API unused4() {}
@@ -19,7 +20,8 @@ public:
     virtual void PLUGIN_API unused9() {}
     virtual void PLUGIN_API unused10() {}
     virtual void PLUGIN_API unused11() {}
-    // Slot 12. Whether a lyric typed into this note starts a division.
+    // Slot 12. Whether a lyric typed into this note starts a division. A flagged note also ends the
+    // division before it.
     virtual bool PLUGIN_API isFlagged() = 0;
     virtual void PLUGIN_API unused13() {}
     virtual void PLUGIN_API unused14() {}
@@ -43,7 +45,7 @@ public:
     virtual void PLUGIN_API unused3() {}
     virtual void PLUGIN_API unused4() {}
     virtual void PLUGIN_API unused5() {}
-    // Slot 6. A number that is carried along unchanged.
+    // Slot 6. A number whose meaning is the host's; NoteRecord carries it unchanged.
     virtual Steinberg::int32 PLUGIN_API value() = 0;
 
     WYBETA_INTERFACE_ID(0x280D584E, 0x88EF43EC, 0x908F7C22, 0xAE6994FB);
@@ -60,7 +62,8 @@ public:
                                                        Steinberg::FVariant* value,
                                                        Steinberg::TPtrInt reserved1,
                                                        Steinberg::TPtrInt reserved2) = 0;
-    // Slot 6. Returns 0 when found. A string put into `value` stays the host's.
+    // Slot 6. Returns 0 when found. A string put into `value` stays the host's and must not be
+    // freed, even if the variant says that it owns it.
     virtual Steinberg::tresult PLUGIN_API getAttribute(Steinberg::FIDString key,
                                                        Steinberg::FVariant* value) = 0;
 

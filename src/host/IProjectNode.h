@@ -5,7 +5,7 @@
 
 namespace wybeta::host {
 
-// What a node iterator yields: the own interface of a track, folder, part or event.
+// What a node iterator yields: a track, folder, part or event, before it is asked for anything.
 class IProjectItem : public Steinberg::FUnknown {
 public:
     // Slot 3. Whether the item is of the kind, a zero-terminated byte string such as "folder".
@@ -56,7 +56,7 @@ public:
     WYBETA_INTERFACE_ID(0x7A6F999F, 0xBDBC4BCC, 0xAC403DAB, 0xACE8A171);
 };
 
-// The own interface of the object that a notification or the edit hook passes.
+// The object that a notification or the edit hook passes, before it is asked for IProjectNode.
 class IProjectNotificationArgument : public Steinberg::FUnknown {
 public:
     virtual void PLUGIN_API unused3() {}

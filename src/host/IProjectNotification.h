@@ -32,8 +32,9 @@ public:
 
 class IProjectNotification3 : public IProjectNotification2 {
 public:
-    // Slot 9. Something under `node` changed; the object answers IProjectNode.
-    virtual void PLUGIN_API projectChanged(Steinberg::FUnknown* node) = 0;
+    // Slot 9. Something changed under the node that `argument` answers as IProjectNode; by itself
+    // it is an IProjectNotificationArgument.
+    virtual void PLUGIN_API projectChanged(Steinberg::FUnknown* argument) = 0;
 
     WYBETA_INTERFACE_ID(0x04A1D438, 0x482A4D8C, 0x8CA76ED5, 0x0640A914);
 };
@@ -50,8 +51,8 @@ public:
 // Called while the host records an edit, so that steps can be added to it.
 class IProjectEditHook : public Steinberg::FUnknown {
 public:
-    // Slot 3. The object `node` answers IProjectNode. Returns 0.
-    virtual Steinberg::tresult PLUGIN_API hookEdit(Steinberg::FUnknown* node,
+    // Slot 3. `argument` is as for projectChanged. Returns 0.
+    virtual Steinberg::tresult PLUGIN_API hookEdit(Steinberg::FUnknown* argument,
                                                    IProjectEditContext* context) = 0;
 
     WYBETA_INTERFACE_ID(0xEDC5AF8F, 0xAABD46E8, 0xB86839CF, 0xE14CAB1F);

@@ -44,7 +44,7 @@ public:
     WYBETA_INTERFACE_ID(0x0742C1BD, 0xA6B44FFA, 0xAB838ED1, 0x20A7D895);
 };
 
-// Marks a plug-in as the voice synthesizer whose lyrics are divided; none of its slots is called.
+// Marks a plug-in as the voice synthesizer whose lyrics are divided; none of its methods is called.
 class IVoiceSynthesizer : public Steinberg::FUnknown {
 public:
     WYBETA_INTERFACE_ID(0x8EF21080, 0x67A8DE15, 0x7687EC5F, 0x126671EA);

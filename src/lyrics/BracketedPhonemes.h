@@ -12,8 +12,8 @@ struct BracketedPhonemes {
     std::string_view phonemes; // inside it: "s a,k u,r a"
 };
 
-// Finds the bracket that counts: the last "[" that has a "]" after it, up to the last "]", on the
-// first line that has such a pair. A line ends at LF or CR; other lines don't count.
+// On the first line that has a "[" before its last "]", finds the text between that "]" and the
+// nearest "[" before it. A line ends at LF or CR; other lines don't count.
 std::optional<BracketedPhonemes> findBracketedPhonemes(std::string_view lyric);
 
 } // namespace wybeta::lyrics

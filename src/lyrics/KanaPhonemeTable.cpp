@@ -129,8 +129,7 @@ constexpr char32_t foldKana(char32_t input) {
 
 constexpr std::size_t kSlots = kLastKatakana - kFirstKatakana + 3;
 
-// The place of a stored kana in the tables below; 0 for none. A kana of the charts that is out of
-// range ends the build.
+// The place of a stored kana in the tables below; 0 for none.
 constexpr std::size_t slotOf(char32_t stored) {
     if (stored == 0 || stored == kLongVowelMark) {
         return stored == 0 ? 0 : kSlots - 1;
@@ -141,19 +140,23 @@ constexpr std::size_t slotOf(char32_t stored) {
 // Where a chart has its first entry of each two kana: its position plus one, 0 where it has none.
 using Positions = std::array<std::array<std::uint8_t, kSlots>, kSlots>;
 
+// A row without its kana, or with one out of range, throws and so ends the build.
 template <std::size_t Size>
-constexpr Positions positionsIn(const std::array<KanaEntry, Size>& chart) {
+constexpr Positions positionsIn(const std::array<KanaEntry, Size>& chart, bool arePairs) {
     static_assert(Size < 256);
     Positions positions{};
     for (std::size_t i = Size; i-- > 0;) {
+        if (chart[i].first == 0 || (chart[i].second != 0) != arePairs) {
+            throw std::invalid_argument("row");
+        }
         positions[slotOf(chart[i].first)][slotOf(chart[i].second)] =
             static_cast<std::uint8_t>(i + 1);
     }
     return positions;
 }
 
-constexpr Positions kSinglePositions = positionsIn(kSingles);
-constexpr Positions kPairPositions = positionsIn(kPairs);
+constexpr Positions kSinglePositions = positionsIn(kSingles, false);
+constexpr Positions kPairPositions = positionsIn(kPairs, true);
 
 } // namespace
 

@@ -15,7 +15,7 @@ struct KanaEntry {
 };
 
 // The fixed table of all kana syllables. It holds katakana only; hiragana is folded onto katakana
-// when compared. The order of a section is its order of search: the first hit wins.
+// when compared. Singles and pairs are each searched in order: the first match wins.
 class KanaPhonemeTable {
 public:
     static constexpr std::size_t kSingleCount = 85;
@@ -28,9 +28,8 @@ public:
     static const std::array<KanaEntry, kPairCount>& pairs();
 };
 
-// Whether a code point of a lyric stands for a kana of the table: U+3041..U+3094 (hiragana) for
-// the katakana at the same place of its block, U+30A1..U+30F4 (katakana) and U+30FC for
-// themselves. Any other input equals nothing.
+// Whether `input`, once hiragana is folded onto katakana, equals `stored`. Recognised are
+// U+3041..U+3094 (hiragana), U+30A1..U+30F4 (katakana) and U+30FC; any other input equals nothing.
 bool kanaEquals(char32_t input, char32_t stored);
 
 // The pair that text[i] and text[i + 1] spell, in either script or one of each; it consumes both.

@@ -14,8 +14,8 @@ namespace wybeta::lyrics {
 using SyllableList = std::vector<std::string>;
 
 // The texts that a note and the notes after it are to carry, one for each note. The first is the
-// lyric followed by its first syllable in brackets, each other one a syllable in brackets; or, when
-// there is nothing to convert, the lyric alone.
+// lyric (without its own brackets, if it has any) followed by the first syllable in brackets; each
+// later one is a syllable in brackets. A lyric with nothing to convert is kept as it is.
 using NoteLyricList = std::vector<std::string>;
 
 // Divides a UTF-8 lyric. `noteLyrics` is replaced when the conversion completes and unchanged when
@@ -24,8 +24,8 @@ using NoteLyricList = std::vector<std::string>;
 bool convertLyric(std::string_view lyric, NoteLyricList& noteLyrics,
                   const dictionary::PronunciationDictionary& dictionary);
 
-// The syllables of a UTF-8 lyric without brackets: kana, and English words known to the dictionary.
-// Everything else is skipped.
+// The syllables of a UTF-8 lyric, whose brackets are not interpreted: kana, English words that the
+// dictionary has, and the rest "0" (see convertEnglishWord). Everything else is skipped.
 SyllableList lyricToSyllables(std::string_view lyric,
                               const dictionary::PronunciationDictionary& dictionary);
 

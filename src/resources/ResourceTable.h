@@ -8,9 +8,9 @@ namespace wybeta::resources {
 
 // A file that is built into the library. All of it lives as long as the library is loaded.
 struct Resource {
-    std::string_view name;
-    std::string_view fileName;
-    const char* data; // `size` bytes, and a zero byte behind them
+    std::string_view name;     // the key for findResource
+    std::string_view fileName; // of the source file
+    const char* data;          // `size` bytes, and a zero byte behind them
     std::int32_t size;
 };
 

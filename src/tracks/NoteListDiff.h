@@ -20,12 +20,12 @@ using NoteChanges = std::vector<NoteChange>;
 // match, not the shortest difference. Positions ascend. Empty when `longer` is the shorter one.
 NoteChanges diffNoteLists(const NoteList& longer, const NoteList& shorter);
 
-// Puts the changes back at their positions. A position past the end of the merged list ends the
-// merge: that change and those after it are left out.
+// Puts the changes back at their positions. All records of the list are kept; a change whose
+// position is never reached is left out, with all changes after it.
 NoteList mergeNotes(const NoteList& list, const NoteChanges& changes);
 
 // Takes the records at the positions of the changes out again; positions past the end are ignored.
-// A record whose value is the deletion mark goes as well, whatever its position.
+// Any other record whose value is -1, the deletion mark, goes as well.
 void removeNotes(NoteList& list, const NoteChanges& changes);
 
 } // namespace wybeta::tracks

@@ -8,8 +8,8 @@
 
 namespace wybeta::tracks {
 
-// Writes the notes of a walk over a spare list, to reuse the memory of its records and their texts:
-// a walk over 1,000,000 unchanged notes takes 99 ms with it and 168 ms without.
+// Overwrites a spare list with the notes of a walk, reusing its memory: a walk over 1,000,000
+// unchanged notes takes 99 ms so, and 168 ms with a fresh list.
 class NoteListWriter {
 public:
     // `previous` is the list of the last walk. Both lists must outlive the writer.

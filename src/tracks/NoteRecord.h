@@ -7,7 +7,8 @@
 namespace wybeta::tracks {
 
 // One event of a part as it was last read. Times are in the unit of the host's time context and are
-// only carried, never computed with.
+// only carried, never computed with. The first reading of a track also records events that are no
+// notes: empty, with the event of the note before.
 struct NoteRecord {
     double start = 0;
     double length = 0;

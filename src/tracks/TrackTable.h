@@ -27,7 +27,8 @@ struct TrackEntry {
 using TrackTable = std::map<TrackKey, TrackEntry>;
 
 // The table of the current extension instance, null while there is none. Edit steps in the host's
-// history reach the table through it. The table is borrowed: its owner clears it before it goes.
+// history reach the table through it. The pointer is borrowed: the extension that owns the table
+// resets it to null before it is destroyed.
 TrackTable* currentTrackTable();
 void setCurrentTrackTable(TrackTable* table);
 
@@ -43,8 +44,8 @@ void syncTrackTableLyrics(TrackTable& table, const void* firstEvent,
 enum class CountChange { Insert, Remove };
 
 // Brings the current table's list of a track in line with notes that came back or went. `trackNode`
-// is borrowed and may dangle: it is called only while the table still has `track`, the key under
-// which the table knew the track when the step was made. Null node: nothing happens.
+// is borrowed and may dangle: it is used only while the table has `track`, the track's key when the
+// step was made. Null node: nothing happens.
 void applyNoteCountChange(host::IProjectNode* trackNode, TrackKey track, const NoteChanges& changes,
                           CountChange kind);
 

@@ -39,6 +39,7 @@ class Architecture(unittest.TestCase):
         for top in {folder.split("/")[0] for folder in allowed}:
             for file in (PROJECT / top).rglob("*.[hc]*"):
                 folder = folder_of(file.relative_to(PROJECT))
+                self.assertIn(folder, allowed, "a folder that the table does not have")
                 self.assertLessEqual(included_folders(file), allowed[folder], file)
 
     def test_the_table_goes_down_only(self) -> None:
