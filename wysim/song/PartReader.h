@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "wysim/song/ScoreVoice.h"
+#include "wysim/song/Song.h"
+#include "wysim/song/XmlDocument.h"
+
+#include <pugixml.hpp>
+
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+
+namespace wybeta::wysim::song {
+
+// Goes through a part of a score from measure to measure and sorts its notes by voice.
+class PartReader {
+public:
+    // The document has to outlive this.
+    PartReader(const XmlDocument& document, int verse);
+
+    // Throws BadInput, saying where.
+    void readMeasure(pugi::xml_node measure);
+
+    std::map<std::string, ScoreVoice>& voices() { return voices_; }
+    const std::set<int>& verses() const { return verses_; }
+    std::optional<TimeSignature> time() const { return time_; }
+    double firstMeasure() const { return firstMeasure_.value_or(0); }
+
+private:
+    void readMeasureChild(pugi::xml_node child);
+    void readAttributes(pugi::xml_node attributes);
+    void readNote(pugi::xml_node element);
+    void addNote(pugi::xml_node element, double length);
+    void readTies(pugi::xml_node element, ScoreNote& note) const;
+    void readLyrics(pugi::xml_node element, ScoreNote& note);
+    int readPitch(pugi::xml_node element) const;
+    void checkPlaced(const SongNote& note, pugi::xml_node element) const;
+    void move(pugi::xml_node element, double by);
+    double quarters(pugi::xml_node element) const;
+    double number(pugi::xml_node element) const { return number(element, element); }
+    double number(pugi::xml_node element, pugi::xml_node near) const;
+
+    const XmlDocument& document_;
+    int verse_;
+    bool isOwn_;
+    double divisions_ = 1;
+    double start_ = 0; // of the measure
+    double now_ = 0;
+    double end_ = 0; // the furthest that the part has come
+    double noteStart_ = 0;
+    std::map<std::string, ScoreVoice> voices_;
+    std::set<int> verses_;
+    std::optional<TimeSignature> time_;
+    std::optional<double> firstMeasure_;
+};
+
+} // namespace wybeta::wysim::song
