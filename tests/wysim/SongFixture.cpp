@@ -31,6 +31,20 @@ std::string bytesOf(const fs::path& path) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
+Song songFrom(const std::string& bytes, const std::string& ending) {
+    Progress progress;
+    return songFromBytes(bytes, ending, 1, progress);
+}
+
+std::string refusalOfBytes(const std::string& bytes, const std::string& ending) {
+    try {
+        songFrom(bytes, ending);
+        return {};
+    } catch (const BadInput& error) {
+        return error.what();
+    }
+}
+
 Song readSong(const fs::path& path, int verse) {
     Progress progress;
     return readSongFile(path, verse, progress);

@@ -13,6 +13,11 @@ namespace wybeta::tests {
 std::filesystem::path dataFile(const std::string& name);
 std::string bytesOf(const std::filesystem::path& path);
 
+// A song from what a file with that ending would hold.
+wysim::song::Song songFrom(const std::string& bytes, const std::string& ending = ".musicxml");
+// What songFrom finds wrong; empty when it reads a song.
+std::string refusalOfBytes(const std::string& bytes, const std::string& ending = ".musicxml");
+
 wysim::song::Song readSong(const std::filesystem::path& path, int verse = 1);
 // What readSong finds wrong; empty when it reads a song.
 std::string refusalOf(const std::filesystem::path& path, int verse = 1);

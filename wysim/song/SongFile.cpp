@@ -60,21 +60,6 @@ std::string quoted(const std::string& ending) {
     return ending.empty() ? "no ending" : "'" + ending + "'";
 }
 
-Song readByEnding(const fs::path& path, int verse, terminal::Progress& progress) {
-    const auto ending = endingOf(path);
-    if (ending == ".json") {
-        return songFromJson(readBytes(path));
-    }
-    if (ending == ".mxl") {
-        return songFromMusicXml(unpackScore(readBytes(path)), verse, progress);
-    }
-    if (isMusicXml(ending)) {
-        return songFromMusicXml(readBytes(path), verse, progress);
-    }
-    throw BadInput::expectedFound("a name that ends in .musicxml, .xml, .mxl or .json",
-                                  quoted(ending));
-}
-
 // The file that a symbolic link leads to; any other path as it is.
 fs::path targetOf(const fs::path& path, std::error_code& error) {
     std::error_code ignored;
@@ -103,9 +88,22 @@ std::string endingOf(const fs::path& path) {
     return ending;
 }
 
+Song songFromBytes(const std::string& bytes, const std::string& ending, int verse,
+                   terminal::Progress& progress) {
+    if (ending == ".json") {
+        return songFromJson(bytes);
+    }
+    return songFromMusicXml(ending == ".mxl" ? unpackScore(bytes) : bytes, verse, progress);
+}
+
 Song readSongFile(const fs::path& path, int verse, terminal::Progress& progress) {
     try {
-        return readByEnding(path, verse, progress);
+        const auto ending = endingOf(path);
+        if (ending != ".json" && ending != ".mxl" && !isMusicXml(ending)) {
+            throw BadInput::expectedFound("a name that ends in .musicxml, .xml, .mxl or .json",
+                                          quoted(ending));
+        }
+        return songFromBytes(readBytes(path), ending, verse, progress);
     } catch (const BadInput& error) {
         throw BadInput(path.u8string() + ": " + error.what());
     } catch (const std::bad_alloc&) {
