@@ -44,6 +44,12 @@ TEST(Comparison, CountsSyllablesAgainstNotesWordByWord) {
                        "unknown: 1; same count: 2, fewer: 1, more: 1\n");
 }
 
+TEST(Comparison, NeedsWords) {
+    const auto run = compare({{"", 2}});
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.err, "wysim: expected a song with words to compare, found none.\n");
+}
+
 TEST(Comparison, CountsMoreSyllablesThanAnySongHasNotes) {
     std::string lyric;
     for (int i = 0; i < 1000; ++i) {

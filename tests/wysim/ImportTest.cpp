@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/Options.h"
+#include "tests/wysim/SmallScores.h"
 #include "tests/wysim/SongFixture.h"
 
 #include <gtest/gtest.h>
@@ -70,6 +71,40 @@ TEST(Import, MakesATrackOfEachSungVoice) {
     EXPECT_EQ(song.tracks[1].name, "Choir (voice 2)");
     EXPECT_EQ(song.tracks[1].notes.at(0).lyric, "low");
     EXPECT_EQ(song.tracks[1].notes.at(0).start, 0);
+}
+
+std::vector<std::string> trackNames(const wysim::song::Song& song) {
+    std::vector<std::string> names;
+    for (const auto& track : song.tracks) {
+        names.push_back(track.name);
+    }
+    return names;
+}
+
+TEST(Import, MakesATrackOfEachVoiceWhereThereAreNoWords) {
+    const auto song = songFrom(scoreOf(
+        {{"Flute", {noteOf("C5", 4)}},
+         {"Piano",
+          {noteOf("E4", 2, "<voice>1</voice>") + noteOf("G4", 2, "<chord/><voice>1</voice>") +
+           noteOf("C3", 2, "<voice>2</voice>")}}}));
+    EXPECT_EQ(trackNames(song), (Lines{"Flute", "Piano (voice 1)", "Piano (voice 2)"}));
+    EXPECT_EQ(linesOf(song), Lines{"0 4 C5 "});
+    EXPECT_EQ(linesOf(song, 1), Lines{"0 2 G4 "});
+    EXPECT_EQ(linesOf(song, 2), Lines{"2 2 C3 "});
+}
+
+TEST(Import, MakesAnEmptyTrackOfAPartWithoutNotes) {
+    const auto song = songFrom(scoreOf({{"Soprano", {restOf(4)}}, {"Alto", {}}}));
+    EXPECT_EQ(trackNames(song), (Lines{"Soprano", "Alto"}));
+    EXPECT_EQ(countNotes(song), 0u);
+}
+
+TEST(Import, KeepsTheTimeSignatureOfAScoreWithoutNotes) {
+    const auto song = songFrom(scoreOf({"<attributes><time><beats>3</beats><beat-type>4</beat-type>"
+                                        "</time></attributes>" +
+                                        restOf(1)}));
+    EXPECT_EQ(song.time.beats, 3);
+    EXPECT_EQ(song.pickup, 1);
 }
 
 TEST(Import, TellsStavesApartWhereVoicesAreNotNamed) {

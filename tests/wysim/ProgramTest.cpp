@@ -52,7 +52,7 @@ TEST(Program, EndsWithTwoOnMistakenArguments) {
 TEST(Program, EndsWithTwoAndWritesNothingOnABadSong) {
     const TemporaryFolder folder;
     const auto svg = folder.file("song.svg").u8string();
-    for (const auto* const name : {"no-notes.musicxml", "cut-short.musicxml", "missing.json"}) {
+    for (const auto* const name : {"no-pitch.musicxml", "cut-short.musicxml", "missing.json"}) {
         const auto song = dataFile(name).u8string();
         const auto run = runProgram({song, "--svg", svg});
         EXPECT_EQ(run.status, 2);

@@ -38,8 +38,6 @@ TEST_P(RefusedFile, IsRefusedWithWhatAndWhere) {
 INSTANTIATE_TEST_SUITE_P(
     Import, RefusedFile,
     testing::Values(
-        Refused{"no-notes.musicxml", "expected a song with notes, found none"},
-        Refused{"no-words.musicxml", "expected words in verse 1, found no words at all"},
         Refused{"timewise.musicxml", "expected a MusicXML score of the kind 'score-partwise', "
                                      "found 'score-timewise'"},
         Refused{"cut-short.musicxml", "expected well-formed XML, found error parsing start element "
@@ -236,8 +234,15 @@ TEST(Refusal, OfJsonSaysWhere) {
               "note 4 at track 1");
     EXPECT_EQ(refusalOfJson(replaced("wysim song 1", "wysim song 2")),
               "expected the format 'wysim song 1', found 'wysim song 2'");
+    EXPECT_EQ(refusalOfJson("{\"format\": \"wysim song 1\", \"title\": \"\", \"beats\": 4, "
+                            "\"beatType\": 4, \"pickup\": 0, \"tracks\": []}"),
+              "expected a song with a track, found none");
     EXPECT_EQ(refusalOfJson(replaced("\"beats\": 4", "\"beats\": 0")),
               "expected a time signature such as 4/4, found 0/4");
+}
+
+TEST(Refusal, OfAScoreWithoutParts) {
+    EXPECT_EQ(refusalOfBytes("<score-partwise/>"), "expected a song with a track, found none");
 }
 
 TEST(Refusal, OfDeepNestingIsNoOverflow) {

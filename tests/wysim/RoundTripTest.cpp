@@ -97,6 +97,21 @@ TEST(RoundTrip, ThroughMusicXmlKeepsTheMarksOfALyric) {
               (std::vector<std::string>{"0 1 C4 -*", "1 1 D4 (x)*"}));
 }
 
+TEST(RoundTrip, KeepsTracksWithoutWordsAndWithoutNotes) {
+    Song song;
+    song.title = "Begun";
+    song.time = {3, 4};
+    song.pickup = 1;
+    song.tracks = {{"Alto", {}}, {"Soprano", {}}};
+    for (const bool hasNotes : {false, true}) {
+        EXPECT_EQ(jsonFromSong(songFromJson(jsonFromSong(song))), jsonFromSong(song)) << hasNotes;
+        const auto again = songFromMusicXml(musicXmlFromSong(song));
+        EXPECT_EQ(jsonFromSong(again), jsonFromSong(song)) << hasNotes;
+        song.tracks.push_back({"Tenor", {{0, 1, 60, "", false}, {1, 3, 62, "", false}}});
+        song.tracks.push_back({"Bass", {{0, 1, 48, "la", true}}});
+    }
+}
+
 Song longSong(std::size_t notes) {
     const char* const lyrics[] = {"abandon", "", "", "さくら", "", "", "love"};
     Song song;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/TestName.h"
+#include "tests/wysim/SmallScores.h"
 #include "tests/wysim/SongFixture.h"
 
 #include <gtest/gtest.h>
@@ -115,6 +116,29 @@ TEST(SessionCommands, SaveWritesTheDividedSong) {
                  "> save " + folder.file("song.svg").u8string() + "\nwrote " +
                      folder.file("song.svg").u8string() + "\n");
     EXPECT_EQ(bytesOf(folder.file("song.svg")).substr(0, 4), "<svg");
+}
+
+TEST(SessionCommands, AddFillsASongThatWasOpenedWithoutNotes) {
+    const TemporaryFolder folder;
+    const auto song = folder.write("empty.musicxml", scoreOf({restOf(4)}));
+    const auto saved = folder.file("song.musicxml").u8string();
+    const auto run = runScript(song, "show\ntype 1 la\nadd 0 1 C4 love\nsave " + saved);
+    EXPECT_EQ(run.out, song.u8string() +
+                           ": 1 track, 0 notes\n> show\n"
+                           "  note  start  length  pitch  lyric\n"
+                           "> type 1 la\n> add 0 1 C4 love\n"
+                           "note 1 is new: \"love[l ah v]\"\n> save " +
+                           saved + "\nwrote " + saved + "\n");
+    EXPECT_EQ(run.err, "wysim: standard input, line 2: expected a note, found none in the track; "
+                       "nothing changed.\n");
+}
+
+TEST(SessionCommands, TypeGivesAMelodyItsWords) {
+    const TemporaryFolder folder;
+    const auto song = folder.write("melody.musicxml", scoreOf({noteOf("C4", 2) + noteOf("D4", 2)}));
+    const auto run = runScript(song, "type 1 hello");
+    EXPECT_EQ(run.err, kNothingMistaken);
+    EXPECT_NE(run.out.find("note 2: \"\" -> \"[l ow]\""), std::string::npos) << run.out;
 }
 
 TEST(SessionCommands, SaveLeavesNothingWhereItCannotWrite) {

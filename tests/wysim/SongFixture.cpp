@@ -59,9 +59,9 @@ std::string refusalOf(const fs::path& path, int verse) {
     }
 }
 
-std::vector<std::string> linesOf(const Song& song) {
+std::vector<std::string> linesOf(const Song& song, std::size_t track) {
     std::vector<std::string> lines;
-    for (const auto& note : song.tracks.front().notes) {
+    for (const auto& note : song.tracks.at(track).notes) {
         lines.push_back(formatNumber(note.start) + " " + formatNumber(note.length) + " " +
                         formatPitch(note.pitch) + " " + note.lyric + (note.typed ? "*" : ""));
     }

@@ -3,6 +3,7 @@
 
 #include "wysim/song/Song.h"
 
+#include <cstddef>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -22,8 +23,8 @@ wysim::song::Song readSong(const std::filesystem::path& path, int verse = 1);
 // What readSong finds wrong; empty when it reads a song.
 std::string refusalOf(const std::filesystem::path& path, int verse = 1);
 
-// "start length pitch lyric" of each note of the first track, typed lyrics with a star.
-std::vector<std::string> linesOf(const wysim::song::Song& song);
+// "start length pitch lyric" of each note of a track, typed lyrics with a star.
+std::vector<std::string> linesOf(const wysim::song::Song& song, std::size_t track = 0);
 
 // A folder that goes when the test is over.
 class TemporaryFolder {

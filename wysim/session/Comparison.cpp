@@ -5,6 +5,7 @@
 #include "simulator/HostObject.h"
 #include "simulator/ProjectTree.h"
 #include "simulator/Track.h"
+#include "wysim/song/BadInput.h"
 #include "wysim/terminal/TextTable.h"
 
 #include <utf8cpp/utf8.h>
@@ -124,6 +125,9 @@ std::string verdictOn(const ComparedWord& word) {
 std::vector<ComparedWord> compareWords(simulator::Editor& editor, const song::Song& song,
                                        terminal::Progress& progress) {
     auto words = wordsOf(song);
+    if (words.empty()) {
+        throw song::BadInput::expectedFound("a song with words to compare", "none");
+    }
     ScratchTrack scratch(editor);
     std::map<std::string, Division> known;
     progress.start("comparing", words.size());

@@ -23,7 +23,8 @@ struct ComparedWord {
     Recognizer knownBy;
 };
 
-// Types each word of the song into an empty track of an editor that holds nothing else.
+// Types each word of the song into an empty track of an editor that holds nothing else. Throws
+// BadInput when the song has no words.
 std::vector<ComparedWord> compareWords(simulator::Editor& editor, const song::Song& song,
                                        terminal::Progress& progress);
 

@@ -5,16 +5,19 @@
 #include "wysim/song/PartReader.h"
 #include "wysim/song/ScoreElements.h"
 #include "wysim/song/ScoreLyric.h"
+#include "wysim/song/ScoreParts.h"
+#include "wysim/song/ScoreVoice.h"
 #include "wysim/song/XmlDocument.h"
 
 #include <pugixml.hpp>
 
 #include <algorithm>
 #include <cstddef>
-#include <iterator>
+#include <map>
 #include <set>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace wybeta::wysim::song {
 
@@ -34,15 +37,15 @@ public:
                                           "'" + std::string(score.name()) + "'");
         }
         song_.title = titleOf(score);
-        progress_.start("reading", countMeasures(score));
-        for (const auto part : score.children("part")) {
-            readPart(part);
+        const auto parts = partsOf(score);
+        chooseTracks(parts);
+        progress_.start("reading", countMeasures(parts));
+        for (const auto& part : parts) {
+            if (takesAll_ || part.verses.count(verse_) != 0) {
+                readPart(part);
+            }
         }
         progress_.finish();
-        if (hasNotes_ && song_.tracks.empty()) {
-            throw BadInput::expectedFound("words in verse " + std::to_string(verse_),
-                                          foundVerses());
-        }
         checkSong(song_);
         return std::move(song_);
     }
@@ -53,38 +56,66 @@ private:
         return onOneLine(title.empty() ? textOf(score.child("movement-title")) : title);
     }
 
-    static std::size_t countMeasures(xml_node score) {
+    static std::size_t countMeasures(const std::vector<ScorePart>& parts) {
         std::size_t count = 0;
-        for (const auto part : score.children("part")) {
-            const auto measures = part.children("measure");
-            count += static_cast<std::size_t>(std::distance(measures.begin(), measures.end()));
+        for (const auto& part : parts) {
+            count += part.measures.size();
         }
         return count;
     }
 
-    void readPart(xml_node part) {
+    // Where there are words, what is without is an accompaniment, but for the tracks of a session.
+    void chooseTracks(const std::vector<ScorePart>& parts) {
+        std::set<int> verses;
+        for (const auto& part : parts) {
+            verses.insert(part.verses.begin(), part.verses.end());
+        }
+        if (!verses.empty() && verses.count(verse_) == 0) {
+            throw BadInput::expectedFound("words in verse " + std::to_string(verse_),
+                                          wordsIn(verses));
+        }
+        takesAll_ = verses.empty() || isOwnScore(document_.root());
+    }
+
+    static std::string wordsIn(const std::set<int>& verses) {
+        std::string words;
+        for (const int verse : verses) {
+            words += (words.empty() ? "words in verse " : " and ") + std::to_string(verse);
+        }
+        return words;
+    }
+
+    void readPart(const ScorePart& part) {
         PartReader reader(document_, verse_);
-        for (const auto measure : part.children("measure")) {
+        for (const auto measure : part.measures) {
             reader.readMeasure(measure);
             progress_.step();
         }
-        hasNotes_ = hasNotes_ || !reader.voices().empty();
-        verses_.insert(reader.verses().begin(), reader.verses().end());
-        auto& voices = reader.voices();
-        const auto sung = std::count_if(voices.begin(), voices.end(),
-                                        [](const auto& voice) { return voice.second.isSung(); });
-        for (auto& [voice, notes] : voices) {
-            if (notes.isSung()) {
-                takeTime(reader);
-                const auto name = partName(part) + (sung > 1 ? " (voice " + voice + ")" : "");
-                song_.tracks.push_back({name, notes.takeSungNotes()});
+        if (song_.tracks.empty()) {
+            takeBars(reader);
+        }
+        addTracks(part.name, reader.voices());
+    }
+
+    void addTracks(const std::string& name, std::map<std::string, ScoreVoice>& voices) {
+        const auto isSung = [](const auto& voice) { return voice.second.isSung(); };
+        const auto sung = std::count_if(voices.begin(), voices.end(), isSung);
+        const bool takesVoices = takesAll_ || sung == 0;
+        const auto isOneOfMany = takesVoices ? voices.size() > 1 : sung > 1;
+        for (auto& voice : voices) {
+            if (takesVoices || isSung(voice)) {
+                const auto suffix = isOneOfMany ? " (voice " + voice.first + ")" : "";
+                song_.tracks.push_back({name + suffix, voice.second.takeNotes()});
             }
+        }
+        if (voices.empty()) {
+            song_.tracks.push_back({name, {}});
         }
     }
 
-    // The bars of the first sung part are those of the song.
-    void takeTime(const PartReader& reader) {
-        if (!song_.tracks.empty() || !reader.time()) {
+    // The bars of the first part that is read are those of the song.
+    void takeBars(const PartReader& reader) {
+        if (!reader.time()) {
             return;
         }
         Song bars;
@@ -97,29 +128,11 @@ private:
         song_.pickup = bars.pickup;
     }
 
-    std::string partName(xml_node part) const {
-        const auto listed =
-            document_.root()
-                .child("part-list")
-                .find_child_by_attribute("score-part", "id", part.attribute("id").value());
-        const std::string name = onOneLine(textOf(listed.child("part-name")));
-        return name.empty() ? "Part " + std::to_string(song_.tracks.size() + 1) : name;
-    }
-
-    std::string foundVerses() const {
-        std::string found;
-        for (const int verse : verses_) {
-            found += (found.empty() ? "words in verse " : " and ") + std::to_string(verse);
-        }
-        return found.empty() ? "no words at all" : found;
-    }
-
     const XmlDocument& document_;
     int verse_;
     terminal::Progress& progress_;
     Song song_;
-    bool hasNotes_ = false;
-    std::set<int> verses_;
+    bool takesAll_ = false; // whether voices without words become tracks as well
 };
 
 } // namespace

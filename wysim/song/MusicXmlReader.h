@@ -9,7 +9,8 @@
 namespace wybeta::wysim::song {
 
 // Reads a score in MusicXML ("score-partwise"). Each voice that has words in the verse becomes a
-// track; repeats are sung once. Throws BadInput, saying where.
+// track; in a score without any words, and in one that wysim wrote, each voice does, and a part
+// without notes becomes an empty one. Repeats are sung once. Throws BadInput, saying where.
 Song songFromMusicXml(const std::string& bytes, int verse, terminal::Progress& progress);
 
 } // namespace wybeta::wysim::song

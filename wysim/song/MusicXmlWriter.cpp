@@ -108,6 +108,9 @@ public:
         for (std::size_t i = 0; i < track.notes.size(); ++i) {
             writeNote(track.notes[i], syllabics[i]);
         }
+        if (!measure_) {
+            beginMeasure();
+        }
         writeRest(ticks(endOf(song_)));
         writeRest(measureEnd_);
     }

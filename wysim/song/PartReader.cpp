@@ -75,7 +75,7 @@ void PartReader::readNote(xml_node element) {
         noteStart_ = now_;
         move(element, length);
     }
-    if (!element.child("rest") && !element.child("cue")) {
+    if (!isSilent(element)) {
         addNote(element, length);
     }
 }
@@ -99,14 +99,10 @@ void PartReader::readTies(xml_node element, ScoreNote& note) const {
     }
 }
 
-void PartReader::readLyrics(xml_node element, ScoreNote& note) {
+void PartReader::readLyrics(xml_node element, ScoreNote& note) const {
     for (const auto lyric : element.children("lyric")) {
-        auto syllable = readLyric(lyric, isOwn_);
-        if (!syllable.text.empty()) {
-            verses_.insert(verseOf(lyric));
-        }
         if (verseOf(lyric) == verse_ && note.syllable.text.empty()) {
-            note.syllable = std::move(syllable);
+            note.syllable = readLyric(lyric, isOwn_);
         }
     }
 }

@@ -9,7 +9,6 @@
 
 #include <map>
 #include <optional>
-#include <set>
 #include <string>
 
 namespace wybeta::wysim::song {
@@ -24,7 +23,6 @@ public:
     void readMeasure(pugi::xml_node measure);
 
     std::map<std::string, ScoreVoice>& voices() { return voices_; }
-    const std::set<int>& verses() const { return verses_; }
     std::optional<TimeSignature> time() const { return time_; }
     double firstMeasure() const { return firstMeasure_.value_or(0); }
 
@@ -34,7 +32,7 @@ private:
     void readNote(pugi::xml_node element);
     void addNote(pugi::xml_node element, double length);
     void readTies(pugi::xml_node element, ScoreNote& note) const;
-    void readLyrics(pugi::xml_node element, ScoreNote& note);
+    void readLyrics(pugi::xml_node element, ScoreNote& note) const;
     int readPitch(pugi::xml_node element) const;
     void checkPlaced(const SongNote& note, pugi::xml_node element) const;
     void move(pugi::xml_node element, double by);
@@ -51,7 +49,6 @@ private:
     double end_ = 0; // the furthest that the part has come
     double noteStart_ = 0;
     std::map<std::string, ScoreVoice> voices_;
-    std::set<int> verses_;
     std::optional<TimeSignature> time_;
     std::optional<double> firstMeasure_;
 };

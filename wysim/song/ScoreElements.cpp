@@ -25,6 +25,10 @@ bool isOwnScore(xml_node score) {
     return encoding.child_value("software") == std::string_view(kSoftware);
 }
 
+bool isSilent(xml_node note) {
+    return note.child("rest") || note.child("cue");
+}
+
 int verseOf(xml_node lyric) {
     const std::string_view number = lyric.attribute("number").value();
     const auto lastOther = number.find_last_not_of("0123456789");

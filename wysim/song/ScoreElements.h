@@ -15,6 +15,9 @@ std::string textOf(pugi::xml_node element);
 // Whether wysim wrote the score, whose lyrics are then what a person typed, marks and all.
 bool isOwnScore(pugi::xml_node score);
 
+// Whether a note is a rest, or sounds in another part.
+bool isSilent(pugi::xml_node note);
+
 // "2" as well as "part1verse2"; a lyric without a number belongs to the first verse.
 int verseOf(pugi::xml_node lyric);
 

@@ -63,19 +63,19 @@ bool ScoreVoice::isSung() const {
                        [](const auto& note) { return !note.syllable.text.empty(); });
 }
 
-std::vector<SongNote> ScoreVoice::takeSungNotes() {
+std::vector<SongNote> ScoreVoice::takeNotes() {
     std::stable_sort(notes_.begin(), notes_.end(),
                      [](const auto& a, const auto& b) { return a.note.start < b.note.start; });
     mergeNeighbours(notes_, mergeChord);
     mergeNeighbours(notes_, mergeTied);
     cutOverlaps();
     typeWords();
-    std::vector<SongNote> sung;
+    std::vector<SongNote> taken;
     for (auto& note : notes_) {
-        sung.push_back(std::move(note.note));
+        taken.push_back(std::move(note.note));
     }
     notes_.clear();
-    return sung;
+    return taken;
 }
 
 void ScoreVoice::cutOverlaps() {

@@ -25,7 +25,7 @@ public:
 
     // Of a chord, the top note; of tied notes, one; a note ends where the next begins. Each word is
     // typed into the first of its notes. The voice is empty afterwards.
-    std::vector<SongNote> takeSungNotes();
+    std::vector<SongNote> takeNotes();
 
 private:
     void typeWords();

@@ -100,8 +100,8 @@ bool overlap(const SongNote& first, const SongNote& second) {
 }
 
 void checkSong(const Song& song) {
-    if (countNotes(song) == 0) {
-        throw BadInput::expectedFound("a song with notes", "none");
+    if (song.tracks.empty()) {
+        throw BadInput::expectedFound("a song with a track", "none");
     }
     checkTime(song);
     checkText(song.title);

@@ -57,7 +57,7 @@ void checkTime(const Song& song);
 // Whether the second note begins before the first has ended.
 bool overlap(const SongNote& first, const SongNote& second);
 
-// Throws BadInput unless the song has notes, those of each track one after the other, and a time
+// Throws BadInput unless the song has a track, in each the notes one after the other, and a time
 // signature, a title and names that a song can hold. The notes by themselves are left to checkNote.
 void checkSong(const Song& song);
 
