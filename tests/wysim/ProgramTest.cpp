@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/wysim/SmallScores.h"
 #include "tests/wysim/SongFixture.h"
 
 #include "tests/Options.h"
@@ -59,6 +60,19 @@ TEST(Program, EndsWithTwoAndWritesNothingOnABadSong) {
         EXPECT_EQ(run.out, "");
         EXPECT_EQ(run.err, "wysim: " + refusalOf(dataFile(name)) + ".\n");
         EXPECT_TRUE(folder.isEmpty());
+    }
+}
+
+TEST(Program, WarnsOfWhatIsNotInTheSongAsItIsWritten) {
+    const TemporaryFolder folder;
+    const auto song = folder.write("song.xml", scoreOf({noteOf("C4", 1) + backupOf(2)})).u8string();
+    for (const auto& arguments :
+         {std::vector<std::string>{song}, {song, "--svg", folder.file("song.svg").u8string()}}) {
+        const auto run = runProgram(arguments);
+        EXPECT_EQ(run.status, 0);
+        EXPECT_EQ(run.err, "wysim: " + song +
+                               ": a backup beyond the start of its measure goes to that start, in "
+                               "measure 1 of 'Voice' at line 5, column 2.\n");
     }
 }
 

@@ -20,6 +20,10 @@ std::string restOf(int duration, const std::string& more) {
            "</note>\n";
 }
 
+std::string backupOf(int duration) {
+    return "<backup><duration>" + std::to_string(duration) + "</duration></backup>\n";
+}
+
 std::string scoreOf(const std::vector<SmallPart>& parts) {
     std::string list;
     std::string music;

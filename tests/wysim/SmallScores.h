@@ -13,6 +13,7 @@ std::string lyricOf(const std::string& text, const std::string& number = "1");
 // A note such as "C4" with what else stands inside of it, such as a lyric.
 std::string noteOf(const std::string& pitch, int duration, const std::string& more = "");
 std::string restOf(int duration, const std::string& more = "");
+std::string backupOf(int duration);
 
 struct SmallPart {
     std::string name;

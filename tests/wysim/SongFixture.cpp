@@ -31,9 +31,17 @@ std::string bytesOf(const fs::path& path) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-Song songFrom(const std::string& bytes, const std::string& ending) {
+OpenedSong openBytes(const std::string& bytes, const std::string& ending) {
     Progress progress;
     return songFromBytes(bytes, ending, 1, progress);
+}
+
+Song songFrom(const std::string& bytes, const std::string& ending) {
+    return openBytes(bytes, ending).song;
+}
+
+std::vector<std::string> warningsOf(const std::string& bytes) {
+    return openBytes(bytes).warnings;
 }
 
 std::string refusalOfBytes(const std::string& bytes, const std::string& ending) {
@@ -47,7 +55,7 @@ std::string refusalOfBytes(const std::string& bytes, const std::string& ending) 
 
 Song readSong(const fs::path& path, int verse) {
     Progress progress;
-    return readSongFile(path, verse, progress);
+    return readSongFile(path, verse, progress).song;
 }
 
 std::string refusalOf(const fs::path& path, int verse) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "wysim/song/OpenedSong.h"
 #include "wysim/song/Song.h"
 
 #include <cstddef>
@@ -14,8 +15,11 @@ namespace wybeta::tests {
 std::filesystem::path dataFile(const std::string& name);
 std::string bytesOf(const std::filesystem::path& path);
 
-// A song from what a file with that ending would hold.
+// Opens what a file with that ending would hold.
+wysim::song::OpenedSong openBytes(const std::string& bytes,
+                                  const std::string& ending = ".musicxml");
 wysim::song::Song songFrom(const std::string& bytes, const std::string& ending = ".musicxml");
+std::vector<std::string> warningsOf(const std::string& bytes);
 // What songFrom finds wrong; empty when it reads a song.
 std::string refusalOfBytes(const std::string& bytes, const std::string& ending = ".musicxml");
 

@@ -126,7 +126,12 @@ int run(const CommandLine& line, const Streams& streams) {
     } else {
         progress.emplace();
     }
-    const auto song = song::readSongFile(std::filesystem::u8path(line.song), line.verse, *progress);
+    const auto opened =
+        song::readSongFile(std::filesystem::u8path(line.song), line.verse, *progress);
+    for (const auto& warning : opened.warnings) {
+        streams.err << "wysim: " << line.song << ": " << warning << ".\n";
+    }
+    const auto& song = opened.song;
     if (!line.svg.empty()) {
         song::expectOtherFile(std::filesystem::u8path(line.svg),
                               std::filesystem::u8path(line.song));

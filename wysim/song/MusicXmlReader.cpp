@@ -7,6 +7,8 @@
 #include "wysim/song/ScoreLyric.h"
 #include "wysim/song/ScoreParts.h"
 #include "wysim/song/ScoreVoice.h"
+#include "wysim/song/ScoreWarnings.h"
+#include "wysim/song/Song.h"
 #include "wysim/song/XmlDocument.h"
 
 #include <pugixml.hpp>
@@ -28,9 +30,9 @@ using pugi::xml_node;
 class ScoreReader {
 public:
     ScoreReader(const XmlDocument& document, int verse, terminal::Progress& progress)
-        : document_(document), verse_(verse), progress_(progress) {}
+        : document_(document), verse_(verse), progress_(progress), warnings_(document) {}
 
-    Song read() {
+    OpenedSong read() {
         const auto score = document_.root();
         if (std::string_view(score.name()) != "score-partwise") {
             throw BadInput::expectedFound("a MusicXML score of the kind 'score-partwise'",
@@ -47,7 +49,7 @@ public:
         }
         progress_.finish();
         checkSong(song_);
-        return std::move(song_);
+        return {std::move(song_), warnings_.sentences()};
     }
 
 private:
@@ -86,7 +88,8 @@ private:
     }
 
     void readPart(const ScorePart& part) {
-        PartReader reader(document_, verse_);
+        warnings_.enterPart(part.name);
+        PartReader reader(document_, verse_, warnings_);
         for (const auto measure : part.measures) {
             reader.readMeasure(measure);
             progress_.step();
@@ -132,12 +135,13 @@ private:
     int verse_;
     terminal::Progress& progress_;
     Song song_;
+    ScoreWarnings warnings_;
     bool takesAll_ = false; // whether voices without words become tracks as well
 };
 
 } // namespace
 
-Song songFromMusicXml(const std::string& bytes, int verse, terminal::Progress& progress) {
+OpenedSong songFromMusicXml(const std::string& bytes, int verse, terminal::Progress& progress) {
     const XmlDocument document(bytes);
     return ScoreReader(document, verse, progress).read();
 }

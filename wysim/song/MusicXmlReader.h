@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "wysim/song/Song.h"
+#include "wysim/song/OpenedSong.h"
 #include "wysim/terminal/Progress.h"
 
 #include <string>
@@ -10,7 +10,8 @@ namespace wybeta::wysim::song {
 
 // Reads a score in MusicXML ("score-partwise"). Each voice that has words in the verse becomes a
 // track; in a score without any words, and in one that wysim wrote, each voice does, and a part
-// without notes becomes an empty one. Repeats are sung once. Throws BadInput, saying where.
-Song songFromMusicXml(const std::string& bytes, int verse, terminal::Progress& progress);
+// without notes becomes an empty one. Repeats are sung once. Throws BadInput, saying where, when it
+// cannot be read at all.
+OpenedSong songFromMusicXml(const std::string& bytes, int verse, terminal::Progress& progress);
 
 } // namespace wybeta::wysim::song

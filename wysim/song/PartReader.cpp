@@ -24,8 +24,9 @@ std::string voiceOf(xml_node note) {
 
 } // namespace
 
-PartReader::PartReader(const XmlDocument& document, int verse)
-    : document_(document), verse_(verse), isOwn_(isOwnScore(document.root())) {}
+PartReader::PartReader(const XmlDocument& document, int verse, ScoreWarnings& warnings)
+    : document_(document), verse_(verse), warnings_(warnings), isOwn_(isOwnScore(document.root())) {
+}
 
 void PartReader::readMeasure(xml_node measure) {
     start_ = end_;
@@ -42,9 +43,9 @@ void PartReader::readMeasureChild(xml_node child) {
     if (name == "note") {
         readNote(child);
     } else if (name == "backup") {
-        move(child, -quarters(child));
+        goBack(child);
     } else if (name == "forward") {
-        move(child, quarters(child));
+        goForward(child, quarters(child));
     } else if (name == "attributes") {
         readAttributes(child);
     }
@@ -73,7 +74,7 @@ void PartReader::readNote(xml_node element) {
     const double length = quarters(element);
     if (!element.child("chord")) {
         noteStart_ = now_;
-        move(element, length);
+        goForward(element, length);
     }
     if (!isSilent(element)) {
         addNote(element, length);
@@ -132,13 +133,21 @@ void PartReader::checkPlaced(const SongNote& note, xml_node element) const {
     }
 }
 
-void PartReader::move(xml_node element, double by) {
+void PartReader::goBack(xml_node backup) {
     constexpr double kNearly = 1e-6;
-    if (now_ + by < start_ - kNearly || now_ + by > kLongestSong) {
-        throw BadInput::expectedFound("a time within the measure and the song",
+    const double time = now_ - quarters(backup);
+    if (time < start_ - kNearly) {
+        warnings_.add("a backup beyond the start of its measure goes to that start", backup);
+    }
+    now_ = std::max(time, start_);
+}
+
+void PartReader::goForward(xml_node element, double by) {
+    if (now_ + by > kLongestSong) {
+        throw BadInput::expectedFound("a time up to 1000000 quarter notes",
                                       "one beyond" + document_.place(element));
     }
-    now_ = std::max(now_ + by, start_);
+    now_ += by;
 }
 
 double PartReader::quarters(xml_node element) const {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "wysim/song/ScoreVoice.h"
+#include "wysim/song/ScoreWarnings.h"
 #include "wysim/song/Song.h"
 #include "wysim/song/XmlDocument.h"
 
@@ -16,8 +17,8 @@ namespace wybeta::wysim::song {
 // Goes through a part of a score from measure to measure and sorts its notes by voice.
 class PartReader {
 public:
-    // The document has to outlive this.
-    PartReader(const XmlDocument& document, int verse);
+    // The document and the warnings have to outlive this.
+    PartReader(const XmlDocument& document, int verse, ScoreWarnings& warnings);
 
     // Throws BadInput, saying where.
     void readMeasure(pugi::xml_node measure);
@@ -35,13 +36,15 @@ private:
     void readLyrics(pugi::xml_node element, ScoreNote& note) const;
     int readPitch(pugi::xml_node element) const;
     void checkPlaced(const SongNote& note, pugi::xml_node element) const;
-    void move(pugi::xml_node element, double by);
+    void goBack(pugi::xml_node backup);
+    void goForward(pugi::xml_node element, double by);
     double quarters(pugi::xml_node element) const;
     double number(pugi::xml_node element) const { return number(element, element); }
     double number(pugi::xml_node element, pugi::xml_node near) const;
 
     const XmlDocument& document_;
     int verse_;
+    ScoreWarnings& warnings_;
     bool isOwn_;
     double divisions_ = 1;
     double start_ = 0; // of the measure

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "wysim/song/OpenedSong.h"
 #include "wysim/song/Song.h"
 #include "wysim/terminal/Progress.h"
 
@@ -15,12 +16,12 @@ constexpr std::size_t kLargestSongFile = std::size_t{256} * 1024 * 1024;
 
 // A song from what a file with that ending holds: .json, .mxl (a compressed score), or any other
 // for a score. The verse matters to scores only. Throws BadInput, saying where.
-Song songFromBytes(const std::string& bytes, const std::string& ending, int verse,
-                   terminal::Progress& progress);
+OpenedSong songFromBytes(const std::string& bytes, const std::string& ending, int verse,
+                         terminal::Progress& progress);
 
 // Reads a song by the ending of the file's name: .musicxml or .xml, .mxl, .json. Throws BadInput,
 // naming the file; it is larger than allowed also when its unpacked score is.
-Song readSongFile(const std::filesystem::path& path, int verse, terminal::Progress& progress);
+OpenedSong readSongFile(const std::filesystem::path& path, int verse, terminal::Progress& progress);
 
 // What is written to a file of that name: JSON for .json, MusicXML for .musicxml and .xml. Throws
 // BadInput for any other ending.
