@@ -25,7 +25,7 @@ using wysim::song::songFromJson;
 
 Song songFromMusicXml(const std::string& bytes) {
     wysim::terminal::Progress progress;
-    return wysim::song::songFromMusicXml(bytes, 1, progress).song;
+    return wysim::song::songFromMusicXml(bytes, {}, progress).song;
 }
 
 std::vector<std::filesystem::path> songs() {

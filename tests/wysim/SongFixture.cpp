@@ -31,17 +31,18 @@ std::string bytesOf(const fs::path& path) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-OpenedSong openBytes(const std::string& bytes, const std::string& ending) {
+OpenedSong openBytes(const std::string& bytes, const std::string& ending,
+                     std::optional<int> verse) {
     Progress progress;
-    return songFromBytes(bytes, ending, 1, progress);
+    return songFromBytes(bytes, ending, verse, progress);
 }
 
 Song songFrom(const std::string& bytes, const std::string& ending) {
     return openBytes(bytes, ending).song;
 }
 
-std::vector<std::string> warningsOf(const std::string& bytes) {
-    return openBytes(bytes).warnings;
+std::vector<std::string> warningsOf(const std::string& bytes, std::optional<int> verse) {
+    return openBytes(bytes, ".musicxml", verse).warnings;
 }
 
 std::string refusalOfBytes(const std::string& bytes, const std::string& ending) {
@@ -53,12 +54,12 @@ std::string refusalOfBytes(const std::string& bytes, const std::string& ending) 
     }
 }
 
-Song readSong(const fs::path& path, int verse) {
+Song readSong(const fs::path& path, std::optional<int> verse) {
     Progress progress;
     return readSongFile(path, verse, progress).song;
 }
 
-std::string refusalOf(const fs::path& path, int verse) {
+std::string refusalOf(const fs::path& path, std::optional<int> verse) {
     try {
         readSong(path, verse);
         return {};

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,16 +17,16 @@ std::filesystem::path dataFile(const std::string& name);
 std::string bytesOf(const std::filesystem::path& path);
 
 // Opens what a file with that ending would hold.
-wysim::song::OpenedSong openBytes(const std::string& bytes,
-                                  const std::string& ending = ".musicxml");
+wysim::song::OpenedSong openBytes(const std::string& bytes, const std::string& ending = ".musicxml",
+                                  std::optional<int> verse = {});
 wysim::song::Song songFrom(const std::string& bytes, const std::string& ending = ".musicxml");
-std::vector<std::string> warningsOf(const std::string& bytes);
+std::vector<std::string> warningsOf(const std::string& bytes, std::optional<int> verse = {});
 // What songFrom finds wrong; empty when it reads a song.
 std::string refusalOfBytes(const std::string& bytes, const std::string& ending = ".musicxml");
 
-wysim::song::Song readSong(const std::filesystem::path& path, int verse = 1);
+wysim::song::Song readSong(const std::filesystem::path& path, std::optional<int> verse = {});
 // What readSong finds wrong; empty when it reads a song.
-std::string refusalOf(const std::filesystem::path& path, int verse = 1);
+std::string refusalOf(const std::filesystem::path& path, std::optional<int> verse = {});
 
 // "start length pitch lyric" of each note of a track, typed lyrics with a star.
 std::vector<std::string> linesOf(const wysim::song::Song& song, std::size_t track = 0);

@@ -39,6 +39,39 @@ TEST(Warning, NamesThePart) {
     EXPECT_NE(warnings[0].find(", in measure 1 of 'Part 2' at line"), std::string::npos);
 }
 
+// A score with a note for each of the verses.
+std::string verses(const Lines& numbers) {
+    std::string notes;
+    for (const auto& number : numbers) {
+        notes += noteOf("C4", 1, lyricOf("la", number));
+    }
+    return scoreOf({notes});
+}
+
+TEST(Warning, TellsWhichVerseIsSungWhenThereAreSeveral) {
+    EXPECT_EQ(warningsOf(verses({"1", "2"})), Lines{"verse 1 is sung, verse 2 is not"});
+    EXPECT_EQ(warningsOf(verses({"1", "4", "2"})),
+              Lines{"verse 1 is sung, verses 2 and 4 are not"});
+    EXPECT_EQ(warningsOf(verses({"1", "2"}), 2), Lines{});
+}
+
+TEST(Warning, TellsWhenAnotherVerseThanTheFirstIsSung) {
+    EXPECT_EQ(warningsOf(verses({"2"})), Lines{"verse 1 has no words; verse 2 is sung"});
+    EXPECT_EQ(warningsOf(verses({"5", "2", "3"})),
+              Lines{"verse 1 has no words; verse 2 is sung, verses 3 and 5 are not"});
+}
+
+TEST(Warning, TellsThatTheVerseThatIsAskedForHasNoWords) {
+    EXPECT_EQ(warningsOf(verses({"1"}), 2), Lines{"verse 2 has no words; verse 1 has"});
+    EXPECT_EQ(warningsOf(verses({"1", "2", "3"}), 4),
+              Lines{"verse 4 has no words; verses 1, 2 and 3 have"});
+    EXPECT_EQ(warningsOf(verses({}), 1), Lines{"verse 1 has no words, and no other has"});
+}
+
+TEST(Warning, IsNotGivenOnAMelodyWithoutWords) {
+    EXPECT_EQ(warningsOf(scoreOf({noteOf("C4", 1)})), Lines{});
+}
+
 } // namespace
 
 } // namespace wybeta::tests

@@ -88,7 +88,9 @@ CommandLine parseCommandLine(std::vector<std::string> arguments) {
     std::optional<std::string> verse;
     std::optional<std::string> script;
     std::optional<std::string> svg;
-    app.add_option("--verse", verse, "The verse of the score to sing (default: 1)")->type_name("N");
+    app.add_option("--verse", verse,
+                   "The verse of the score to sing (default: the first that has words)")
+        ->type_name("N");
     app.add_option("--script", script, "Take the commands from a file, or from - (standard input)")
         ->type_name("FILE");
     app.add_option("--svg", svg, "Write a picture of the song, before and after, at the end")

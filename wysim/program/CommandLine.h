@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -12,9 +13,9 @@ struct CommandLine {
     bool isComparison = false;
     std::string module; // empty: the one that was built with the program
     std::string song;
-    int verse = 1;
-    std::string script; // empty: the session is at the terminal; "-": in standard input
-    std::string svg;    // empty: no picture
+    std::optional<int> verse; // none: the first one that has words
+    std::string script;       // empty: the session is at the terminal; "-": in standard input
+    std::string svg;          // empty: no picture
     // When not empty, there is nothing to do but show this.
     std::string help;
 };

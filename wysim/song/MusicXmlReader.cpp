@@ -9,6 +9,7 @@
 #include "wysim/song/ScoreVoice.h"
 #include "wysim/song/ScoreWarnings.h"
 #include "wysim/song/Song.h"
+#include "wysim/song/VerseChoice.h"
 #include "wysim/song/XmlDocument.h"
 
 #include <pugixml.hpp>
@@ -16,7 +17,9 @@
 #include <algorithm>
 #include <cstddef>
 #include <map>
+#include <optional>
 #include <set>
+#include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -29,8 +32,8 @@ using pugi::xml_node;
 
 class ScoreReader {
 public:
-    ScoreReader(const XmlDocument& document, int verse, terminal::Progress& progress)
-        : document_(document), verse_(verse), progress_(progress), warnings_(document) {}
+    ScoreReader(const XmlDocument& document, std::optional<int> verse, terminal::Progress& progress)
+        : document_(document), asked_(verse), progress_(progress), warnings_(document) {}
 
     OpenedSong read() {
         const auto score = document_.root();
@@ -72,19 +75,12 @@ private:
         for (const auto& part : parts) {
             verses.insert(part.verses.begin(), part.verses.end());
         }
-        if (!verses.empty() && verses.count(verse_) == 0) {
-            throw BadInput::expectedFound("words in verse " + std::to_string(verse_),
-                                          wordsIn(verses));
+        const auto choice = chooseVerse(asked_, verses);
+        verse_ = choice.verse;
+        takesAll_ = !choice.hasWords || isOwnScore(document_.root());
+        if (!choice.warning.empty()) {
+            warnings_.add(choice.warning);
         }
-        takesAll_ = verses.empty() || isOwnScore(document_.root());
-    }
-
-    static std::string wordsIn(const std::set<int>& verses) {
-        std::string words;
-        for (const int verse : verses) {
-            words += (words.empty() ? "words in verse " : " and ") + std::to_string(verse);
-        }
-        return words;
     }
 
     void readPart(const ScorePart& part) {
@@ -132,7 +128,8 @@ private:
     }
 
     const XmlDocument& document_;
-    int verse_;
+    std::optional<int> asked_;
+    int verse_ = 1;
     terminal::Progress& progress_;
     Song song_;
     ScoreWarnings warnings_;
@@ -141,7 +138,8 @@ private:
 
 } // namespace
 
-OpenedSong songFromMusicXml(const std::string& bytes, int verse, terminal::Progress& progress) {
+OpenedSong songFromMusicXml(const std::string& bytes, std::optional<int> verse,
+                            terminal::Progress& progress) {
     const XmlDocument document(bytes);
     return ScoreReader(document, verse, progress).read();
 }

@@ -4,6 +4,7 @@
 #include "wysim/song/OpenedSong.h"
 #include "wysim/terminal/Progress.h"
 
+#include <optional>
 #include <string>
 
 namespace wybeta::wysim::song {
@@ -12,6 +13,9 @@ namespace wybeta::wysim::song {
 // track; in a score without any words, and in one that wysim wrote, each voice does, and a part
 // without notes becomes an empty one. Repeats are sung once. Throws BadInput, saying where, when it
 // cannot be read at all.
-OpenedSong songFromMusicXml(const std::string& bytes, int verse, terminal::Progress& progress);
+//
+// Without a verse that is asked for, it is the first; where that has no words, the first that has.
+OpenedSong songFromMusicXml(const std::string& bytes, std::optional<int> verse,
+                            terminal::Progress& progress);
 
 } // namespace wybeta::wysim::song

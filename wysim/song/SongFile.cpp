@@ -88,15 +88,16 @@ std::string endingOf(const fs::path& path) {
     return ending;
 }
 
-OpenedSong songFromBytes(const std::string& bytes, const std::string& ending, int verse,
-                         terminal::Progress& progress) {
+OpenedSong songFromBytes(const std::string& bytes, const std::string& ending,
+                         std::optional<int> verse, terminal::Progress& progress) {
     if (ending == ".json") {
         return {songFromJson(bytes), {}};
     }
     return songFromMusicXml(ending == ".mxl" ? unpackScore(bytes) : bytes, verse, progress);
 }
 
-OpenedSong readSongFile(const fs::path& path, int verse, terminal::Progress& progress) {
+OpenedSong readSongFile(const fs::path& path, std::optional<int> verse,
+                        terminal::Progress& progress) {
     try {
         const auto ending = endingOf(path);
         if (ending != ".json" && ending != ".mxl" && !isMusicXml(ending)) {

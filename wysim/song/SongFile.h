@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -15,13 +16,15 @@ namespace wybeta::wysim::song {
 constexpr std::size_t kLargestSongFile = std::size_t{256} * 1024 * 1024;
 
 // A song from what a file with that ending holds: .json, .mxl (a compressed score), or any other
-// for a score. The verse matters to scores only. Throws BadInput, saying where.
-OpenedSong songFromBytes(const std::string& bytes, const std::string& ending, int verse,
-                         terminal::Progress& progress);
+// for a score. The verse matters to scores only; none leaves the choice to the
+// reader. Throws BadInput, saying where.
+OpenedSong songFromBytes(const std::string& bytes, const std::string& ending,
+                         std::optional<int> verse, terminal::Progress& progress);
 
 // Reads a song by the ending of the file's name: .musicxml or .xml, .mxl, .json. Throws BadInput,
 // naming the file; it is larger than allowed also when its unpacked score is.
-OpenedSong readSongFile(const std::filesystem::path& path, int verse, terminal::Progress& progress);
+OpenedSong readSongFile(const std::filesystem::path& path, std::optional<int> verse,
+                        terminal::Progress& progress);
 
 // What is written to a file of that name: JSON for .json, MusicXML for .musicxml and .xml. Throws
 // BadInput for any other ending.
