@@ -19,16 +19,21 @@ Lines linesIn(const std::string& name, std::optional<int> verse = {}) {
     return linesOf(readSong(dataFile(name), verse));
 }
 
-std::vector<std::string> trackNames(const wysim::song::Song& song) {
-    std::vector<std::string> names;
-    for (const auto& track : song.tracks) {
-        names.push_back(track.name);
-    }
-    return names;
-}
-
 TEST(Import, MakesOneNoteOfTiedNotes) {
     EXPECT_EQ(linesIn("ties.musicxml"), (Lines{"0 2 C4 one*", "2 7 D4 held*", "9 3 D4 last*"}));
+}
+
+TEST(Import, SingsTiedNotesOneByOneWhereEachHasWords) {
+    const auto tie = [](const char* type) { return "<tie type='" + std::string(type) + "'/>"; };
+    EXPECT_EQ(linesOf(songFrom(scoreOf({noteOf("C4", 1, tie("start") + lyricOf("one")) +
+                                        noteOf("C4", 1, tie("stop") + lyricOf("two"))}))),
+              (Lines{"0 1 C4 one*", "1 1 C4 two*"}));
+}
+
+TEST(Import, SingsTheWordsOfALowerNoteOfAChord) {
+    EXPECT_EQ(linesOf(songFrom(
+                  scoreOf({noteOf("G4", 2) + noteOf("E4", 2, "<chord/>" + lyricOf("low"))}))),
+              Lines{"0 2 G4 low*"});
 }
 
 TEST(Import, MakesNothingOfRests) {

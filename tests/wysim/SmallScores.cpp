@@ -20,6 +20,10 @@ std::string restOf(int duration, const std::string& more) {
            "</note>\n";
 }
 
+std::string voiceOf(int number) {
+    return "<voice>" + std::to_string(number) + "</voice>";
+}
+
 std::string backupOf(int duration) {
     return "<backup><duration>" + std::to_string(duration) + "</duration></backup>\n";
 }

@@ -14,6 +14,7 @@ std::string lyricOf(const std::string& text, const std::string& number = "1");
 std::string noteOf(const std::string& pitch, int duration, const std::string& more = "");
 std::string restOf(int duration, const std::string& more = "");
 std::string backupOf(int duration);
+std::string voiceOf(int number);
 
 struct SmallPart {
     std::string name;

@@ -68,6 +68,14 @@ std::string refusalOf(const fs::path& path, std::optional<int> verse) {
     }
 }
 
+std::vector<std::string> trackNames(const Song& song) {
+    std::vector<std::string> names;
+    for (const auto& track : song.tracks) {
+        names.push_back(track.name);
+    }
+    return names;
+}
+
 std::vector<std::string> linesOf(const Song& song, std::size_t track) {
     std::vector<std::string> lines;
     for (const auto& note : song.tracks.at(track).notes) {

@@ -28,6 +28,7 @@ wysim::song::Song readSong(const std::filesystem::path& path, std::optional<int>
 // What readSong finds wrong; empty when it reads a song.
 std::string refusalOf(const std::filesystem::path& path, std::optional<int> verse = {});
 
+std::vector<std::string> trackNames(const wysim::song::Song& song);
 // "start length pitch lyric" of each note of a track, typed lyrics with a star.
 std::vector<std::string> linesOf(const wysim::song::Song& song, std::size_t track = 0);
 

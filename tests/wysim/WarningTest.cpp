@@ -19,7 +19,7 @@ TEST(Warning, IsNotGivenOnAScoreThatIsSungAsItIsWritten) {
 
 TEST(Warning, TellsWhereABackupGoesBeyondTheStartOfItsMeasure) {
     const auto opened =
-        openBytes(scoreOf({noteOf("C4", 4), noteOf("D4", 2) + backupOf(3) + noteOf("E4", 1)}));
+        openBytes(scoreOf({noteOf("C4", 4), restOf(2) + backupOf(3) + noteOf("E4", 1)}));
     EXPECT_EQ(opened.warnings, Lines{"a backup beyond the start of its measure goes to that start, "
                                      "in measure 2 of 'Voice' at line 8, column 2"});
     EXPECT_EQ(linesOf(opened.song), (Lines{"0 4 C4 ", "4 1 E4 "}));
@@ -70,6 +70,55 @@ TEST(Warning, TellsThatTheVerseThatIsAskedForHasNoWords) {
 
 TEST(Warning, IsNotGivenOnAMelodyWithoutWords) {
     EXPECT_EQ(warningsOf(scoreOf({noteOf("C4", 1)})), Lines{});
+}
+
+TEST(Warning, NamesThePartsAndVoicesThatAreLeftOut) {
+    const auto sung = noteOf("C4", 4, lyricOf("la") + voiceOf(1));
+    const auto flute = SmallPart{"Flute", {noteOf("C5", 4)}};
+    EXPECT_EQ(warningsOf(scoreOf({flute, {"Alto", {sung}}})),
+              Lines{"'Flute' has no words in verse 1 and is left out"});
+    EXPECT_EQ(warningsOf(scoreOf({flute,
+                                  {"Alto", {sung + backupOf(4) + noteOf("A3", 4, voiceOf(2))}},
+                                  {"Oboe", {noteOf("C5", 4)}}})),
+              Lines{"'Flute', 'Alto (voice 2)' and 'Oboe' have no words in verse 1 and are left "
+                    "out"});
+}
+
+TEST(Warning, IsNotGivenOnAPartOfRestsThatIsLeftOut) {
+    const auto score =
+        scoreOf({{"Flute", {restOf(4)}}, {"Alto", {noteOf("C4", 4, lyricOf("la"))}}});
+    EXPECT_EQ(warningsOf(score), Lines{});
+    EXPECT_EQ(trackNames(songFrom(score)), Lines{"Alto"});
+}
+
+TEST(Warning, CountsTheNotesOfChordsThatAreNotSung) {
+    const auto chord = noteOf("G4", 2, lyricOf("la")) + noteOf("E4", 2, "<chord/>");
+    EXPECT_EQ(warningsOf(scoreOf({chord})), Lines{"a chord gives its top note only, in measure 1 "
+                                                  "of 'Voice' at line 5, column 2"});
+    EXPECT_EQ(warningsOf(scoreOf({chord + noteOf("C4", 2, "<chord/>") + chord})),
+              Lines{"a chord gives its top note only, in measure 1 of 'Voice' at line 5, column 2, "
+                    "and 2 more"});
+}
+
+TEST(Warning, TellsWhereWordsOfAChordAreLost) {
+    const auto chord = [](const std::string& lower) {
+        return openBytes(scoreOf(
+            {noteOf("E4", 2, lyricOf("low")) + noteOf("G4", 2, "<chord/>" + lyricOf(lower))}));
+    };
+    EXPECT_EQ(chord("low").warnings.size(), 1u);
+    const auto opened = chord("high");
+    EXPECT_EQ(linesOf(opened.song), Lines{"0 2 G4 high*"});
+    ASSERT_EQ(opened.warnings.size(), 2u);
+    EXPECT_EQ(opened.warnings[1],
+              "a chord has words of its own on each of its notes, and those of the top note are "
+              "sung, in measure 1 of 'Voice' at line 4, column 2");
+}
+
+TEST(Warning, TellsWhereANoteIsCut) {
+    const auto opened = openBytes(scoreOf({noteOf("C4", 4) + backupOf(2) + noteOf("D4", 2)}));
+    EXPECT_EQ(opened.warnings, Lines{"a note ends where the next of its voice begins, in measure 1 "
+                                     "of 'Voice' at line 4, column 2"});
+    EXPECT_EQ(linesOf(opened.song), (Lines{"0 2 C4 ", "2 2 D4 "}));
 }
 
 } // namespace

@@ -9,6 +9,7 @@
 #include "wysim/song/ScoreVoice.h"
 #include "wysim/song/ScoreWarnings.h"
 #include "wysim/song/Song.h"
+#include "wysim/song/Text.h"
 #include "wysim/song/VerseChoice.h"
 #include "wysim/song/XmlDocument.h"
 
@@ -48,9 +49,12 @@ public:
         for (const auto& part : parts) {
             if (takesAll_ || part.verses.count(verse_) != 0) {
                 readPart(part);
+            } else if (part.hasNotes) {
+                leftOut_.push_back("'" + part.name + "'");
             }
         }
         progress_.finish();
+        warnOfLeftOut();
         checkSong(song_);
         return {std::move(song_), warnings_.sentences()};
     }
@@ -100,15 +104,26 @@ private:
         const auto isSung = [](const auto& voice) { return voice.second.isSung(); };
         const auto sung = std::count_if(voices.begin(), voices.end(), isSung);
         const bool takesVoices = takesAll_ || sung == 0;
-        const auto isOneOfMany = takesVoices ? voices.size() > 1 : sung > 1;
+        const bool areMany = takesVoices ? voices.size() > 1 : sung > 1;
         for (auto& voice : voices) {
+            const auto ownName = name + " (voice " + voice.first + ")";
             if (takesVoices || isSung(voice)) {
-                const auto suffix = isOneOfMany ? " (voice " + voice.first + ")" : "";
-                song_.tracks.push_back({name + suffix, voice.second.takeNotes()});
+                song_.tracks.push_back(
+                    {areMany ? ownName : name, voice.second.takeNotes(warnings_)});
+            } else {
+                leftOut_.push_back("'" + ownName + "'");
             }
         }
         if (voices.empty()) {
             song_.tracks.push_back({name, {}});
+        }
+    }
+
+    void warnOfLeftOut() {
+        if (!leftOut_.empty()) {
+            warnings_.add(listOf(leftOut_) + (leftOut_.size() == 1 ? " has" : " have") +
+                          " no words in verse " + std::to_string(verse_) + " and " +
+                          (leftOut_.size() == 1 ? "is" : "are") + " left out");
         }
     }
 
@@ -133,7 +148,8 @@ private:
     terminal::Progress& progress_;
     Song song_;
     ScoreWarnings warnings_;
-    bool takesAll_ = false; // whether voices without words become tracks as well
+    std::vector<std::string> leftOut_; // parts and voices
+    bool takesAll_ = false;            // whether voices without words become tracks as well
 };
 
 } // namespace

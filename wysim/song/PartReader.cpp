@@ -83,6 +83,7 @@ void PartReader::readNote(xml_node element) {
 
 void PartReader::addNote(xml_node element, double length) {
     ScoreNote written;
+    written.element = element;
     written.note.start = noteStart_;
     written.note.length = length;
     written.note.pitch = readPitch(element);

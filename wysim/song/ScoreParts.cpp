@@ -18,11 +18,16 @@ std::string partName(xml_node score, const char* id, std::size_t number) {
     return name.empty() ? "Part " + std::to_string(number) : name;
 }
 
-void addVerses(xml_node measure, bool isTyped, std::set<int>& verses) {
+void addMeasure(xml_node measure, bool isTyped, ScorePart& part) {
+    part.measures.push_back(measure);
     for (const auto note : measure.children("note")) {
+        if (isSilent(note)) {
+            continue;
+        }
+        part.hasNotes = true;
         for (const auto lyric : note.children("lyric")) {
-            if (!isSilent(note) && !readLyric(lyric, isTyped).text.empty()) {
-                verses.insert(verseOf(lyric));
+            if (!readLyric(lyric, isTyped).text.empty()) {
+                part.verses.insert(verseOf(lyric));
             }
         }
     }
@@ -37,8 +42,7 @@ std::vector<ScorePart> partsOf(xml_node score) {
         auto& part = parts.emplace_back();
         part.name = partName(score, element.attribute("id").value(), parts.size());
         for (const auto measure : element.children("measure")) {
-            part.measures.push_back(measure);
-            addVerses(measure, isTyped, part.verses);
+            addMeasure(measure, isTyped, part);
         }
     }
     return parts;

@@ -13,6 +13,7 @@ namespace wybeta::wysim::song {
 struct ScorePart {
     std::string name;
     std::vector<pugi::xml_node> measures;
+    bool hasNotes = false;
     std::set<int> verses; // that have words in it
 };
 

@@ -21,7 +21,7 @@ void takeSyllable(ScoreNote& to, ScoreNote& from) {
     }
 }
 
-// Merges each note into the one before it where `merge` says so by merging.
+// Drops each note for which merge(previous, note) returns true.
 template <class Merge>
 void mergeNeighbours(std::vector<ScoreNote>& notes, Merge merge) {
     std::vector<ScoreNote> merged;
@@ -33,21 +33,32 @@ void mergeNeighbours(std::vector<ScoreNote>& notes, Merge merge) {
     notes = std::move(merged);
 }
 
-bool mergeChord(ScoreNote& top, ScoreNote& next) {
+bool haveWordsEach(const ScoreNote& a, const ScoreNote& b) {
+    return !a.syllable.text.empty() && !b.syllable.text.empty();
+}
+
+bool mergeChord(ScoreNote& top, ScoreNote& next, ScoreWarnings& warnings) {
     if (!isSameTime(top.note.start, next.note.start)) {
         return false;
     }
     if (next.note.pitch > top.note.pitch) {
         std::swap(top, next);
     }
+    warnings.add("a chord gives its top note only", next.element);
+    if (haveWordsEach(top, next) && top.syllable.text != next.syllable.text) {
+        warnings.add("a chord has words of its own on each of its notes, and those of the top note "
+                     "are sung",
+                     next.element);
+    }
     takeSyllable(top, next);
     return true;
 }
 
+// Tied notes that each have words are sung one by one.
 bool mergeTied(ScoreNote& held, ScoreNote& next) {
     const double end = held.note.start + held.note.length;
     if (!held.beginsTie || !next.endsTie || held.note.pitch != next.note.pitch ||
-        !isSameTime(end, next.note.start)) {
+        !isSameTime(end, next.note.start) || haveWordsEach(held, next)) {
         return false;
     }
     held.note.length = next.note.start + next.note.length - held.note.start;
@@ -63,12 +74,13 @@ bool ScoreVoice::isSung() const {
                        [](const auto& note) { return !note.syllable.text.empty(); });
 }
 
-std::vector<SongNote> ScoreVoice::takeNotes() {
+std::vector<SongNote> ScoreVoice::takeNotes(ScoreWarnings& warnings) {
     std::stable_sort(notes_.begin(), notes_.end(),
                      [](const auto& a, const auto& b) { return a.note.start < b.note.start; });
-    mergeNeighbours(notes_, mergeChord);
+    mergeNeighbours(notes_,
+                    [&warnings](auto& top, auto& next) { return mergeChord(top, next, warnings); });
     mergeNeighbours(notes_, mergeTied);
-    cutOverlaps();
+    cutOverlaps(warnings);
     typeWords();
     std::vector<SongNote> taken;
     for (auto& note : notes_) {
@@ -78,16 +90,20 @@ std::vector<SongNote> ScoreVoice::takeNotes() {
     return taken;
 }
 
-void ScoreVoice::cutOverlaps() {
+void ScoreVoice::cutOverlaps(ScoreWarnings& warnings) {
     for (std::size_t i = 1; i < notes_.size(); ++i) {
         auto& note = notes_[i - 1].note;
-        note.length = std::min(note.length, notes_[i].note.start - note.start);
+        const auto& next = notes_[i].note;
+        if (overlap(note, next)) {
+            warnings.add("a note ends where the next of its voice begins", notes_[i - 1].element);
+        }
+        note.length = std::min(note.length, next.start - note.start);
     }
 }
 
 void ScoreVoice::typeWords() {
     SongNote* openWord = nullptr;
-    for (auto& [note, endsTie, beginsTie, syllable] : notes_) {
+    for (auto& [note, endsTie, beginsTie, syllable, element] : notes_) {
         if (syllable.text.empty()) {
             continue;
         }

@@ -2,7 +2,10 @@
 #pragma once
 
 #include "wysim/song/ScoreLyric.h"
+#include "wysim/song/ScoreWarnings.h"
 #include "wysim/song/Song.h"
+
+#include <pugixml.hpp>
 
 #include <utility>
 #include <vector>
@@ -15,6 +18,7 @@ struct ScoreNote {
     bool endsTie = false;
     bool beginsTie = false;
     ScoreSyllable syllable;
+    pugi::xml_node element = {}; // in the score
 };
 
 // The written notes of one voice, which become the notes that one singer sings.
@@ -25,11 +29,11 @@ public:
 
     // Of a chord, the top note; of tied notes, one; a note ends where the next begins. Each word is
     // typed into the first of its notes. The voice is empty afterwards.
-    std::vector<SongNote> takeNotes();
+    std::vector<SongNote> takeNotes(ScoreWarnings& warnings);
 
 private:
     void typeWords();
-    void cutOverlaps();
+    void cutOverlaps(ScoreWarnings& warnings);
 
     std::vector<ScoreNote> notes_; // in the order of the score until they are taken
 };

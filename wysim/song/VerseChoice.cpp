@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wysim/song/VerseChoice.h"
 
-#include <cstddef>
+#include "wysim/song/Text.h"
+
+#include <vector>
 
 namespace wybeta::wysim::song {
 
@@ -11,13 +13,12 @@ constexpr int kUsualVerse = 1;
 
 // "verse 1 is", "verses 1, 2 and 3 are".
 std::string sentence(const std::set<int>& verses, const char* singular, const char* plural) {
-    std::string list;
-    std::size_t left = verses.size();
+    std::vector<std::string> numbers;
     for (const int verse : verses) {
-        --left;
-        list += std::to_string(verse) + (left == 0 ? "" : left == 1 ? " and " : ", ");
+        numbers.push_back(std::to_string(verse));
     }
-    return verses.size() == 1 ? "verse " + list + singular : "verses " + list + plural;
+    return verses.size() == 1 ? "verse " + listOf(numbers) + singular
+                              : "verses " + listOf(numbers) + plural;
 }
 
 std::string warningOf(int verse, bool isAskedFor, std::set<int> verses) {
