@@ -50,6 +50,26 @@ TEST(Import, ReadsTheVerseThatIsAskedFor) {
     EXPECT_EQ(linesIn("verses.musicxml", 3), (Lines{"0 2 C4 third*", "2 2 D4 "}));
 }
 
+TEST(Import, KnowsAVerseByItsNumberOrElseByItsName) {
+    const auto verse = [](const std::string& attributes) {
+        const auto score =
+            scoreOf({noteOf("C4", 1, "<lyric " + attributes + "><text>la</text></lyric>")});
+        int number = 0;
+        while (number < 9 &&
+               linesOf(openBytes(score, ".xml", number).song) != Lines{"0 1 C4 la*"}) {
+            ++number;
+        }
+        return number;
+    };
+    EXPECT_EQ(verse("number='2'"), 2);
+    EXPECT_EQ(verse("number='part1verse3'"), 3);
+    EXPECT_EQ(verse("number='4.'"), 4);
+    EXPECT_EQ(verse("name='Verse 5'"), 5);
+    EXPECT_EQ(verse("number='6' name='Verse 5'"), 6);
+    EXPECT_EQ(verse("number='chorus' name='Chorus'"), 1);
+    EXPECT_EQ(verse(""), 1);
+}
+
 TEST(Import, TakesTheFirstVerseThatHasWordsWhenNoneIsAskedFor) {
     const auto later =
         scoreOf({noteOf("C4", 2, lyricOf("two", "2")) + noteOf("D4", 2, lyricOf("three", "3"))});

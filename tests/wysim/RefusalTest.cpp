@@ -163,7 +163,7 @@ TEST(Refusal, OfValuesThatNoSongCanHold) {
         return scoreWith(note.replace(note.find(">1<") + 1, 1, duration));
     };
     EXPECT_EQ(refusalOfBytes(withDuration("2")), "");
-    for (const auto* const duration : {"0", "-1", "1e300", "nan", "inf", "", "1 2", "0x"}) {
+    for (const auto* const duration : {"-1", "1e300", "nan", "inf", "1 2", "0x"}) {
         EXPECT_NE(refusalOfBytes(withDuration(duration)), "") << duration;
     }
     for (const auto* const octave : {"10", "-2", "99999999999", "x"}) {

@@ -121,6 +121,105 @@ TEST(Warning, TellsWhereANoteIsCut) {
     EXPECT_EQ(linesOf(opened.song), (Lines{"0 2 C4 ", "2 2 D4 "}));
 }
 
+// What is said of an element that stands at the beginning of a score's first measure.
+std::string said(const std::string& sentence, int line = 4) {
+    return sentence + ", in measure 1 of 'Voice' at line " + std::to_string(line) + ", column 2";
+}
+
+std::string without(std::string element, const std::string& part) {
+    return element.erase(element.find(part), part.size());
+}
+
+std::string graceOf(const std::string& more = "") {
+    return "<note><grace/><pitch><step>B</step><octave>3</octave></pitch>" + more + "</note>\n";
+}
+
+std::string syllableOf(const std::string& text, const std::string& syllabic) {
+    return "<lyric><syllabic>" + syllabic + "</syllabic><text>" + text + "</text></lyric>";
+}
+
+TEST(Warning, TellsOfGraceNotes) {
+    EXPECT_EQ(warningsOf(scoreOf({graceOf() + graceOf() + noteOf("C4", 4)})),
+              Lines{said("a grace note is not sung") + ", and 1 more"});
+}
+
+TEST(Warning, TellsThatTheWordsOfAGraceNoteGoToTheNextNote) {
+    const auto opened = openBytes(
+        scoreOf({graceOf(syllableOf("o", "begin")) + noteOf("C4", 4, syllableOf("ver", "end"))}));
+    EXPECT_EQ(opened.warnings,
+              Lines{said("a grace note is not sung, and its words go to the note after it")});
+    EXPECT_EQ(linesOf(opened.song), Lines{"0 4 C4 over*"});
+}
+
+TEST(Warning, IsAllThatAGraceNoteLosesBeforeOtherWordsAndAtTheEnd) {
+    EXPECT_EQ(linesOf(songFrom(scoreOf({graceOf(lyricOf("oh")) + noteOf("C4", 4, lyricOf("my"))}))),
+              Lines{"0 4 C4 oh my*"});
+    EXPECT_EQ(linesOf(songFrom(scoreOf({graceOf(lyricOf("oh")) + noteOf("C4", 4)}))),
+              Lines{"0 4 C4 oh*"});
+    EXPECT_EQ(linesOf(songFrom(scoreOf({noteOf("C4", 4, lyricOf("my")) + graceOf(lyricOf("oh"))}))),
+              Lines{"0 4 C4 my oh*"});
+    EXPECT_EQ(linesOf(songFrom(scoreOf({noteOf("C4", 4) + graceOf(lyricOf("oh"))}))),
+              Lines{"0 4 C4 oh*"});
+}
+
+TEST(Warning, TellsOfNotesWithoutLength) {
+    EXPECT_EQ(warningsOf(scoreOf({noteOf("C4", 0) + noteOf("D4", 4)})),
+              Lines{said("a note without length is not sung")});
+    const auto opened = openBytes(scoreOf({noteOf("C4", 0, lyricOf("la")) + noteOf("D4", 4)}));
+    EXPECT_EQ(opened.warnings,
+              Lines{said("a note without length is not sung, and its words go to the note after "
+                         "it")});
+    EXPECT_EQ(linesOf(opened.song), Lines{"0 4 D4 la*"});
+}
+
+TEST(Warning, TellsThatANoteWithoutADurationIsAsLongAsItIsDrawn) {
+    const auto lengthOf = [](const std::string& drawing) {
+        const auto note = without(noteOf("C4", 4, drawing), "<duration>4</duration>");
+        const auto opened = openBytes(scoreOf({note}));
+        EXPECT_EQ(opened.warnings,
+                  Lines{said("a note without a duration is as long as it is drawn")});
+        return opened.song.tracks[0].notes.at(0).length;
+    };
+    EXPECT_EQ(lengthOf("<type>half</type>"), 2);
+    EXPECT_EQ(lengthOf("<type>eighth</type><dot/><dot/>"), 0.875);
+    EXPECT_EQ(lengthOf("<type>quarter</type><time-modification><actual-notes>4</actual-notes>"
+                       "<normal-notes>3</normal-notes></time-modification>"),
+              0.75);
+    EXPECT_EQ(lengthOf("<type>unknown</type>"), 1);
+}
+
+TEST(Warning, TellsThatANoteWithoutAnyLengthIsAQuarter) {
+    const auto opened = openBytes(scoreOf({"<note><pitch><step>C</step><octave>4</octave></pitch>"
+                                           "<duration> </duration></note>"}));
+    EXPECT_EQ(opened.warnings, Lines{said("a note without a duration is a quarter note long")});
+    EXPECT_EQ(linesOf(opened.song), Lines{"0 1 C4 "});
+}
+
+TEST(Warning, TellsOfBackupsAndForwardsWithoutADuration) {
+    EXPECT_EQ(warningsOf(scoreOf({"<backup/>\n<forward/>\n"})),
+              (Lines{said("a backup without a duration is passed over", 4),
+                     said("a forward without a duration is passed over", 5)}));
+}
+
+TEST(Warning, TellsOfCueNotes) {
+    EXPECT_EQ(warningsOf(scoreOf({noteOf("C4", 4, "<cue/>" + lyricOf("la"))})),
+              Lines{said("a cue note is not sung")});
+}
+
+TEST(Warning, TellsOfTheWordsOfARest) {
+    EXPECT_EQ(warningsOf(scoreOf({restOf(4, lyricOf("la")) + noteOf("C4", 4, lyricOf("la"))})),
+              Lines{said("the words of a rest are not sung")});
+}
+
+TEST(Warning, TellsOfTwoLyricsInOneVerse) {
+    const auto opened =
+        openBytes(scoreOf({noteOf("C4", 4, lyricOf("one") + lyricOf("two") + lyricOf("-"))}));
+    ASSERT_EQ(opened.warnings.size(), 1u);
+    EXPECT_EQ(
+        opened.warnings[0].find("a note has two lyrics in one verse, and the first is sung, "), 0u);
+    EXPECT_EQ(linesOf(opened.song), Lines{"0 4 C4 one*"});
+}
+
 } // namespace
 
 } // namespace wybeta::tests

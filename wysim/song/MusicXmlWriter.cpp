@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wysim/song/MusicXmlWriter.h"
 
+#include "wysim/song/NoteValue.h"
 #include "wysim/song/Numbers.h"
 #include "wysim/song/ScoreLyric.h"
 
@@ -47,18 +48,11 @@ Ticks divisionsFor(const Song& song) {
     return found == kUsual.end() ? kUsual.back() : *found;
 }
 
-struct NoteValue {
-    const char* type;
-    double quarters;
-};
-constexpr std::array<NoteValue, 6> kNoteValues = {
-    {{"whole", 4}, {"half", 2}, {"quarter", 1}, {"eighth", 0.5}, {"16th", 0.25}, {"32nd", 0.125}}};
-
 // How a note of that length is drawn, when one sign says it.
 void addNoteType(xml_node note, double quarters) {
     for (const auto& value : kNoteValues) {
         if (quarters == value.quarters || quarters == 1.5 * value.quarters) {
-            addText(note, "type", value.type);
+            addText(note, "type", value.name);
             if (quarters != value.quarters) {
                 note.append_child("dot");
             }

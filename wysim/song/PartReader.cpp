@@ -45,7 +45,7 @@ void PartReader::readMeasureChild(xml_node child) {
     } else if (name == "backup") {
         goBack(child);
     } else if (name == "forward") {
-        goForward(child, quarters(child));
+        goForward(child, distanceOf(child));
     } else if (name == "attributes") {
         readAttributes(child);
     }
@@ -68,16 +68,46 @@ void PartReader::readAttributes(xml_node attributes) {
 }
 
 void PartReader::readNote(xml_node element) {
-    if (!element.child("grace").empty()) {
-        return;
-    }
-    const double length = quarters(element);
-    if (!element.child("chord")) {
+    const bool isGrace = !element.child("grace").empty();
+    const double length = isGrace ? 0 : lengthOf(element);
+    if (!isGrace && !element.child("chord")) {
         noteStart_ = now_;
         goForward(element, length);
     }
-    if (!isSilent(element)) {
+    if (isSilent(element)) {
+        passOver(element);
+    } else if (length == 0) {
+        keepWords(element, isGrace ? "a grace note" : "a note without length");
+    } else {
         addNote(element, length);
+    }
+}
+
+double PartReader::lengthOf(xml_node note) {
+    if (const auto length = quarters(note)) {
+        return *length;
+    }
+    warnings_.add(note.child("type") ? "a note without a duration is as long as it is drawn"
+                                     : "a note without a duration is a quarter note long",
+                  note);
+    return drawnLength(note);
+}
+
+void PartReader::passOver(xml_node silent) {
+    if (!silent.child("rest")) {
+        warnings_.add("a cue note is not sung", silent);
+    } else if (!readWords(silent).text.empty()) {
+        warnings_.add("the words of a rest are not sung", silent);
+    }
+}
+
+void PartReader::keepWords(xml_node element, const std::string& kind) {
+    const auto words = readWords(element);
+    if (words.text.empty()) {
+        warnings_.add(kind + " is not sung", element);
+    } else {
+        warnings_.add(kind + " is not sung, and its words go to the note after it", element);
+        voices_[voiceOf(element)].addWords(words);
     }
 }
 
@@ -89,7 +119,7 @@ void PartReader::addNote(xml_node element, double length) {
     written.note.pitch = readPitch(element);
     checkPlaced(written.note, element);
     readTies(element, written);
-    readLyrics(element, written);
+    written.syllable = readWords(element);
     voices_[voiceOf(element)].add(std::move(written));
 }
 
@@ -101,12 +131,19 @@ void PartReader::readTies(xml_node element, ScoreNote& note) const {
     }
 }
 
-void PartReader::readLyrics(xml_node element, ScoreNote& note) const {
+ScoreSyllable PartReader::readWords(xml_node element) {
+    ScoreSyllable words;
     for (const auto lyric : element.children("lyric")) {
-        if (verseOf(lyric) == verse_ && note.syllable.text.empty()) {
-            note.syllable = readLyric(lyric, isOwn_);
+        if (verseOf(lyric) != verse_) {
+            continue;
+        }
+        if (words.text.empty()) {
+            words = readLyric(lyric, isOwn_);
+        } else if (!readLyric(lyric, isOwn_).text.empty()) {
+            warnings_.add("a note has two lyrics in one verse, and the first is sung", lyric);
         }
     }
+    return words;
 }
 
 int PartReader::readPitch(xml_node element) const {
@@ -136,11 +173,20 @@ void PartReader::checkPlaced(const SongNote& note, xml_node element) const {
 
 void PartReader::goBack(xml_node backup) {
     constexpr double kNearly = 1e-6;
-    const double time = now_ - quarters(backup);
+    const double time = now_ - distanceOf(backup);
     if (time < start_ - kNearly) {
         warnings_.add("a backup beyond the start of its measure goes to that start", backup);
     }
     now_ = std::max(time, start_);
+}
+
+double PartReader::distanceOf(xml_node element) {
+    const auto distance = quarters(element);
+    if (!distance) {
+        warnings_.add(std::string("a ") + element.name() + " without a duration is passed over",
+                      element);
+    }
+    return distance.value_or(0);
 }
 
 void PartReader::goForward(xml_node element, double by) {
@@ -151,7 +197,10 @@ void PartReader::goForward(xml_node element, double by) {
     now_ += by;
 }
 
-double PartReader::quarters(xml_node element) const {
+std::optional<double> PartReader::quarters(xml_node element) const {
+    if (onOneLine(textOf(element.child("duration"))).empty()) {
+        return std::nullopt;
+    }
     const double duration = number(element.child("duration"), element);
     if (duration < 0) {
         throw BadInput::expectedFound("a duration of 0 or more",
@@ -163,8 +212,7 @@ double PartReader::quarters(xml_node element) const {
 double PartReader::number(xml_node element, xml_node near) const {
     const auto value = parseNumber(textOf(element));
     if (!value) {
-        throw BadInput::expectedFound(element ? std::string("a number as ") + element.name()
-                                              : std::string("a duration"),
+        throw BadInput::expectedFound(std::string("a number as ") + element.name(),
                                       "'" + textOf(element) + "'" + document_.place(near));
     }
     return *value;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "wysim/song/ScoreLyric.h"
 #include "wysim/song/ScoreVoice.h"
 #include "wysim/song/ScoreWarnings.h"
 #include "wysim/song/Song.h"
@@ -33,12 +34,18 @@ private:
     void readNote(pugi::xml_node element);
     void addNote(pugi::xml_node element, double length);
     void readTies(pugi::xml_node element, ScoreNote& note) const;
-    void readLyrics(pugi::xml_node element, ScoreNote& note) const;
+    // The words of the verse.
+    ScoreSyllable readWords(pugi::xml_node element);
+    void passOver(pugi::xml_node silent);
+    void keepWords(pugi::xml_node element, const std::string& kind);
+    double lengthOf(pugi::xml_node note);
     int readPitch(pugi::xml_node element) const;
     void checkPlaced(const SongNote& note, pugi::xml_node element) const;
     void goBack(pugi::xml_node backup);
+    double distanceOf(pugi::xml_node element); // of a backup or a forward
     void goForward(pugi::xml_node element, double by);
-    double quarters(pugi::xml_node element) const;
+    // The duration of an element; none when it has none.
+    std::optional<double> quarters(pugi::xml_node element) const;
     double number(pugi::xml_node element) const { return number(element, element); }
     double number(pugi::xml_node element, pugi::xml_node near) const;
 

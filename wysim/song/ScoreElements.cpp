@@ -2,13 +2,27 @@
 #include "wysim/song/ScoreElements.h"
 
 #include "wysim/song/MusicXmlWriter.h"
+#include "wysim/song/NoteValue.h"
 #include "wysim/song/Numbers.h"
 
+#include <optional>
 #include <string_view>
 
 namespace wybeta::wysim::song {
 
 using pugi::xml_node;
+
+namespace {
+
+std::optional<int> lastNumberIn(std::string_view text) {
+    constexpr std::string_view kDigits = "0123456789";
+    const auto end = text.find_last_of(kDigits) + 1;
+    const auto before = text.substr(0, end).find_last_not_of(kDigits);
+    const auto start = before == std::string_view::npos ? 0 : before + 1;
+    return parseInteger(text.substr(start, end - start));
+}
+
+} // namespace
 
 std::string textOf(xml_node element) {
     std::string text;
@@ -30,10 +44,25 @@ bool isSilent(xml_node note) {
 }
 
 int verseOf(xml_node lyric) {
-    const std::string_view number = lyric.attribute("number").value();
-    const auto lastOther = number.find_last_not_of("0123456789");
-    const auto digits = number.substr(lastOther == std::string_view::npos ? 0 : lastOther + 1);
-    return parseInteger(digits).value_or(1);
+    const auto number = lastNumberIn(lyric.attribute("number").value());
+    return number ? *number : lastNumberIn(lyric.attribute("name").value()).value_or(1);
+}
+
+double drawnLength(xml_node note) {
+    const std::string_view type = note.child_value("type");
+    double length = 1;
+    for (const auto& value : kNoteValues) {
+        length = type == value.name ? value.quarters : length;
+    }
+    double extension = length;
+    for (auto dot = note.child("dot"); dot; dot = dot.next_sibling("dot")) {
+        extension /= 2;
+        length += extension;
+    }
+    const auto tuplet = note.child("time-modification");
+    const auto normal = parseInteger(tuplet.child_value("normal-notes")).value_or(1);
+    const auto actual = parseInteger(tuplet.child_value("actual-notes")).value_or(1);
+    return normal > 0 && actual > 0 ? length * normal / actual : length;
 }
 
 ScoreSyllable readLyric(xml_node lyric, bool isTyped) {

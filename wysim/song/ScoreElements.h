@@ -18,8 +18,12 @@ bool isOwnScore(pugi::xml_node score);
 // Whether a note is a rest, or sounds in another part.
 bool isSilent(pugi::xml_node note);
 
-// "2" as well as "part1verse2"; a lyric without a number belongs to the first verse.
+// By the lyric's number, which may be "2" as well as "part1verse2", or else by its name; a lyric
+// without either belongs to the first verse.
 int verseOf(pugi::xml_node lyric);
+
+// In quarter notes: as long as a note or a rest is drawn; a quarter for want of a drawing.
+double drawnLength(pugi::xml_node note);
 
 // The words of a lyric; where two share a note, an elision stands between them.
 ScoreSyllable readLyric(pugi::xml_node lyric, bool isTyped);

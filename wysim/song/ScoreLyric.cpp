@@ -55,6 +55,16 @@ bool isBracket(std::string_view text) {
 
 } // namespace
 
+ScoreSyllable joined(ScoreSyllable first, const ScoreSyllable& second) {
+    if (first.text.empty() || second.text.empty()) {
+        return first.text.empty() ? second : first;
+    }
+    const bool isOneWord = first.leavesWordOpen && second.continuesWord;
+    first.text += (isOneWord ? "" : " ") + second.text;
+    first.leavesWordOpen = second.leavesWordOpen;
+    return first;
+}
+
 std::string onOneLine(std::string_view utf8) {
     return toUtf8(withoutEnds(withSingleSpaces(utf8), kSpaces));
 }

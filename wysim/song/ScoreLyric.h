@@ -13,6 +13,9 @@ struct ScoreSyllable {
     bool leavesWordOpen = false; // the word goes on under a later note
 };
 
+// The words of two notes under one.
+ScoreSyllable joined(ScoreSyllable first, const ScoreSyllable& second);
+
 // A title or a name on one line, with single spaces between its words.
 std::string onOneLine(std::string_view utf8);
 

@@ -69,12 +69,22 @@ bool mergeTied(ScoreNote& held, ScoreNote& next) {
 
 } // namespace
 
+void ScoreVoice::add(ScoreNote note) {
+    note.syllable = joined(std::exchange(waiting_, {}), note.syllable);
+    notes_.push_back(std::move(note));
+}
+
 bool ScoreVoice::isSung() const {
-    return std::any_of(notes_.begin(), notes_.end(),
+    return (!notes_.empty() && !waiting_.text.empty()) ||
+           std::any_of(notes_.begin(), notes_.end(),
                        [](const auto& note) { return !note.syllable.text.empty(); });
 }
 
 std::vector<SongNote> ScoreVoice::takeNotes(ScoreWarnings& warnings) {
+    if (!notes_.empty()) {
+        auto& last = notes_.back().syllable;
+        last = joined(std::move(last), std::exchange(waiting_, {}));
+    }
     std::stable_sort(notes_.begin(), notes_.end(),
                      [](const auto& a, const auto& b) { return a.note.start < b.note.start; });
     mergeNeighbours(notes_,

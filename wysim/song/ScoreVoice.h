@@ -24,7 +24,9 @@ struct ScoreNote {
 // The written notes of one voice, which become the notes that one singer sings.
 class ScoreVoice {
 public:
-    void add(ScoreNote note) { notes_.push_back(std::move(note)); }
+    void add(ScoreNote note);
+    // Words of a note that is not sung: those of the note that is added next, or else of the last.
+    void addWords(const ScoreSyllable& words) { waiting_ = joined(std::move(waiting_), words); }
     bool isSung() const;
 
     // Of a chord, the top note; of tied notes, one; a note ends where the next begins. Each word is
@@ -36,6 +38,7 @@ private:
     void cutOverlaps(ScoreWarnings& warnings);
 
     std::vector<ScoreNote> notes_; // in the order of the score until they are taken
+    ScoreSyllable waiting_;        // words for the next note
 };
 
 } // namespace wybeta::wysim::song
