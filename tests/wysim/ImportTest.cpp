@@ -164,6 +164,47 @@ TEST(Import, FollowsAChangeOfDivisions) {
               (Lines{"0 2 C4 half*", "2 2 D4 too*", "4 1 C4 one*", "5 3 D4 three*"}));
 }
 
+TEST(Import, ReadsScoresByTime) {
+    const auto measure = [](const std::string& soprano, const std::string& alto) {
+        return "<measure><part id='S'>" + soprano + "</part><part id='A'>" + alto +
+               "</part></measure>";
+    };
+    const auto score = "<score-timewise><part-list><score-part id='A'><part-name>Alto</part-name>"
+                       "</score-part></part-list>" +
+                       measure(noteOf("C5", 4), restOf(4)) +
+                       measure(noteOf("D5", 4), noteOf("F4", 4)) + "</score-timewise>";
+    const auto song = songFrom(score);
+    EXPECT_EQ(trackNames(song), (Lines{"Part 1", "Alto"}));
+    EXPECT_EQ(linesOf(song), (Lines{"0 4 C5 ", "4 4 D5 "}));
+    EXPECT_EQ(linesOf(song, 1), Lines{"4 4 F4 "});
+    EXPECT_EQ(warningsOf(score), Lines{});
+}
+
+TEST(Import, SingsWhatSoundsOfATransposingPart) {
+    const auto transposed = [](const std::string& transposition) {
+        return linesOf(
+            songFrom(scoreOf({noteOf("C4", 1) + "<attributes><transpose>" + transposition +
+                              "</transpose></attributes>" + noteOf("C4", 1)})));
+    };
+    EXPECT_EQ(transposed("<chromatic>-2</chromatic>"), (Lines{"0 1 C4 ", "1 1 A#3 "}));
+    EXPECT_EQ(transposed("<chromatic>0</chromatic><octave-change>-1</octave-change>"),
+              (Lines{"0 1 C4 ", "1 1 C3 "}));
+}
+
+TEST(Import, PutsANoteWithoutPitchWhereItIsDrawn) {
+    EXPECT_EQ(linesOf(songFrom(scoreOf({"<note><unpitched><display-step>E</display-step>"
+                                        "<display-octave>4</display-octave></unpitched>"
+                                        "<duration>1</duration></note>"}))),
+              Lines{"0 1 E4 "});
+}
+
+TEST(Import, AddsTheBeatsOfASum) {
+    const auto song = songFrom(scoreOf({"<attributes><time><beats>3+2</beats><beat-type>8"
+                                        "</beat-type></time></attributes>"}));
+    EXPECT_EQ(song.time.beats, 5);
+    EXPECT_EQ(song.time.beatType, 8);
+}
+
 TEST(Import, ReadsCompressedScores) {
     const auto plain = linesIn("plain.musicxml");
     EXPECT_EQ(linesIn("compressed.mxl"), plain);

@@ -38,8 +38,6 @@ TEST_P(RefusedFile, IsRefusedWithWhatAndWhere) {
 INSTANTIATE_TEST_SUITE_P(
     Import, RefusedFile,
     testing::Values(
-        Refused{"timewise.musicxml", "expected a MusicXML score of the kind 'score-partwise', "
-                                     "found 'score-timewise'"},
         Refused{"cut-short.musicxml", "expected well-formed XML, found error parsing start element "
                                       "tag at line 11, column 14"},
         Refused{"no-pitch.musicxml",
@@ -171,6 +169,9 @@ TEST(Refusal, OfValuesThatNoSongCanHold) {
         note.replace(note.find(">4<") + 1, 1, octave);
         EXPECT_NE(refusalOfBytes(scoreWith(note)), "") << octave;
     }
+    EXPECT_EQ(refusalOfBytes(scoreWith("<attributes><transpose><chromatic>200</chromatic>"
+                                       "</transpose></attributes>")),
+              "expected a transposition of at most 127 semitones, found 200 at line 1, column 53");
     EXPECT_NE(refusalOfBytes(scoreWith("<attributes><divisions>0</divisions></attributes>")), "");
 }
 
@@ -236,6 +237,11 @@ TEST(Refusal, OfJsonSaysWhere) {
               "expected a song with a track, found none");
     EXPECT_EQ(refusalOfJson(replaced("\"beats\": 4", "\"beats\": 0")),
               "expected a time signature such as 4/4, found 0/4");
+}
+
+TEST(Refusal, OfOtherXmlThanAScore) {
+    EXPECT_EQ(refusalOfBytes("<opus/>"), "expected a MusicXML score, 'score-partwise' or "
+                                         "'score-timewise', found 'opus'");
 }
 
 TEST(Refusal, OfAScoreWithoutParts) {

@@ -220,6 +220,60 @@ TEST(Warning, TellsOfTwoLyricsInOneVerse) {
     EXPECT_EQ(linesOf(opened.song), Lines{"0 4 C4 one*"});
 }
 
+TEST(Warning, TellsOfNotesWithoutAPitch) {
+    for (const auto* const pitch : {"", "<unpitched/>"}) {
+        const auto opened =
+            openBytes(scoreOf({"<note>" + std::string(pitch) + "<duration>1</duration></note>"}));
+        EXPECT_EQ(opened.warnings, Lines{said("a note without a pitch becomes C4")});
+        EXPECT_EQ(linesOf(opened.song), Lines{"0 1 C4 "});
+    }
+}
+
+std::string timeOf(const std::string& beats, const std::string& beatType = "4") {
+    return "<attributes><time><beats>" + beats + "</beats><beat-type>" + beatType +
+           "</beat-type></time></attributes>\n";
+}
+
+TEST(Warning, TellsOfAChangeOfTheTimeSignature) {
+    const auto opened = openBytes(
+        scoreOf({timeOf("3") + timeOf("3") + noteOf("C4", 3), timeOf("4") + noteOf("C4", 4)}));
+    EXPECT_EQ(opened.warnings, Lines{"a change of the time signature is passed over, in measure 2 "
+                                     "of 'Voice' at line 9, column 14"});
+    EXPECT_EQ(opened.song.time.beats, 3);
+}
+
+TEST(Warning, TellsOfTimeSignaturesThatNoSongCanHave) {
+    for (const auto& time :
+         {timeOf("many"), timeOf("0"), timeOf("3+x"), timeOf("3", "5"),
+          std::string("<attributes><time><senza-misura/></time></attributes>"), timeOf("200+57")}) {
+        const auto opened = openBytes(scoreOf({time + noteOf("C4", 4)}));
+        ASSERT_EQ(opened.warnings.size(), 1u) << time;
+        EXPECT_EQ(opened.warnings[0].find("a time signature that is not one such as 4/4 is passed "
+                                          "over, in measure 1"),
+                  0u);
+        EXPECT_EQ(opened.song.time.beats, 4);
+    }
+}
+
+TEST(Warning, TellsOfRepeats) {
+    const auto forward = std::string("<barline><repeat direction='forward'/></barline>\n");
+    EXPECT_EQ(warningsOf(scoreOf({forward + noteOf("C4", 4)})), Lines{});
+    for (const auto* const element :
+         {"<barline><repeat direction='backward'/></barline>", "<sound dacapo='yes'/>",
+          "<direction><sound dalsegno='1'/></direction>"}) {
+        EXPECT_EQ(warningsOf(scoreOf({element + noteOf("C4", 4)})),
+                  Lines{said("a repeat is sung once")});
+    }
+}
+
+TEST(Warning, TellsOfNotesOutsideOfMeasures) {
+    auto score = scoreOf({noteOf("C4", 4)});
+    score.insert(score.find("</part>"), noteOf("D4", 4));
+    score.insert(score.find("</score-partwise>"), noteOf("D4", 4));
+    EXPECT_EQ(warningsOf(score), Lines{"a note outside of the measures of the parts is not sung, "
+                                       "at line 6, column 2, and 1 more"});
+}
+
 } // namespace
 
 } // namespace wybeta::tests

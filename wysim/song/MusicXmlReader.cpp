@@ -21,7 +21,6 @@
 #include <optional>
 #include <set>
 #include <string>
-#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -38,13 +37,15 @@ public:
 
     OpenedSong read() {
         const auto score = document_.root();
-        if (std::string_view(score.name()) != "score-partwise") {
-            throw BadInput::expectedFound("a MusicXML score of the kind 'score-partwise'",
-                                          "'" + std::string(score.name()) + "'");
+        const std::string kind = score.name();
+        if (kind != "score-partwise" && kind != "score-timewise") {
+            throw BadInput::expectedFound("a MusicXML score, 'score-partwise' or 'score-timewise'",
+                                          "'" + kind + "'");
         }
         song_.title = titleOf(score);
         const auto parts = partsOf(score);
         chooseTracks(parts);
+        warnOfStrayNotes();
         progress_.start("reading", countMeasures(parts));
         for (const auto& part : parts) {
             if (takesAll_ || part.verses.count(verse_) != 0) {
@@ -129,17 +130,19 @@ private:
 
     // The bars of the first part that is read are those of the song.
     void takeBars(const PartReader& reader) {
-        if (!reader.time()) {
-            return;
+        song_.time = reader.time().value_or(TimeSignature());
+        if (reader.time() && reader.firstMeasure() < song_.time.measureLength()) {
+            song_.pickup = reader.firstMeasure();
         }
-        Song bars;
-        bars.time = *reader.time();
-        checkTime(bars);
-        if (reader.firstMeasure() < bars.time.measureLength()) {
-            bars.pickup = reader.firstMeasure();
+    }
+
+    void warnOfStrayNotes() {
+        const auto isInPlace = "parent::measure/parent::part or parent::part/parent::measure";
+        const auto strayNotes =
+            document_.root().select_nodes(("//note[not(" + std::string(isInPlace) + ")]").c_str());
+        for (const auto& note : strayNotes) {
+            warnings_.add("a note outside of the measures of the parts is not sung", note.node());
         }
-        song_.time = bars.time;
-        song_.pickup = bars.pickup;
     }
 
     const XmlDocument& document_;

@@ -9,7 +9,7 @@
 
 namespace wybeta::wysim::song {
 
-// Reads a score in MusicXML ("score-partwise"). Each voice that has words in the verse becomes a
+// Reads a score in MusicXML. Each voice that has words in the verse becomes a
 // track; in a score without any words, and in one that wysim wrote, each voice does, and a part
 // without notes becomes an empty one. Repeats are sung once. Throws BadInput, saying where, when it
 // cannot be read at all.

@@ -48,23 +48,53 @@ void PartReader::readMeasureChild(xml_node child) {
         goForward(child, distanceOf(child));
     } else if (name == "attributes") {
         readAttributes(child);
+    } else if (leadsBack(child)) {
+        warnings_.add("a repeat is sung once", child);
     }
 }
 
 void PartReader::readAttributes(xml_node attributes) {
-    if (const auto divisions = attributes.child("divisions")) {
-        divisions_ = number(divisions);
-        if (divisions_ <= 0) {
-            throw BadInput::expectedFound("divisions above 0",
-                                          textOf(divisions) + document_.place(divisions));
+    for (const auto child : attributes.children()) {
+        const std::string_view name = child.name();
+        if (name == "divisions") {
+            readDivisions(child);
+        } else if (name == "time") {
+            readTime(child);
+        } else if (name == "transpose") {
+            readTransposition(child);
         }
     }
-    const auto time = attributes.child("time");
-    const auto beats = parseInteger(time.child_value("beats"));
-    const auto beatType = parseInteger(time.child_value("beat-type"));
-    if (!time_ && beats && beatType) {
-        time_ = TimeSignature{*beats, *beatType};
+}
+
+void PartReader::readDivisions(xml_node divisions) {
+    divisions_ = number(divisions);
+    if (divisions_ <= 0) {
+        throw BadInput::expectedFound("divisions above 0",
+                                      textOf(divisions) + document_.place(divisions));
     }
+}
+
+void PartReader::readTime(xml_node element) {
+    const auto time = timeSignatureOf(element);
+    if (!time) {
+        warnings_.add("a time signature that is not one such as 4/4 is passed over", element);
+    } else if (!time_) {
+        time_ = time;
+    } else if (time->beats != time_->beats || time->beatType != time_->beatType) {
+        warnings_.add("a change of the time signature is passed over", element);
+    }
+}
+
+// What is written for some instruments, and for some tenors, is not what sounds.
+void PartReader::readTransposition(xml_node transpose) {
+    const auto semitones = transpose.child("chromatic");
+    const auto octaves = transpose.child("octave-change");
+    const double sum = (semitones ? number(semitones) : 0) + 12 * (octaves ? number(octaves) : 0);
+    if (std::abs(sum) > kHighestPitch) {
+        throw BadInput::expectedFound("a transposition of at most 127 semitones",
+                                      formatNumber(sum) + document_.place(transpose));
+    }
+    transposition_ = static_cast<int>(std::lround(sum));
 }
 
 void PartReader::readNote(xml_node element) {
@@ -146,21 +176,22 @@ ScoreSyllable PartReader::readWords(xml_node element) {
     return words;
 }
 
-int PartReader::readPitch(xml_node element) const {
+int PartReader::readPitch(xml_node element) {
     const auto pitch = element.child("pitch");
     const auto unpitched = element.child("unpitched");
+    if (!pitch && !unpitched.child("display-step")) {
+        warnings_.add("a note without a pitch becomes " + formatPitch(SongNote().pitch), element);
+        return SongNote().pitch;
+    }
     const std::string step = textOf(pitch ? pitch.child("step") : unpitched.child("display-step"));
     const std::string octave =
         textOf(pitch ? pitch.child("octave") : unpitched.child("display-octave"));
-    if (unpitched && step.empty()) {
-        return SongNote().pitch;
-    }
     const auto natural = parsePitch(step + octave);
     const auto alter = pitch.child("alter") ? number(pitch.child("alter")) : 0;
     if (step.size() != 1 || !natural || std::abs(alter) > kHighestPitch) {
         throw BadInput::expectedFound("a note with a pitch", "none" + document_.place(element));
     }
-    return *natural + static_cast<int>(std::lround(alter));
+    return *natural + static_cast<int>(std::lround(alter)) + (pitch ? transposition_ : 0);
 }
 
 void PartReader::checkPlaced(const SongNote& note, xml_node element) const {

@@ -31,6 +31,9 @@ public:
 private:
     void readMeasureChild(pugi::xml_node child);
     void readAttributes(pugi::xml_node attributes);
+    void readDivisions(pugi::xml_node divisions);
+    void readTime(pugi::xml_node element);
+    void readTransposition(pugi::xml_node transpose);
     void readNote(pugi::xml_node element);
     void addNote(pugi::xml_node element, double length);
     void readTies(pugi::xml_node element, ScoreNote& note) const;
@@ -39,7 +42,7 @@ private:
     void passOver(pugi::xml_node silent);
     void keepWords(pugi::xml_node element, const std::string& kind);
     double lengthOf(pugi::xml_node note);
-    int readPitch(pugi::xml_node element) const;
+    int readPitch(pugi::xml_node element);
     void checkPlaced(const SongNote& note, pugi::xml_node element) const;
     void goBack(pugi::xml_node backup);
     double distanceOf(pugi::xml_node element); // of a backup or a forward
@@ -54,7 +57,8 @@ private:
     ScoreWarnings& warnings_;
     bool isOwn_;
     double divisions_ = 1;
-    double start_ = 0; // of the measure
+    int transposition_ = 0; // in semitones
+    double start_ = 0;      // of the measure
     double now_ = 0;
     double end_ = 0; // the furthest that the part has come
     double noteStart_ = 0;

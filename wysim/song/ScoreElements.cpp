@@ -6,6 +6,7 @@
 #include "wysim/song/Numbers.h"
 
 #include <optional>
+#include <sstream>
 #include <string_view>
 
 namespace wybeta::wysim::song {
@@ -20,6 +21,20 @@ std::optional<int> lastNumberIn(std::string_view text) {
     const auto before = text.substr(0, end).find_last_not_of(kDigits);
     const auto start = before == std::string_view::npos ? 0 : before + 1;
     return parseInteger(text.substr(start, end - start));
+}
+
+// "3+2" as a sum; none where a term is no number of beats.
+std::optional<int> sumOf(const std::string& beats) {
+    std::istringstream terms(beats);
+    int sum = 0;
+    for (std::string term; std::getline(terms, term, '+');) {
+        const auto value = parseInteger(term);
+        if (!value || *value < 1 || *value > kMaxBeats - sum) {
+            return std::nullopt;
+        }
+        sum += *value;
+    }
+    return sum;
 }
 
 } // namespace
@@ -41,6 +56,21 @@ bool isOwnScore(xml_node score) {
 
 bool isSilent(xml_node note) {
     return note.child("rest") || note.child("cue");
+}
+
+std::optional<TimeSignature> timeSignatureOf(xml_node time) {
+    const auto beats = sumOf(textOf(time.child("beats")));
+    const auto beatType = parseInteger(textOf(time.child("beat-type")));
+    const TimeSignature signature{beats.value_or(0), beatType.value_or(0)};
+    const bool isOne = time.select_nodes("beats").size() == 1;
+    return isOne && isTimeSignature(signature) ? std::optional(signature) : std::nullopt;
+}
+
+bool leadsBack(xml_node element) {
+    const bool isSound = element.name() == std::string_view("sound");
+    const auto sound = isSound ? element : element.child("sound");
+    return element.child("repeat").attribute("direction").value() == std::string_view("backward") ||
+           sound.attribute("dacapo") || sound.attribute("dalsegno");
 }
 
 int verseOf(xml_node lyric) {

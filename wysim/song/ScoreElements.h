@@ -2,9 +2,11 @@
 #pragma once
 
 #include "wysim/song/ScoreLyric.h"
+#include "wysim/song/Song.h"
 
 #include <pugixml.hpp>
 
+#include <optional>
 #include <string>
 
 namespace wybeta::wysim::song {
@@ -17,6 +19,12 @@ bool isOwnScore(pugi::xml_node score);
 
 // Whether a note is a rest, or sounds in another part.
 bool isSilent(pugi::xml_node note);
+
+// The sum of the beats of "3+2/8"; none where they cannot be the bars of a song.
+std::optional<TimeSignature> timeSignatureOf(pugi::xml_node time);
+
+// Whether a barline, a direction or a sound leads back to music before it.
+bool leadsBack(pugi::xml_node element);
 
 // By the lyric's number, which may be "2" as well as "part1verse2", or else by its name; a lyric
 // without either belongs to the first verse.

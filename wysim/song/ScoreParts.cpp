@@ -5,6 +5,7 @@
 #include "wysim/song/ScoreLyric.h"
 
 #include <cstddef>
+#include <map>
 
 namespace wybeta::wysim::song {
 
@@ -38,11 +39,26 @@ void addMeasure(xml_node measure, bool isTyped, ScorePart& part) {
 std::vector<ScorePart> partsOf(xml_node score) {
     const bool isTyped = isOwnScore(score);
     std::vector<ScorePart> parts;
-    for (const auto element : score.children("part")) {
-        auto& part = parts.emplace_back();
-        part.name = partName(score, element.attribute("id").value(), parts.size());
-        for (const auto measure : element.children("measure")) {
-            addMeasure(measure, isTyped, part);
+    const auto beginPart = [&](xml_node part) {
+        const auto name = partName(score, part.attribute("id").value(), parts.size() + 1);
+        parts.push_back({name, {}, false, {}});
+    };
+    for (const auto part : score.children("part")) {
+        beginPart(part);
+        for (const auto measure : part.children("measure")) {
+            addMeasure(measure, isTyped, parts.back());
+        }
+    }
+    // In a score by time, each measure holds a piece of each part.
+    std::map<std::string, std::size_t> places;
+    for (const auto measure : score.children("measure")) {
+        for (const auto piece : measure.children("part")) {
+            const auto [place, isNew] =
+                places.try_emplace(piece.attribute("id").value(), parts.size());
+            if (isNew) {
+                beginPart(piece);
+            }
+            addMeasure(piece, isTyped, parts[place->second]);
         }
     }
     return parts;

@@ -37,7 +37,8 @@ std::string ScoreWarnings::placeOf(xml_node element) const {
         measure = measure.parent();
     }
     const auto number = onOneLine(measure.attribute("number").value());
-    return ", in " + (number.empty() ? "" : "measure " + number + " of ") + "'" + part_ + "'" +
+    const auto measureText = number.empty() ? std::string() : "measure " + number + " of ";
+    return "," + (part_.empty() ? "" : " in " + measureText + "'" + part_ + "'") +
            document_.place(element);
 }
 

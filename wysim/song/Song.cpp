@@ -15,7 +15,6 @@ namespace {
 
 // Times are sums of fractions of a quarter note: what is nearly equal is meant to be equal.
 constexpr double kNearly = 1e-6;
-constexpr int kMaxBeats = 256;
 constexpr int kShortestBeatType = 256;
 constexpr double kShortestMeasure = 0.5;
 
@@ -56,6 +55,11 @@ double measureAfter(const Song& song, double time) {
     return song.pickup + length * (std::floor((time - song.pickup) / length + kNearly) + 1);
 }
 
+bool isTimeSignature(const TimeSignature& time) {
+    return time.beats >= 1 && time.beats <= kMaxBeats && isPowerOfTwo(time.beatType) &&
+           time.beatType <= kShortestBeatType && time.measureLength() >= kShortestMeasure;
+}
+
 void checkText(std::string_view text) {
     bool isText = utf8::is_valid(text.begin(), text.end());
     for (auto next = text.begin(); isText && next != text.end();) {
@@ -84,8 +88,7 @@ void checkNote(const SongNote& note) {
 
 void checkTime(const Song& song) {
     const auto& time = song.time;
-    if (time.beats < 1 || time.beats > kMaxBeats || !isPowerOfTwo(time.beatType) ||
-        time.beatType > kShortestBeatType || time.measureLength() < kShortestMeasure) {
+    if (!isTimeSignature(time)) {
         throw BadInput::expectedFound("a time signature such as 4/4",
                                       std::to_string(time.beats) + "/" +
                                           std::to_string(time.beatType));

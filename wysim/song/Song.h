@@ -39,6 +39,7 @@ struct Song {
 // What keeps the work on a song finite: about a week of music at a moderate tempo.
 constexpr double kLongestSong = 1'000'000;
 constexpr int kHighestPitch = 127;
+constexpr int kMaxBeats = 256;
 
 std::size_t countNotes(const Song& song);
 // Where the last note of the song ends.
@@ -48,6 +49,8 @@ double measureAfter(const Song& song, double time);
 
 // Whether a line of text in a song can hold the character.
 bool isTextCharacter(char32_t character);
+
+bool isTimeSignature(const TimeSignature& time);
 
 // Throws BadInput when a value lies outside what a song can hold.
 void checkText(std::string_view text);
