@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -211,19 +213,86 @@ TEST(Import, ReadsCompressedScores) {
     EXPECT_EQ(linesIn("stored.mxl"), plain);
 }
 
-TEST(Import, ReadsScoresInUtf16) {
-    const TemporaryFolder folder;
-    std::string bytes("\xFF\xFE", 2);
-    for (const char byte :
-         R"(<score-partwise><part><measure><note><pitch><step>C</step><octave>4</octave></pitch>)"
-         R"(<duration>1</duration><lyric><text>&#x304B;</text></lyric></note></measure></part>)"
-         R"(</score-partwise>)") {
-        if (byte != '\0') {
-            bytes += byte;
-            bytes += '\0';
-        }
+// The lyric of the only note of a score.
+std::string lyricOfBytes(const std::string& score) {
+    return songFrom(score).tracks.at(0).notes.at(0).lyric;
+}
+
+std::string readLyric(const std::string& text) {
+    return lyricOfBytes(scoreOf({noteOf("C4", 1, lyricOf(text))}));
+}
+
+TEST(Import, ReadsReferencesToCharacters) {
+    EXPECT_EQ(readLyric("r&apos;n&#39;b &#x3042;<![CDATA[&lt]]>"), "r'n'b あ&lt");
+}
+
+TEST(Import, TakesAsTextWhatIsNoReference) {
+    EXPECT_EQ(readLyric("rock & roll"), "rock & roll");
+    EXPECT_EQ(readLyric("&lambda;la"), "&lambda;la");
+    EXPECT_EQ(readLyric("la]]>la"), "la]]>la");
+}
+
+TEST(Import, MakesABlankOfCharactersThatNoSongCanHold) {
+    for (const auto* const character : {"&#x7F;", "\x7F", "&#1;", "\x01", "&#xFFFF;", "\uFFFE"}) {
+        EXPECT_EQ(readLyric("a" + std::string(character) + "b"), "a b") << character;
     }
-    EXPECT_EQ(linesOf(readSong(folder.write("wide.xml", bytes))), Lines{"0 1 C4 か*"});
+}
+
+TEST(Import, MarksReferencesToWhatIsNoCharacter) {
+    for (const auto* const character : {"&#xD800;", "&#xDFFF;", "&#x110000;"}) {
+        EXPECT_NE(readLyric("a" + std::string(character) + "b").find("\uFFFD"), std::string::npos)
+            << character;
+    }
+}
+
+TEST(Import, ReadsWhatStandsBeforeAScore) {
+    const auto score = scoreOf({noteOf("C4", 1, lyricOf("la"))});
+    for (const auto* const before :
+         {"\xEF\xBB\xBF", "<?xml version='1.0' encoding='UTF-8'?>\n",
+          "<!DOCTYPE score-partwise PUBLIC '-//Recordare//DTD MusicXML 4.0 Partwise//EN' "
+          "'http://www.musicxml.org/dtds/partwise.dtd'>\n",
+          "<!DOCTYPE a [<!ENTITY b 'c'>]><!-- a -- b -->\n"}) {
+        EXPECT_EQ(lyricOfBytes(before + score), "la") << before;
+    }
+}
+
+TEST(Import, ReadsScoresInANamespace) {
+    auto score = scoreOf({noteOf("C4", 1, lyricOf("la"))});
+    score.insert(score.find('>'), " xmlns='urn:x' xmlns:a='urn:y' a:b='c' a:b='d'");
+    EXPECT_EQ(lyricOfBytes(score), "la");
+}
+
+TEST(Import, ReadsScoresInLatin1) {
+    EXPECT_EQ(lyricOfBytes("<?xml version='1.0' encoding='ISO-8859-1'?>" +
+                           scoreOf({noteOf("C4", 1, lyricOf("\xE9t\xE9"))})),
+              "été");
+}
+
+// A text in ASCII in units of that many bytes, with its mark at the front; 'X' becomes `unit`.
+std::string wide(const std::string& ascii, std::size_t size, std::uint32_t unit) {
+    std::string bytes;
+    const auto add = [&bytes, size](std::uint32_t value) {
+        for (std::size_t i = 0; i < size; ++i) {
+            bytes += static_cast<char>(value >> (8 * i) & 0xFF);
+        }
+    };
+    add(0xFEFF);
+    for (const char letter : ascii) {
+        add(letter == 'X' ? unit : static_cast<unsigned char>(letter));
+    }
+    return bytes;
+}
+
+TEST(Import, ReadsScoresInUtf16AndUtf32) {
+    const auto score = scoreOf({noteOf("C4", 1, lyricOf("aXb"))});
+    EXPECT_EQ(lyricOfBytes(wide(score, 2, 0x304B)), "aかb");
+    EXPECT_EQ(lyricOfBytes(wide(score, 4, 0x1F600)), "a\U0001F600b");
+    for (const std::uint32_t half : {0xD800u, 0xDC00u}) {
+        EXPECT_NE(lyricOfBytes(wide(score, 2, half)), "");
+    }
+    for (const std::uint32_t other : {0xD800u, 0x110000u, 0xFFFFFFFFu, 1u}) {
+        EXPECT_NE(lyricOfBytes(wide(score, 4, other)), "");
+    }
 }
 
 TEST(Import, ReadsTheExampleSongs) {

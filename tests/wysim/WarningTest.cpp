@@ -274,6 +274,20 @@ TEST(Warning, TellsOfNotesOutsideOfMeasures) {
                                        "at line 6, column 2, and 1 more"});
 }
 
+TEST(Warning, TellsOfASecondScoreInTheFile) {
+    const auto score = scoreOf({noteOf("C4", 4)});
+    EXPECT_EQ(warningsOf(score + score),
+              Lines{"what follows the score is not read, at line 8, column 2"});
+}
+
+TEST(Warning, NamesTheMeasureOfAScoreInUtf16) {
+    std::string bytes("\xFF\xFE", 2);
+    for (const char letter : scoreOf({graceOf()})) {
+        bytes += {letter, '\0'};
+    }
+    EXPECT_EQ(warningsOf(bytes), Lines{"a grace note is not sung, in measure 1 of 'Voice'"});
+}
+
 } // namespace
 
 } // namespace wybeta::tests

@@ -2,11 +2,10 @@
 #include "wysim/song/JsonSong.h"
 
 #include "wysim/song/BadInput.h"
+#include "wysim/song/Text.h"
 
 #include <nlohmann/json.hpp>
 
-#include <algorithm>
-#include <cstddef>
 #include <limits>
 
 namespace wybeta::wysim::song {
@@ -18,18 +17,12 @@ using nlohmann::ordered_json;
 
 constexpr auto kFormat = "wysim song 1";
 
-std::string placeOf(const std::string& bytes, std::size_t offset) {
-    const auto before = bytes.substr(0, offset == 0 ? 0 : offset - 1);
-    const auto line = 1 + std::count(before.begin(), before.end(), '\n');
-    const auto column = before.size() - (before.rfind('\n') + 1) + 1;
-    return "at line " + std::to_string(line) + ", column " + std::to_string(column);
-}
-
 json parse(const std::string& bytes) {
     try {
         return json::parse(bytes);
     } catch (const json::parse_error& error) {
-        throw BadInput::expectedFound("well-formed JSON", "an error " + placeOf(bytes, error.byte));
+        const auto offset = error.byte == 0 ? 0 : error.byte - 1;
+        throw BadInput::expectedFound("well-formed JSON", "an error " + placeAt(bytes, offset));
     } catch (const json::out_of_range&) {
         throw BadInput::expectedFound("numbers that a song can hold", "one that is too large");
     }

@@ -45,7 +45,7 @@ public:
         song_.title = titleOf(score);
         const auto parts = partsOf(score);
         chooseTracks(parts);
-        warnOfStrayNotes();
+        warnOfStrays();
         progress_.start("reading", countMeasures(parts));
         for (const auto& part : parts) {
             if (takesAll_ || part.verses.count(verse_) != 0) {
@@ -136,7 +136,11 @@ private:
         }
     }
 
-    void warnOfStrayNotes() {
+    void warnOfStrays() {
+        const auto next = document_.root().next_sibling();
+        if (next) {
+            warnings_.add("what follows the score is not read", next);
+        }
         const auto isInPlace = "parent::measure/parent::part or parent::part/parent::measure";
         const auto strayNotes =
             document_.root().select_nodes(("//note[not(" + std::string(isInPlace) + ")]").c_str());

@@ -19,7 +19,7 @@ namespace {
 // Voices are optional where each staff has one.
 std::string voiceOf(xml_node note) {
     const auto voice = note.child("voice");
-    return voice ? textOf(voice) : "staff " + textOf(note.child("staff"));
+    return onOneLine(voice ? textOf(voice) : "staff " + textOf(note.child("staff")));
 }
 
 } // namespace

@@ -29,11 +29,13 @@ std::u32string withoutEnds(const std::u32string& text, std::u32string_view unwan
                : text.substr(first, text.find_last_not_of(unwanted) - first + 1);
 }
 
-std::u32string withSingleSpaces(std::string_view utf8) {
+std::u32string withSingleSpaces(std::string_view unchecked) {
+    // A reference to a character may stand for one that there is not.
+    const auto utf8 = utf8::replace_invalid(std::string(unchecked));
     std::u32string text;
     for (auto next = utf8.begin(); next != utf8.end();) {
         const char32_t character = utf8::next(next, utf8.end());
-        // XML allows U+007F, which no song can hold: it becomes a blank.
+        // What no song can hold becomes a blank.
         if (!isOneOf(character, kSpaces) && isTextCharacter(character)) {
             text += character;
         } else if (text.empty() || text.back() != U' ') {

@@ -1,9 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wysim/song/Text.h"
 
-#include <cstddef>
+#include <algorithm>
 
 namespace wybeta::wysim::song {
+
+std::string placeAt(std::string_view text, std::size_t offset) {
+    const auto before = text.substr(0, offset);
+    const auto line = 1 + std::count(before.begin(), before.end(), '\n');
+    const auto column = before.size() - (before.rfind('\n') + 1) + 1;
+    return "at line " + std::to_string(line) + ", column " + std::to_string(column);
+}
 
 std::string listOf(const std::vector<std::string>& texts) {
     std::string list;
