@@ -63,18 +63,29 @@ if(WYBETA_BUILD_SIMULATOR)
     add_header_package(cli11 CLI)
     add_header_package(nlohmann_json nlohmann)
 
-    set(PUGIXML_SOURCE_DIR ${PROJECT_SOURCE_DIR}/.deps/pugixml CACHE PATH
-        "Folder with the sources of pugixml")
-    if(NOT EXISTS ${PUGIXML_SOURCE_DIR}/src/pugixml.cpp)
-        message(FATAL_ERROR
-            "Expected pugixml in PUGIXML_SOURCE_DIR (\"${PUGIXML_SOURCE_DIR}\"), found none: run 'make setup'.")
-    endif()
+    # Sets VARIABLE to the folder with the sources of a library, which holds the file.
+    function(find_sources variable name file)
+        set(${variable} ${PROJECT_SOURCE_DIR}/.deps/${name} CACHE PATH
+            "Folder with the sources of ${name}")
+        if(NOT EXISTS ${${variable}}/${file})
+            message(FATAL_ERROR
+                "Expected ${name} in ${variable} (\"${${variable}}\"), found none: run 'make setup'.")
+        endif()
+    endfunction()
+
+    find_sources(PUGIXML_SOURCE_DIR pugixml src/pugixml.cpp)
     add_third_party(pugixml
         INCLUDE ${PUGIXML_SOURCE_DIR}/src
         SOURCES ${PUGIXML_SOURCE_DIR}/src/pugixml.cpp)
 
-    set(ZLIB_USE_STATIC_LIBS ON)
-    find_package(ZLIB REQUIRED GLOBAL)
+    # As much of zlib as its minizip needs for reading.
+    find_sources(ZLIB_SOURCE_DIR zlib contrib/minizip/unzip.c)
+    set(minizip_sources
+        adler32.c crc32.c inffast.c inflate.c inftrees.c zutil.c
+        contrib/minizip/ioapi.c contrib/minizip/unzip.c)
+    list(TRANSFORM minizip_sources PREPEND ${ZLIB_SOURCE_DIR}/)
+    add_third_party(minizip INCLUDE ${ZLIB_SOURCE_DIR} SOURCES ${minizip_sources})
+    target_compile_definitions(minizip PRIVATE NOUNCRYPT)
 endif()
 
 if(WYBETA_BUILD_TESTING)

@@ -24,9 +24,8 @@ namespace {
 using wysim::song::Song;
 
 Song readScore(const std::string& bytes) {
-    const bool isZip = bytes.compare(0, 2, "PK") == 0;
     wysim::terminal::Progress progress;
-    return wysim::song::songFromBytes(bytes, isZip ? ".mxl" : ".musicxml", {}, progress).song;
+    return wysim::song::songFromBytes(bytes, ".musicxml", {}, progress).song;
 }
 
 // Whether the time is one that every score of wysim can hold exactly.

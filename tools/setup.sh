@@ -8,9 +8,9 @@ cd "$(dirname "$0")/.."
 
 # The packages of each group of tasks.
 readonly -A packages=(
-    [build]="g++ cmake ninja-build make python3 xz-utils ca-certificates libutfcpp-dev"
+    [build]="g++ cmake ninja-build make python3 xz-utils bzip2 ca-certificates libutfcpp-dev"
     [windows]="g++-mingw-w64-x86-64-posix wine64"
-    [wysim]="libcli11-dev nlohmann-json3-dev zlib1g-dev libz-mingw-w64-dev"
+    [wysim]="libcli11-dev nlohmann-json3-dev"
     [tests]="googletest python3-pyelftools python3-pefile"
     [bench]="libbenchmark-dev"
     [fuzz]="clang-14 libclang-rt-14-dev"
@@ -64,5 +64,7 @@ elif [ ! -f "$VST3_SDK_DIR/pluginterfaces/base/funknown.h" ]; then
 fi
 
 if [[ " ${groups[*]} " == *" wysim "* ]]; then
-    tools/fetch-pugixml.sh "$PWD/.deps/pugixml"
+    for library in pugixml zlib; do
+        tools/fetch-library.sh $library "$PWD/.deps/$library"
+    done
 fi

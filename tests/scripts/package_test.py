@@ -38,7 +38,8 @@ def copy_project(copy: Path) -> None:
             shutil.copy2(item, copy)
     (copy / ".deps").mkdir()
     (copy / ".deps/vst3sdk").symlink_to(SDK)
-    (copy / ".deps/pugixml").symlink_to(PROJECT / ".deps/pugixml")
+    for library in ("pugixml", "zlib"):
+        (copy / ".deps" / library).symlink_to(PROJECT / ".deps" / library)
 
 
 def pack(project: Path, folder: Path, **environment: str) -> Path:

@@ -213,6 +213,13 @@ TEST(Import, ReadsCompressedScores) {
     EXPECT_EQ(linesIn("stored.mxl"), plain);
 }
 
+TEST(Import, ReadsCompressedScoresWithAnyName) {
+    const auto bytes = bytesOf(dataFile("compressed.mxl"));
+    EXPECT_EQ(linesOf(songFrom(bytes, ".xml")), linesIn("plain.musicxml"));
+    EXPECT_EQ(linesOf(songFrom(bytesOf(dataFile("plain.musicxml")), ".mxl")),
+              linesIn("plain.musicxml"));
+}
+
 // The lyric of the only note of a score.
 std::string lyricOfBytes(const std::string& score) {
     return songFrom(score).tracks.at(0).notes.at(0).lyric;

@@ -274,6 +274,23 @@ TEST(Warning, TellsOfNotesOutsideOfMeasures) {
                                        "at line 6, column 2, and 1 more"});
 }
 
+std::string replaced(std::string text, const std::string& old, const std::string& other) {
+    for (auto at = text.find(old); at != std::string::npos; at = text.find(old)) {
+        text.replace(at, old.size(), other);
+    }
+    return text;
+}
+
+TEST(Warning, TellsThatACompressedFileDoesNotNameItsScore) {
+    const auto bytes = replaced(bytesOf(dataFile("stored.mxl")), "META-INF/container.xml",
+                                "META-INF/xontainer.xml");
+    const auto opened = openBytes(bytes);
+    EXPECT_EQ(opened.warnings, Lines{"the zip file does not name its score; 'score.xml' is read"});
+    EXPECT_EQ(linesOf(opened.song).size(), 4u);
+    EXPECT_EQ(refusalOfBytes(replaced(bytes, "score.xml", "score.pdf")),
+              "expected a score in the zip file, found none");
+}
+
 TEST(Warning, TellsOfASecondScoreInTheFile) {
     const auto score = scoreOf({noteOf("C4", 4)});
     EXPECT_EQ(warningsOf(score + score),

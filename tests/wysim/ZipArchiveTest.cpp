@@ -8,6 +8,7 @@
 
 #include <cstddef>
 #include <string>
+#include <vector>
 
 namespace wybeta::tests {
 
@@ -40,6 +41,11 @@ TEST_F(ZipArchiveTest, UnpacksStoredAndDeflatedFiles) {
     EXPECT_EQ(unpackContainer(bytesOf(dataFile("stored.mxl"))), text);
 }
 
+TEST_F(ZipArchiveTest, NamesItsFiles) {
+    EXPECT_EQ(ZipArchive(bytes).names(),
+              (std::vector<std::string>{"META-INF/container.xml", "score.xml"}));
+}
+
 TEST_F(ZipArchiveTest, RefusesMoreThanTheLimit) {
     EXPECT_THROW(unpackContainer(bytes, 10), BadInput);
 }
@@ -59,6 +65,9 @@ TEST_F(ZipArchiveTest, RefusesASizeThatIsNotTrue) {
 
 TEST_F(ZipArchiveTest, RefusesAnOffsetOutsideTheFile) {
     constexpr std::size_t kOffset = 42;
+    EXPECT_THROW(
+        unpackContainer(withBytes(bytes, directoryOf(bytes) + kOffset, "\xFF\xFF\xFF\x7F")),
+        BadInput);
     EXPECT_THROW(
         unpackContainer(withBytes(bytes, directoryOf(bytes) + kOffset, "\xFF\xFF\xFF\xFF")),
         BadInput);

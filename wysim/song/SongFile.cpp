@@ -2,11 +2,10 @@
 #include "wysim/song/SongFile.h"
 
 #include "wysim/song/BadInput.h"
+#include "wysim/song/CompressedScore.h"
 #include "wysim/song/JsonSong.h"
 #include "wysim/song/MusicXmlReader.h"
 #include "wysim/song/MusicXmlWriter.h"
-#include "wysim/song/XmlDocument.h"
-#include "wysim/song/ZipArchive.h"
 
 #include <cctype>
 #include <cstdint>
@@ -36,20 +35,10 @@ std::string readBytes(const fs::path& path) {
     }
     std::string bytes(static_cast<std::size_t>(size), '\0');
     file.seekg(0);
-    if (!file.read(bytes.data(), size)) {
+    if (!file.read(bytes.data(), static_cast<std::streamsize>(size))) {
         throw BadInput::expectedFound("a file that can be read", "an error while reading it");
     }
     return bytes;
-}
-
-// A compressed score names its main file in a container file.
-std::string unpackScore(const std::string& bytes) {
-    const ZipArchive archive(bytes);
-    const auto container = archive.unpack("META-INF/container.xml", kLargestSongFile);
-    const XmlDocument document(container);
-    const std::string score =
-        document.root().child("rootfiles").child("rootfile").attribute("full-path").value();
-    return archive.unpack(score, kLargestSongFile);
 }
 
 bool isMusicXml(const std::string& ending) {
@@ -93,7 +82,13 @@ OpenedSong songFromBytes(const std::string& bytes, const std::string& ending,
     if (ending == ".json") {
         return {songFromJson(bytes), {}};
     }
-    return songFromMusicXml(ending == ".mxl" ? unpackScore(bytes) : bytes, verse, progress);
+    if (!isCompressed(bytes)) {
+        return songFromMusicXml(bytes, verse, progress);
+    }
+    auto score = unpackScore(bytes, kLargestSongFile);
+    auto opened = songFromMusicXml(score.bytes, verse, progress);
+    opened.warnings.insert(opened.warnings.begin(), score.warnings.begin(), score.warnings.end());
+    return opened;
 }
 
 OpenedSong readSongFile(const fs::path& path, std::optional<int> verse,

@@ -15,8 +15,8 @@ namespace wybeta::wysim::song {
 
 constexpr std::size_t kLargestSongFile = std::size_t{256} * 1024 * 1024;
 
-// A song from what a file with that ending holds: .json, .mxl (a compressed score), or any other
-// for a score. The verse matters to scores only; none leaves the choice to the
+// A song from what a file with that ending holds: .json, or any other for a score, which may be
+// compressed. The verse matters to scores only; none leaves the choice to the
 // reader. Throws BadInput, saying where.
 OpenedSong songFromBytes(const std::string& bytes, const std::string& ending,
                          std::optional<int> verse, terminal::Progress& progress);
