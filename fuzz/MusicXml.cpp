@@ -9,6 +9,7 @@
 #include "wysim/song/MusicXmlWriter.h"
 #include "wysim/song/Song.h"
 #include "wysim/song/SongFile.h"
+#include "wysim/song/Time.h"
 #include "wysim/terminal/Progress.h"
 
 #include <cmath>
@@ -31,7 +32,7 @@ Song readScore(const std::string& bytes) {
 // Whether the time is one that every score of wysim can hold exactly.
 bool isOnGrid(double time) {
     const double ticks = time * 480;
-    return std::abs(ticks - std::round(ticks)) < 1e-6;
+    return wysim::song::isSameTime(ticks, std::round(ticks));
 }
 
 // Times beyond the grid are rounded in a score, and a long song takes too long to write.

@@ -4,7 +4,8 @@
 #include "tests/Options.h"
 #include "wysim/program/Program.h"
 #include "wysim/song/BadInput.h"
-#include "wysim/song/Numbers.h"
+#include "wysim/song/NumberText.h"
+#include "wysim/song/Pitch.h"
 #include "wysim/song/SongFile.h"
 #include "wysim/terminal/Progress.h"
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wysim/picture/NoteText.h"
 
+#include "wysim/terminal/CharacterWidth.h"
+
 #include <utf8cpp/utf8.h>
 
 namespace wybeta::wysim::picture {
@@ -13,15 +15,14 @@ NoteText::NoteText(std::string_view text) : lyric(text) {
     }
 }
 
-double widthOf(std::string_view utf8) {
-    constexpr char32_t kFirstSquare = 0x1100; // from Hangul on
+double drawnWidth(std::string_view utf8) {
     double width = 0;
     for (auto next = utf8.begin(); next != utf8.end();) {
         const auto character = utf8::next(next, utf8.end());
         const auto isOneOf = [character](std::u32string_view set) {
             return set.find(character) != std::u32string_view::npos;
         };
-        width += character >= kFirstSquare   ? 1
+        width += terminal::isWide(character) ? 1
                  : isOneOf(U" .,'Iijlfrt[]") ? 0.36
                  : isOneOf(U"mwMW")          ? 0.9
                                              : 0.6;

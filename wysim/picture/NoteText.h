@@ -15,6 +15,6 @@ struct NoteText {
 };
 
 // How wide a text is drawn, in units of its font size.
-double widthOf(std::string_view utf8);
+double drawnWidth(std::string_view utf8);
 
 } // namespace wybeta::wysim::picture

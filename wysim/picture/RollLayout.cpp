@@ -2,6 +2,7 @@
 #include "wysim/picture/RollLayout.h"
 
 #include "wysim/picture/NoteText.h"
+#include "wysim/song/Time.h"
 
 #include <algorithm>
 #include <cmath>
@@ -25,8 +26,8 @@ void addNeeds(const song::SongTrack& track, std::vector<double>& needs) {
     const auto& notes = track.notes;
     for (std::size_t i = 0; i < notes.size(); ++i) {
         const NoteText text(notes[i].lyric);
-        const double width =
-            std::max(kLyricSize * widthOf(text.lyric), kSyllableSize * widthOf(text.syllable));
+        const double width = std::max(kLyricSize * drawnWidth(text.lyric),
+                                      kSyllableSize * drawnWidth(text.syllable));
         const double next =
             i + 1 < notes.size() ? notes[i + 1].start : notes[i].start + notes[i].length;
         needs.push_back((width + kTextGap) / (next - notes[i].start));
@@ -74,8 +75,7 @@ double RollLayout::rowHeight() const {
 }
 
 std::int64_t RollLayout::rowOf(double time) const {
-    constexpr double kNearly = 1e-6;
-    return static_cast<std::int64_t>(std::floor((time - origin_) / rowLength_ + kNearly));
+    return static_cast<std::int64_t>(song::wholeOf((time - origin_) / rowLength_));
 }
 
 double RollLayout::startOf(std::int64_t row) const {

@@ -3,7 +3,9 @@
 
 #include "wysim/picture/NoteText.h"
 #include "wysim/picture/RollLayout.h"
-#include "wysim/song/Numbers.h"
+#include "wysim/song/NumberText.h"
+#include "wysim/song/Pitch.h"
+#include "wysim/song/Time.h"
 
 #include <pugixml.hpp>
 
@@ -72,9 +74,9 @@ void addFittingText(xml_node parent, double x, double y, const char* kind, const
         return;
     }
     auto element = addText(parent, x, y, kind, text);
-    const double fitting = std::max(std::min(size, room / widthOf(text)), kSmallestText);
+    const double fitting = std::max(std::min(size, room / drawnWidth(text)), kSmallestText);
     set(element, "font-size", pixels(fitting));
-    if (widthOf(text) * fitting > room) {
+    if (drawnWidth(text) * fitting > room) {
         set(element, "textLength", pixels(room));
         set(element, "lengthAdjust", "spacingAndGlyphs");
     }
@@ -113,7 +115,7 @@ std::map<std::int64_t, std::vector<std::size_t>> rowsOf(const song::SongTrack& t
     for (std::size_t i = 0; i < track.notes.size(); ++i) {
         const auto& note = track.notes[i];
         for (auto row = layout.rowOf(note.start);
-             layout.startOf(row) < note.start + note.length - 1e-6; ++row) {
+             song::isBefore(layout.startOf(row), note.start + note.length); ++row) {
             rows[row].push_back(i);
         }
     }

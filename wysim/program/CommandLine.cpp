@@ -2,7 +2,7 @@
 #include "wysim/program/CommandLine.h"
 
 #include "wysim/song/BadInput.h"
-#include "wysim/song/Numbers.h"
+#include "wysim/song/NumberText.h"
 #include "wysim/song/SongFile.h"
 
 #include <CLI/CLI.hpp>

@@ -4,7 +4,8 @@
 #include "wysim/picture/SongPicture.h"
 #include "wysim/session/SongChanges.h"
 #include "wysim/song/BadInput.h"
-#include "wysim/song/Numbers.h"
+#include "wysim/song/NumberText.h"
+#include "wysim/song/Pitch.h"
 #include "wysim/song/SongFile.h"
 #include "wysim/terminal/TextTable.h"
 

@@ -2,6 +2,7 @@
 #include "wysim/song/CompressedScore.h"
 
 #include "wysim/song/BadInput.h"
+#include "wysim/song/Text.h"
 #include "wysim/song/XmlDocument.h"
 #include "wysim/song/ZipArchive.h"
 
@@ -41,7 +42,7 @@ UnpackedScore unpackScore(const std::string& bytes, std::size_t limit) {
         throw BadInput::expectedFound("a score in the zip file", "none");
     }
     return {archive.unpack(*score, limit),
-            {"the zip file does not name its score; '" + *score + "' is read"}};
+            {"the zip file does not name its score; " + inQuotes(*score) + " is read"}};
 }
 
 } // namespace wybeta::wysim::song

@@ -35,7 +35,7 @@ const json& member(const json& object, const char* name, bool (json::*isRight)()
     }
     const auto found = object.find(name);
     if (found == object.end() || !((*found).*isRight)()) {
-        throw BadInput::expectedFound(kind + std::string(" as '") + name + "'",
+        throw BadInput::expectedFound(kind + std::string(" as ") + inQuotes(name),
                                       found == object.end() ? "none" : found->type_name());
     }
     return *found;
@@ -93,8 +93,7 @@ SongTrack readTrack(const json& object) {
 
 Song readSong(const json& object) {
     if (const auto format = text(object, "format"); format != kFormat) {
-        throw BadInput::expectedFound(std::string("the format '") + kFormat + "'",
-                                      "'" + format + "'");
+        throw BadInput::expectedFound("the format " + inQuotes(kFormat), inQuotes(format));
     }
     Song song;
     song.title = text(object, "title");

@@ -40,7 +40,7 @@ public:
         const std::string kind = score.name();
         if (kind != "score-partwise" && kind != "score-timewise") {
             throw BadInput::expectedFound("a MusicXML score, 'score-partwise' or 'score-timewise'",
-                                          "'" + kind + "'");
+                                          inQuotes(kind));
         }
         song_.title = titleOf(score);
         const auto parts = partsOf(score);
@@ -51,7 +51,7 @@ public:
             if (takesAll_ || part.verses.count(verse_) != 0) {
                 readPart(part);
             } else if (part.hasNotes) {
-                leftOut_.push_back("'" + part.name + "'");
+                leftOut_.push_back(inQuotes(part.name));
             }
         }
         progress_.finish();
@@ -112,7 +112,7 @@ private:
                 song_.tracks.push_back(
                     {areMany ? ownName : name, voice.second.takeNotes(warnings_)});
             } else {
-                leftOut_.push_back("'" + ownName + "'");
+                leftOut_.push_back(inQuotes(ownName));
             }
         }
         if (voices.empty()) {

@@ -2,7 +2,7 @@
 #include "wysim/song/MusicXmlWriter.h"
 
 #include "wysim/song/NoteValue.h"
-#include "wysim/song/Numbers.h"
+#include "wysim/song/Pitch.h"
 #include "wysim/song/ScoreLyric.h"
 
 #include <pugixml.hpp>

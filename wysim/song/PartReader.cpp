@@ -2,8 +2,11 @@
 #include "wysim/song/PartReader.h"
 
 #include "wysim/song/BadInput.h"
-#include "wysim/song/Numbers.h"
+#include "wysim/song/NumberText.h"
+#include "wysim/song/Pitch.h"
 #include "wysim/song/ScoreElements.h"
+#include "wysim/song/Text.h"
+#include "wysim/song/Time.h"
 
 #include <algorithm>
 #include <cmath>
@@ -203,9 +206,8 @@ void PartReader::checkPlaced(const SongNote& note, xml_node element) const {
 }
 
 void PartReader::goBack(xml_node backup) {
-    constexpr double kNearly = 1e-6;
     const double time = now_ - distanceOf(backup);
-    if (time < start_ - kNearly) {
+    if (isBefore(time, start_)) {
         warnings_.add("a backup beyond the start of its measure goes to that start", backup);
     }
     now_ = std::max(time, start_);
@@ -244,7 +246,7 @@ double PartReader::number(xml_node element, xml_node near) const {
     const auto value = parseNumber(textOf(element));
     if (!value) {
         throw BadInput::expectedFound(std::string("a number as ") + element.name(),
-                                      "'" + textOf(element) + "'" + document_.place(near));
+                                      inQuotes(textOf(element)) + document_.place(near));
     }
     return *value;
 }

@@ -3,7 +3,7 @@
 
 #include "wysim/song/MusicXmlWriter.h"
 #include "wysim/song/NoteValue.h"
-#include "wysim/song/Numbers.h"
+#include "wysim/song/NumberText.h"
 
 #include <optional>
 #include <sstream>

@@ -1,19 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wysim/song/ScoreVoice.h"
 
+#include "wysim/song/Time.h"
+
 #include <algorithm>
-#include <cmath>
 #include <cstddef>
 #include <utility>
 
 namespace wybeta::wysim::song {
 
 namespace {
-
-// Times are sums of fractions of a quarter note.
-bool isSameTime(double a, double b) {
-    return std::abs(a - b) < 1e-6;
-}
 
 void takeSyllable(ScoreNote& to, ScoreNote& from) {
     if (to.syllable.text.empty()) {

@@ -2,6 +2,7 @@
 #include "wysim/song/ScoreWarnings.h"
 
 #include "wysim/song/ScoreLyric.h"
+#include "wysim/song/Text.h"
 
 #include <algorithm>
 #include <string_view>
@@ -38,7 +39,7 @@ std::string ScoreWarnings::placeOf(xml_node element) const {
     }
     const auto number = onOneLine(measure.attribute("number").value());
     const auto measureText = number.empty() ? std::string() : "measure " + number + " of ";
-    return "," + (part_.empty() ? "" : " in " + measureText + "'" + part_ + "'") +
+    return "," + (part_.empty() ? "" : " in " + measureText + inQuotes(part_)) +
            document_.place(element);
 }
 

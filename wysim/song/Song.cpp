@@ -2,19 +2,17 @@
 #include "wysim/song/Song.h"
 
 #include "wysim/song/BadInput.h"
-#include "wysim/song/Numbers.h"
+#include "wysim/song/NumberText.h"
+#include "wysim/song/Time.h"
 
 #include <utf8cpp/utf8.h>
 
 #include <algorithm>
-#include <cmath>
 
 namespace wybeta::wysim::song {
 
 namespace {
 
-// Times are sums of fractions of a quarter note: what is nearly equal is meant to be equal.
-constexpr double kNearly = 1e-6;
 constexpr int kShortestBeatType = 256;
 constexpr double kShortestMeasure = 0.5;
 
@@ -52,7 +50,7 @@ double endOf(const Song& song) {
 
 double measureAfter(const Song& song, double time) {
     const double length = song.time.measureLength();
-    return song.pickup + length * (std::floor((time - song.pickup) / length + kNearly) + 1);
+    return song.pickup + length * (wholeOf((time - song.pickup) / length) + 1);
 }
 
 bool isTimeSignature(const TimeSignature& time) {
@@ -99,7 +97,7 @@ void checkTime(const Song& song) {
 }
 
 bool overlap(const SongNote& first, const SongNote& second) {
-    return second.start < first.start + first.length - kNearly;
+    return isBefore(second.start, first.start + first.length);
 }
 
 void checkSong(const Song& song) {

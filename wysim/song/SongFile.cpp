@@ -6,6 +6,7 @@
 #include "wysim/song/JsonSong.h"
 #include "wysim/song/MusicXmlReader.h"
 #include "wysim/song/MusicXmlWriter.h"
+#include "wysim/song/Text.h"
 
 #include <cctype>
 #include <cstdint>
@@ -43,10 +44,6 @@ std::string readBytes(const fs::path& path) {
 
 bool isMusicXml(const std::string& ending) {
     return ending == ".musicxml" || ending == ".xml";
-}
-
-std::string quoted(const std::string& ending) {
-    return ending.empty() ? "no ending" : "'" + ending + "'";
 }
 
 // The file that a symbolic link leads to; any other path as it is.
@@ -97,7 +94,7 @@ OpenedSong readSongFile(const fs::path& path, std::optional<int> verse,
         const auto ending = endingOf(path);
         if (ending != ".json" && ending != ".mxl" && !isMusicXml(ending)) {
             throw BadInput::expectedFound("a name that ends in .musicxml, .xml, .mxl or .json",
-                                          quoted(ending));
+                                          inQuotes(ending, "no ending"));
         }
         return songFromBytes(readBytes(path), ending, verse, progress);
     } catch (const BadInput& error) {
@@ -117,7 +114,7 @@ std::string songFileText(const fs::path& path, const Song& song) {
         return musicXmlFromSong(song);
     }
     throw BadInput::expectedFound("a name that ends in .json, .musicxml, .xml or .svg",
-                                  quoted(ending));
+                                  inQuotes(ending, "no ending"));
 }
 
 void expectOtherFile(const fs::path& path, const fs::path& song) {

@@ -8,6 +8,12 @@
 
 namespace wybeta::wysim::song {
 
+// Without the white space around it.
+std::string_view trimmed(std::string_view text);
+
+// What a person gave, for a message: 'this'; or what stands for a text that is empty.
+std::string inQuotes(std::string_view text, const char* ifEmpty = "nothing");
+
 // "at line 3, column 7": where the byte at an offset stands in a text.
 std::string placeAt(std::string_view text, std::size_t offset);
 

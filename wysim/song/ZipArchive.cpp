@@ -2,6 +2,7 @@
 #include "wysim/song/ZipArchive.h"
 
 #include "wysim/song/BadInput.h"
+#include "wysim/song/Text.h"
 
 #include <contrib/minizip/unzip.h>
 
@@ -88,24 +89,24 @@ std::vector<std::string> ZipArchive::names() const {
 }
 
 std::string ZipArchive::unpack(const std::string& name, std::size_t limit) const {
-    const auto quoted = "'" + name + "'";
     unz_file_info64 info{};
     if (unzLocateFile(archive_.get(), name.c_str(), kHeedCase) != UNZ_OK ||
         unzGetCurrentFileInfo64(archive_.get(), &info, nullptr, 0, nullptr, 0, nullptr, 0) !=
             UNZ_OK) {
-        throw BadInput::expectedFound(quoted + " in the zip file", "no such file");
+        throw BadInput::expectedFound(inQuotes(name) + " in the zip file", "no such file");
     }
     if (!isStoredOrDeflated(info)) {
-        throw BadInput::expectedFound(quoted + " stored or deflated in the zip file",
+        throw BadInput::expectedFound(inQuotes(name) + " stored or deflated in the zip file",
                                       "it encrypted or packed otherwise");
     }
     if (info.uncompressed_size > limit) {
-        throw BadInput::expectedFound("at most " + std::to_string(limit) + " bytes in " + quoted,
+        throw BadInput::expectedFound("at most " + std::to_string(limit) + " bytes in " +
+                                          inQuotes(name),
                                       std::to_string(info.uncompressed_size));
     }
     auto text = readCurrent(archive_.get());
     if (unzCloseCurrentFile(archive_.get()) != UNZ_OK || text.size() != info.uncompressed_size) {
-        throw BadInput::expectedFound(quoted + " undamaged in the zip file",
+        throw BadInput::expectedFound(inQuotes(name) + " undamaged in the zip file",
                                       "other contents than its header states");
     }
     return text;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wysim/terminal/TextTable.h"
 
+#include "wysim/terminal/CharacterWidth.h"
+
 #include <utf8cpp/utf8.h>
 
 #include <algorithm>
@@ -11,17 +13,12 @@ namespace wybeta::wysim::terminal {
 
 namespace {
 
-// The scripts from Hangul on fill two columns of a terminal.
-bool isWide(char32_t character) {
-    return character >= 0x1100;
-}
-
-std::size_t widthOf(const std::string& utf8) {
-    std::size_t width = 0;
+std::size_t columnsOf(const std::string& utf8) {
+    std::size_t columns = 0;
     for (auto next = utf8.begin(); next != utf8.end();) {
-        width += isWide(utf8::next(next, utf8.end())) ? 2 : 1;
+        columns += isWide(utf8::next(next, utf8.end())) ? 2 : 1;
     }
-    return width;
+    return columns;
 }
 
 std::string withoutTrailingSpace(std::string line) {
@@ -39,14 +36,14 @@ std::string TextTable::text() const {
     std::vector<std::size_t> widths(rows_.front().size());
     for (const auto& row : rows_) {
         for (std::size_t i = 0; i < row.size(); ++i) {
-            widths[i] = std::max(widths[i], widthOf(row[i]));
+            widths[i] = std::max(widths[i], columnsOf(row[i]));
         }
     }
     std::string text;
     for (const auto& row : rows_) {
         std::string line;
         for (std::size_t i = 0; i < row.size(); ++i) {
-            line += "  " + row[i] + std::string(widths[i] - widthOf(row[i]), ' ');
+            line += "  " + row[i] + std::string(widths[i] - columnsOf(row[i]), ' ');
         }
         text += withoutTrailingSpace(line) + "\n";
     }

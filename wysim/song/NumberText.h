@@ -15,9 +15,4 @@ std::string formatNumber(double value);
 std::optional<double> parseNumber(std::string_view text);
 std::optional<int> parseInteger(std::string_view text);
 
-// A pitch in semitones as a musician writes it: 60 is "C4", 61 "C#4".
-std::string formatPitch(int pitch);
-// Reads "C4", "c#4", "Bb3" or a number of semitones.
-std::optional<int> parsePitch(std::string_view text);
-
 } // namespace wybeta::wysim::song

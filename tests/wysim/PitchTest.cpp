@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "wysim/song/Numbers.h"
+#include "wysim/song/Pitch.h"
 
 #include <gtest/gtest.h>
 
@@ -11,22 +11,7 @@ namespace {
 
 using namespace wysim::song;
 
-TEST(Numbers, AreWrittenWithoutNeedlessDigits) {
-    EXPECT_EQ(formatNumber(2), "2");
-    EXPECT_EQ(formatNumber(0.5), "0.5");
-    EXPECT_EQ(formatNumber(99999), "99999");
-}
-
-TEST(Numbers, AreWholeTextsOnly) {
-    EXPECT_EQ(parseNumber(" 1.5\n"), 1.5);
-    EXPECT_EQ(parseInteger("-7"), -7);
-    for (const auto* const text : {"", " ", "1x", "x", "1 2", "--1", "+-1", "0x1", "1e999"}) {
-        EXPECT_EQ(parseNumber(text), std::nullopt) << text;
-        EXPECT_EQ(parseInteger(text), std::nullopt) << text;
-    }
-}
-
-TEST(Numbers, NamePitchesAsMusiciansDo) {
+TEST(Pitch, IsNamedAsMusiciansDo) {
     EXPECT_EQ(formatPitch(60), "C4");
     EXPECT_EQ(formatPitch(0), "C-1");
     EXPECT_EQ(parsePitch("C4"), 60);
