@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tests/TestName.h"
+#include "tests/wysim/SmallScores.h"
 #include "tests/wysim/SongFixture.h"
 #include "wysim/song/BadInput.h"
 #include "wysim/song/JsonSong.h"
@@ -7,9 +7,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <filesystem>
-#include <ostream>
 #include <string>
 
 namespace wybeta::tests {
@@ -18,35 +18,27 @@ namespace {
 
 using wysim::song::BadInput;
 
-struct Refused {
-    const char* file;
-    const char* sentence;
-};
-
-void PrintTo(const Refused& refused, std::ostream* out) {
-    *out << refused.file;
+TEST(Refusal, NamesTheFile) {
+    const TemporaryFolder folder;
+    const auto song = folder.write("song.xml", "<opus/>");
+    EXPECT_EQ(refusalOf(song), song.u8string() + ": expected a MusicXML score, 'score-partwise' or "
+                                                 "'score-timewise', found 'opus'");
 }
 
-class RefusedFile : public testing::TestWithParam<Refused> {};
-
-TEST_P(RefusedFile, IsRefusedWithWhatAndWhere) {
-    const auto path = dataFile(GetParam().file);
-    EXPECT_EQ(refusalOf(path), path.u8string() + ": " + GetParam().sentence);
+TEST(Refusal, OfAFileThatCannotBeRead) {
+    const TemporaryFolder folder;
+    const auto missing = folder.file("missing.musicxml");
+    EXPECT_EQ(refusalOf(missing),
+              missing.u8string() + ": expected a file that can be read, found none");
+    std::filesystem::create_directory(missing);
+    EXPECT_EQ(refusalOf(missing), missing.u8string() + ": expected a file, found a folder");
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Import, RefusedFile,
-    testing::Values(
-        Refused{"cut-short.musicxml", "expected well-formed XML, found error parsing start element "
-                                      "tag at line 11, column 14"},
-        Refused{"no-pitch.musicxml",
-                "expected a note with a pitch, found none at line 9, column 8"},
-        Refused{"no-duration.musicxml", "expected a number as duration, found 'long' at "
-                                        "line 9, column 8"},
-        Refused{"missing.musicxml", "expected a file that can be read, found none"},
-        Refused{".", "expected a name that ends in .musicxml, .xml, .mxl or .json, found no "
-                     "ending"}),
-    [](const auto& test) { return testNameOf(test.param.file); });
+TEST(Refusal, OfAFileWithAnotherEnding) {
+    const std::string expected = ": expected a name that ends in .musicxml, .xml, .mxl or .json, ";
+    EXPECT_EQ(refusalOf("song"), "song" + expected + "found no ending");
+    EXPECT_EQ(refusalOf("song.mid"), "song.mid" + expected + "found '.mid'");
+}
 
 TEST(Refusal, OfALargeFileComesWithoutReadingIt) {
     const TemporaryFolder folder;
@@ -56,48 +48,77 @@ TEST(Refusal, OfALargeFileComesWithoutReadingIt) {
               std::string::npos);
 }
 
-std::string scoreWith(const std::string& note) {
-    return "<score-partwise><part id='P1'><measure>" + note + "</measure></part></score-partwise>";
-}
-
-std::string noteWith(const std::string& lyric) {
-    return "<note><pitch><step>C</step><octave>4</octave></pitch><duration>1</duration><lyric>"
-           "<text>" +
-           lyric + "</text></lyric></note>";
+std::string scoreWithLyric(const std::string& text) {
+    return scoreOf({noteOf("C4", 1, lyricOf(text))});
 }
 
 TEST(Refusal, OfXmlThatCannotBeRead) {
-    ASSERT_EQ(refusalOfBytes(scoreWith(noteWith("la"))), "");
+    ASSERT_EQ(refusalOfBytes(scoreWithLyric("la")), "");
     const std::string expected = "expected well-formed XML, found ";
-    EXPECT_EQ(refusalOfBytes(scoreWith(noteWith("a < b"))),
-              expected + "could not determine tag type at line 1, column 131");
-    EXPECT_EQ(refusalOfBytes(scoreWith(noteWith("</lyric>"))),
-              expected + "start-end tags mismatch at line 1, column 130");
-    EXPECT_EQ(refusalOfBytes(scoreWith(noteWith(std::string(1, '\0')))),
-              expected + "start-end tags mismatch at line 1, column 128");
+    EXPECT_EQ(refusalOfBytes(scoreWithLyric("a < b")),
+              expected + "could not determine tag type at line 4, column 103");
+    EXPECT_EQ(refusalOfBytes(scoreWithLyric("</lyric>")),
+              expected + "start-end tags mismatch at line 4, column 102");
+    EXPECT_EQ(refusalOfBytes(scoreWithLyric(std::string(1, '\0'))),
+              expected + "start-end tags mismatch at line 4, column 100");
     EXPECT_EQ(refusalOfBytes(""), expected + "no element at line 1, column 1");
-    EXPECT_EQ(refusalOfBytes(scoreWith("\n" + noteWith("\xFF"))),
-              "expected a text in UTF-8, found other bytes at line 2, column 89");
+    EXPECT_EQ(refusalOfBytes(scoreWithLyric("\xFF")),
+              "expected a text in UTF-8, found other bytes at line 4, column 100");
 }
 
-TEST(Refusal, OfValuesThatNoSongCanHold) {
-    const auto withDuration = [](const std::string& duration) {
-        auto note = noteWith("la");
-        return scoreWith(note.replace(note.find(">1<") + 1, 1, duration));
+TEST(Refusal, OfAScoreThatIsCutShort) {
+    const auto score = scoreOf({noteOf("C4", 4)});
+    EXPECT_EQ(refusalOfBytes(score.substr(0, score.find("ation>"))),
+              "expected well-formed XML, found error parsing start element tag at line 4, column "
+              "57");
+}
+
+// What the one note of a score is refused for, without where.
+std::string refusalOfNote(const std::string& old, const std::string& other) {
+    auto note = noteOf("C4", 1);
+    note.replace(note.find(old), old.size(), other);
+    auto sentence = refusalOfBytes(scoreOf({note}));
+    const std::string place = " at line 4, column 2";
+    const auto end = sentence.size() - std::min(sentence.size(), place.size());
+    EXPECT_EQ(sentence.substr(end), place);
+    return sentence.erase(end);
+}
+
+TEST(Refusal, OfPitchesThatCannotBeRead) {
+    const std::string noPitch = "expected a note with a pitch, found none";
+    EXPECT_EQ(refusalOfNote(">C<", ">H<"), noPitch);
+    EXPECT_EQ(refusalOfNote(">C<", ">CC<"), noPitch);
+    EXPECT_EQ(refusalOfNote("<step>C</step>", ""), noPitch);
+    for (const auto* const octave : {"10", "-2", "99999999999", "x", ""}) {
+        EXPECT_EQ(refusalOfNote("e>4<", "e>" + std::string(octave) + "<"), noPitch);
+    }
+    EXPECT_EQ(refusalOfNote("<octave>4", "<alter>1e9</alter><octave>4"), noPitch);
+    EXPECT_EQ(refusalOfNote(">C</step><octave>4", ">B</step><octave>9"),
+              "expected a pitch from 0 to 127, found 131");
+}
+
+TEST(Refusal, OfDurationsThatCannotBeRead) {
+    for (const auto* const duration : {"long", "nan", "inf", "1 2", "0x"}) {
+        EXPECT_EQ(refusalOfNote(">1<", ">" + std::string(duration) + "<"),
+                  "expected a number as duration, found '" + std::string(duration) + "'");
+    }
+    EXPECT_EQ(refusalOfNote(">1<", ">-1<"), "expected a duration of 0 or more, found -1");
+    EXPECT_EQ(refusalOfNote(">1<", ">1e300<"),
+              "expected a time up to 1000000 quarter notes, found one beyond");
+}
+
+TEST(Refusal, OfNumbersThatCannotBeRead) {
+    const auto attributes = [](const std::string& element) {
+        return refusalOfBytes(scoreOf({"<attributes>" + element + "</attributes>"}));
     };
-    EXPECT_EQ(refusalOfBytes(withDuration("2")), "");
-    for (const auto* const duration : {"-1", "1e300", "nan", "inf", "1 2", "0x"}) {
-        EXPECT_NE(refusalOfBytes(withDuration(duration)), "") << duration;
-    }
-    for (const auto* const octave : {"10", "-2", "99999999999", "x"}) {
-        auto note = noteWith("la");
-        note.replace(note.find(">4<") + 1, 1, octave);
-        EXPECT_NE(refusalOfBytes(scoreWith(note)), "") << octave;
-    }
-    EXPECT_EQ(refusalOfBytes(scoreWith("<attributes><transpose><chromatic>200</chromatic>"
-                                       "</transpose></attributes>")),
-              "expected a transposition of at most 127 semitones, found 200 at line 1, column 53");
-    EXPECT_NE(refusalOfBytes(scoreWith("<attributes><divisions>0</divisions></attributes>")), "");
+    EXPECT_EQ(attributes("<divisions>0</divisions>"),
+              "expected divisions above 0, found 0 at line 4, column 14");
+    EXPECT_EQ(attributes("<divisions/>"),
+              "expected a number as divisions, found nothing at line 4, column 14");
+    EXPECT_EQ(attributes("<transpose><chromatic>x</chromatic></transpose>"),
+              "expected a number as chromatic, found 'x' at line 4, column 25");
+    EXPECT_EQ(attributes("<transpose><octave-change>11</octave-change></transpose>"),
+              "expected a transposition of at most 127 semitones, found 132 at line 4, column 14");
 }
 
 // An error or a song, whatever a file holds; anything else would end the test program.
@@ -164,11 +185,6 @@ TEST(Refusal, OfJsonSaysWhere) {
               "expected a time signature such as 4/4, found 0/4");
 }
 
-TEST(Refusal, OfOtherXmlThanAScore) {
-    EXPECT_EQ(refusalOfBytes("<opus/>"), "expected a MusicXML score, 'score-partwise' or "
-                                         "'score-timewise', found 'opus'");
-}
-
 TEST(Refusal, OfAScoreWithoutParts) {
     EXPECT_EQ(refusalOfBytes("<score-partwise/>"), "expected a song with a track, found none");
 }
@@ -184,7 +200,7 @@ TEST(Refusal, OfDeepNestingIsNoOverflow) {
     }
     EXPECT_NE(refusalOfBytes(begins), "");
     EXPECT_NE(refusalOfBytes(begins + ends), "");
-    EXPECT_EQ(refusalOfBytes(scoreWith(begins + noteWith("la") + ends)), "");
+    EXPECT_EQ(refusalOfBytes(scoreOf({begins + noteOf("C4", 1) + ends + noteOf("D4", 1)})), "");
 }
 
 } // namespace

@@ -46,8 +46,33 @@ TEST_F(ZipArchiveTest, NamesItsFiles) {
               (std::vector<std::string>{"META-INF/container.xml", "score.xml"}));
 }
 
+// What is wrong with the container file of an archive.
+std::string refusalOf(const std::string& bytes, std::size_t limit = 1000) {
+    try {
+        unpackContainer(bytes, limit);
+        return {};
+    } catch (const BadInput& error) {
+        return error.what();
+    }
+}
+
+constexpr auto kDamaged = "expected 'META-INF/container.xml' undamaged in the zip file, found "
+                          "other contents than its header states";
+constexpr auto kNoArchive = "expected a zip file, found none, or one that is damaged";
+
 TEST_F(ZipArchiveTest, RefusesMoreThanTheLimit) {
-    EXPECT_THROW(unpackContainer(bytes, 10), BadInput);
+    EXPECT_EQ(refusalOf(bytes, 119), "");
+    EXPECT_EQ(refusalOf(bytes, 118),
+              "expected at most 118 bytes in 'META-INF/container.xml', found 119");
+}
+
+TEST_F(ZipArchiveTest, RefusesAFileThatItDoesNotHold) {
+    try {
+        ZipArchive(bytes).unpack("song.xml", 1000);
+        ADD_FAILURE();
+    } catch (const BadInput& error) {
+        EXPECT_STREQ(error.what(), "expected 'song.xml' in the zip file, found no such file");
+    }
 }
 
 TEST_F(ZipArchiveTest, RefusesASizeThatIsNotTrue) {
@@ -55,36 +80,41 @@ TEST_F(ZipArchiveTest, RefusesASizeThatIsNotTrue) {
     constexpr std::size_t kPackedSize = 20;
     const auto entry = directoryOf(bytes);
     for (const char size : {'\0', '\1', '\x7F'}) {
-        EXPECT_THROW(unpackContainer(withBytes(bytes, entry + kSize, {size})), BadInput);
-        EXPECT_THROW(unpackContainer(withBytes(bytes, entry + kPackedSize, {size})), BadInput);
+        EXPECT_EQ(refusalOf(withBytes(bytes, entry + kSize, {size})), kDamaged);
+        EXPECT_EQ(refusalOf(withBytes(bytes, entry + kPackedSize, {size})), kDamaged);
     }
-    EXPECT_THROW(unpackContainer(withBytes(bytes, entry + kSize, "\xFF\xFF\xFF\xFF")), BadInput);
-    EXPECT_THROW(unpackContainer(withBytes(bytes, entry + kPackedSize, "\xFF\xFF\xFF\xFF")),
-                 BadInput);
+    EXPECT_EQ(refusalOf(withBytes(bytes, entry + kSize, "\xFE\xFF\xFF\xFF")),
+              "expected at most 1000 bytes in 'META-INF/container.xml', found 4294967294");
+    EXPECT_EQ(refusalOf(withBytes(bytes, entry + kPackedSize, "\xFE\xFF\xFF\xFF")), kDamaged);
 }
 
 TEST_F(ZipArchiveTest, RefusesAnOffsetOutsideTheFile) {
     constexpr std::size_t kOffset = 42;
-    EXPECT_THROW(
-        unpackContainer(withBytes(bytes, directoryOf(bytes) + kOffset, "\xFF\xFF\xFF\x7F")),
-        BadInput);
-    EXPECT_THROW(
-        unpackContainer(withBytes(bytes, directoryOf(bytes) + kOffset, "\xFF\xFF\xFF\xFF")),
-        BadInput);
-    EXPECT_THROW(unpackContainer(withBytes(bytes, bytes.size() - 6, "\xFF\xFF\xFF\xFF")), BadInput);
+    for (const auto* const offset : {"\xFF\xFF\xFF\x7F", "\xFE\xFF\xFF\xFF"}) {
+        EXPECT_EQ(refusalOf(withBytes(bytes, directoryOf(bytes) + kOffset, offset)), kDamaged);
+        EXPECT_EQ(refusalOf(withBytes(bytes, bytes.size() - 6, offset)), kNoArchive);
+    }
+}
+
+TEST_F(ZipArchiveTest, RefusesWhatIsNoArchive) {
+    for (const auto& other : {std::string(), std::string("PK"), bytes.substr(0, 200)}) {
+        EXPECT_EQ(refusalOf(other), kNoArchive);
+    }
 }
 
 TEST_F(ZipArchiveTest, RefusesDamagedContents) {
     constexpr std::size_t kChecksum = 16;
     const auto entry = directoryOf(bytes);
     const std::string other = {static_cast<char>(bytes[entry + kChecksum] + 1)};
-    EXPECT_THROW(unpackContainer(withBytes(bytes, entry + kChecksum, other)), BadInput);
+    EXPECT_EQ(refusalOf(withBytes(bytes, entry + kChecksum, other)), kDamaged);
 }
 
 TEST_F(ZipArchiveTest, RefusesEncryptedAndOtherwisePackedFiles) {
+    const std::string expected = "expected 'META-INF/container.xml' stored or deflated in the zip "
+                                 "file, found it encrypted or packed otherwise";
     const auto entry = directoryOf(bytes);
-    EXPECT_THROW(unpackContainer(withBytes(bytes, entry + 8, "\1")), BadInput);
-    EXPECT_THROW(unpackContainer(withBytes(bytes, entry + 10, "\14")), BadInput);
+    EXPECT_EQ(refusalOf(withBytes(bytes, entry + 8, "\1")), expected);
+    EXPECT_EQ(refusalOf(withBytes(bytes, entry + 10, "\14")), expected);
 }
 
 } // namespace
