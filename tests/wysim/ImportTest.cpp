@@ -2,6 +2,7 @@
 #include "tests/Options.h"
 #include "tests/wysim/SmallScores.h"
 #include "tests/wysim/SongFixture.h"
+#include "wysim/song/Song.h"
 
 #include <gtest/gtest.h>
 

@@ -25,6 +25,14 @@ std::string voiceOf(xml_node note) {
     return onOneLine(voice ? textOf(voice) : "staff " + textOf(note.child("staff")));
 }
 
+void readTies(xml_node element, ScoreNote& note) {
+    for (const auto tie : element.children("tie")) {
+        const std::string_view type = tie.attribute("type").value();
+        note.beginsTie = note.beginsTie || type == "start";
+        note.endsTie = note.endsTie || type == "stop";
+    }
+}
+
 } // namespace
 
 PartReader::PartReader(const XmlDocument& document, int verse, ScoreWarnings& warnings)
@@ -154,14 +162,6 @@ void PartReader::addNote(xml_node element, double length) {
     readTies(element, written);
     written.syllable = readWords(element);
     voices_[voiceOf(element)].add(std::move(written));
-}
-
-void PartReader::readTies(xml_node element, ScoreNote& note) const {
-    for (const auto tie : element.children("tie")) {
-        const std::string_view type = tie.attribute("type").value();
-        note.beginsTie = note.beginsTie || type == "start";
-        note.endsTie = note.endsTie || type == "stop";
-    }
 }
 
 ScoreSyllable PartReader::readWords(xml_node element) {

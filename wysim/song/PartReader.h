@@ -36,7 +36,6 @@ private:
     void readTransposition(pugi::xml_node transpose);
     void readNote(pugi::xml_node element);
     void addNote(pugi::xml_node element, double length);
-    void readTies(pugi::xml_node element, ScoreNote& note) const;
     // The words of the verse.
     ScoreSyllable readWords(pugi::xml_node element);
     void passOver(pugi::xml_node silent);

@@ -55,7 +55,7 @@ bool isOwnScore(xml_node score) {
 }
 
 bool isSilent(xml_node note) {
-    return note.child("rest") || note.child("cue");
+    return !note.child("rest").empty() || !note.child("cue").empty();
 }
 
 std::optional<TimeSignature> timeSignatureOf(xml_node time) {
@@ -70,7 +70,7 @@ bool leadsBack(xml_node element) {
     const bool isSound = element.name() == std::string_view("sound");
     const auto sound = isSound ? element : element.child("sound");
     return element.child("repeat").attribute("direction").value() == std::string_view("backward") ||
-           sound.attribute("dacapo") || sound.attribute("dalsegno");
+           !sound.attribute("dacapo").empty() || !sound.attribute("dalsegno").empty();
 }
 
 int verseOf(xml_node lyric) {

@@ -3,6 +3,7 @@
 
 #include "wysim/song/Text.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace wybeta::wysim::song {
@@ -13,10 +14,9 @@ constexpr int kUsualVerse = 1;
 
 // "verse 1 is", "verses 1, 2 and 3 are".
 std::string sentence(const std::set<int>& verses, const char* singular, const char* plural) {
-    std::vector<std::string> numbers;
-    for (const int verse : verses) {
-        numbers.push_back(std::to_string(verse));
-    }
+    std::vector<std::string> numbers(verses.size());
+    std::transform(verses.begin(), verses.end(), numbers.begin(),
+                   [](int verse) { return std::to_string(verse); });
     return verses.size() == 1 ? "verse " + listOf(numbers) + singular
                               : "verses " + listOf(numbers) + plural;
 }
