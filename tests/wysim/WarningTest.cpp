@@ -162,6 +162,12 @@ TEST(Warning, IsAllThatAGraceNoteLosesBeforeOtherWordsAndAtTheEnd) {
               Lines{"0 4 C4 oh*"});
 }
 
+TEST(Warning, LeavesAVoiceInThatHasWordsOnItsLastGraceNoteOnly) {
+    const auto score = scoreOf({noteOf("C4", 4, lyricOf("la") + voiceOf(1)) + backupOf(4) +
+                                noteOf("A3", 4, voiceOf(2)) + graceOf(lyricOf("oh") + voiceOf(2))});
+    EXPECT_EQ(linesOf(songFrom(score), 1), Lines{"0 4 A3 oh*"});
+}
+
 TEST(Warning, TellsOfNotesWithoutLength) {
     EXPECT_EQ(warningsOf(scoreOf({noteOf("C4", 0) + noteOf("D4", 4)})),
               Lines{said("a note without length is not sung")});
@@ -245,7 +251,8 @@ TEST(Warning, TellsOfAChangeOfTheTimeSignature) {
 TEST(Warning, TellsOfTimeSignaturesThatNoSongCanHave) {
     for (const auto& time :
          {timeOf("many"), timeOf("0"), timeOf("3+x"), timeOf("3", "5"),
-          std::string("<attributes><time><senza-misura/></time></attributes>"), timeOf("200+57")}) {
+          std::string("<attributes><time><senza-misura/></time></attributes>"), timeOf("200+57"),
+          timeOf("2147483647+2147483647"), timeOf("3</beats><beat-type>8</beat-type><beats>2")}) {
         const auto opened = openBytes(scoreOf({time + noteOf("C4", 4)}));
         ASSERT_EQ(opened.warnings.size(), 1u) << time;
         EXPECT_EQ(opened.warnings[0].find("a time signature that is not one such as 4/4 is passed "

@@ -109,6 +109,15 @@ TEST_F(ZipArchiveTest, RefusesDamagedContents) {
     EXPECT_EQ(refusalOf(withBytes(bytes, entry + kChecksum, other)), kDamaged);
 }
 
+TEST_F(ZipArchiveTest, RefusesContentsThatEndTooEarly) {
+    constexpr std::size_t kPackedSize = 20;
+    constexpr std::size_t kPackedSizeInHeader = 18;
+    const auto entry = directoryOf(bytes);
+    const std::string less = {static_cast<char>(bytes[entry + kPackedSize] - 9)};
+    const auto other = withBytes(bytes, entry + kPackedSize, less);
+    EXPECT_EQ(refusalOf(withBytes(other, kPackedSizeInHeader, less)), kDamaged);
+}
+
 TEST_F(ZipArchiveTest, RefusesEncryptedAndOtherwisePackedFiles) {
     const std::string expected = "expected 'META-INF/container.xml' stored or deflated in the zip "
                                  "file, found it encrypted or packed otherwise";
