@@ -20,4 +20,4 @@ quietly() {
 }
 
 quietly cmake --preset "$preset"
-quietly cmake --build "$folder" ${1:+--target "$@"}
+quietly cmake --build --preset "$preset" ${1:+--target "$@"}
