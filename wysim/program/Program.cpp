@@ -6,6 +6,7 @@
 #include "wysim/program/CommandLine.h"
 #include "wysim/session/Comparison.h"
 #include "wysim/session/Session.h"
+#include "wysim/session/Wording.h"
 #include "wysim/song/BadInput.h"
 #include "wysim/song/Song.h"
 #include "wysim/song/SongFile.h"
@@ -18,7 +19,6 @@
 #include <fstream>
 #include <optional>
 #include <stdexcept>
-#include <string_view>
 #include <system_error>
 #include <utility>
 
@@ -41,8 +41,8 @@ public:
         std::string line;
         for (std::size_t number = 1; !session.isOver() && std::getline(lines_, line); ++number) {
             try {
-                streams_.out << "> " << withoutReturn(line) << "\n";
-                session.run(withoutReturn(line));
+                streams_.out << "> " << session::withoutReturn(line) << "\n";
+                session.run(session::withoutReturn(line));
             } catch (const song::BadInput& error) {
                 streams_.out.flush();
                 streams_.err << "wysim: " << name_ << ", line " << number << ": " << error.what()
@@ -54,10 +54,6 @@ public:
     }
 
 private:
-    static std::string_view withoutReturn(std::string_view line) {
-        return !line.empty() && line.back() == '\r' ? line.substr(0, line.size() - 1) : line;
-    }
-
     std::istream& lines_;
     std::string name_;
     const Streams& streams_;
