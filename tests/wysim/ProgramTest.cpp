@@ -2,6 +2,7 @@
 #include "tests/wysim/SongFixture.h"
 
 #include "tests/Options.h"
+#include "wysim/program/CommandLine.h"
 #include "wysim/program/Program.h"
 
 #include <gtest/gtest.h>
@@ -18,8 +19,8 @@ namespace {
 TEST(Program, ShowsHelp) {
     const auto run = runProgram({"--help"});
     EXPECT_EQ(run.status, 0);
-    for (const auto* const option :
-         {"SONG", "--module", "--verse", "--script", "--svg", "compare"}) {
+    for (const auto* const option : {"SONG", "--module", "--verse", "--script", "--svg",
+                                     "\n  compare ", "\n  fit ", "\n  check "}) {
         EXPECT_NE(run.out.find(option), std::string::npos) << option;
     }
 }
@@ -30,7 +31,9 @@ TEST(Program, EndsWithTwoOnMistakenArguments) {
     const auto folder = dataFile(".").u8string();
     for (const auto& arguments :
          std::vector<std::vector<std::string>>{{},
+                                               {""},
                                                {"--sing"},
+                                               {"--verse", "1"},
                                                {song, "--verse", "0"},
                                                {song, "--verse", "x"},
                                                {json, "--verse", "1"},
@@ -42,6 +45,24 @@ TEST(Program, EndsWithTwoOnMistakenArguments) {
                                                {"compare", song, "--script", "-"},
                                                {song, "more"},
                                                {"compare"},
+                                               {"compare", song, song},
+                                               {song, "compare", song},
+                                               {"--svg", "song.svg", "compare", song},
+                                               {"fit"},
+                                               {"fit", song, "--script", "-"},
+                                               {"--script", "-", "fit", song},
+                                               {"fit", song, "--json"},
+                                               {"fit", song, "--save", ""},
+                                               {"fit", song, "--save", "song.mxl"},
+                                               {"fit", song, "--svg", "song.json"},
+                                               {"fit", json, "--verse", "1"},
+                                               {song, "--save", "song.json"},
+                                               {song, "--brackets"},
+                                               {"check"},
+                                               {"check", ""},
+                                               {"check", "-", "--svg", "song.svg"},
+                                               {"--svg", "song.svg", "check", "-"},
+                                               {"--verse", "1", "check", "-"},
                                                {song, "--script", "missing.txt"}}) {
         const auto run = runProgram(arguments);
         EXPECT_EQ(run.status, 2);
@@ -72,6 +93,31 @@ TEST(Program, EndsWithOneWhenTheModuleCannotBeLoaded) {
 TEST(Program, ExpectsAVerseOfAtLeastOne) {
     const auto run = runProgram({"song.musicxml", "--verse", "0"});
     EXPECT_EQ(run.err, "wysim: expected a whole number of at least 1 as --verse, found '0'.\n");
+}
+
+TEST(Program, SaysWhichOptionACommandDoesNotHave) {
+    const auto song = dataFile("plain.musicxml").u8string();
+    EXPECT_EQ(runProgram({"--svg", "song.svg", "compare", song}).err,
+              "wysim: expected an option that the command has, found --svg.\n");
+    EXPECT_EQ(runProgram({"fit", song, "--save", "song.svg"}).err,
+              "wysim: expected a name that ends in .json, .musicxml or .xml as --save, found "
+              "'song.svg'.\n");
+    EXPECT_EQ(runProgram({song, "compare", song}).err,
+              "wysim: expected one song, found several ('wysim --help' tells more).\n");
+}
+
+TEST(Program, ShowsTheOptionsOfACommand) {
+    const auto run = runProgram({"fit", "--help"});
+    EXPECT_EQ(run.status, 0);
+    for (const auto* const option : {"SONG", "--verse", "--save", "--svg", "--brackets"}) {
+        EXPECT_NE(run.out.find(option), std::string::npos) << option;
+    }
+}
+
+TEST(Program, FindsTheModuleBesideItselfOrOneFolderUp) {
+    const auto found = wysim::program::moduleFile("");
+    EXPECT_TRUE(std::filesystem::is_regular_file(found)) << found;
+    EXPECT_NE(found.u8string().find("WyBeta.vst3"), std::string::npos);
 }
 
 TEST(Program, EndsWithOneWhenItsOutputCannotBeWritten) {

@@ -4,8 +4,12 @@
 #include "simulator/Editor.h"
 #include "simulator/RunningModule.h"
 #include "wysim/program/CommandLine.h"
+#include "wysim/program/TextFile.h"
+#include "wysim/session/CheckReport.h"
 #include "wysim/session/Comparison.h"
+#include "wysim/session/Fitting.h"
 #include "wysim/session/Session.h"
+#include "wysim/session/TextCheck.h"
 #include "wysim/session/Wording.h"
 #include "wysim/song/BadInput.h"
 #include "wysim/song/Song.h"
@@ -17,6 +21,7 @@
 #include <exception>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <optional>
 #include <stdexcept>
 #include <system_error>
@@ -29,6 +34,7 @@ namespace {
 constexpr int kDone = 0;
 constexpr int kModuleTrouble = 1;
 constexpr int kBadInput = 2;
+constexpr int kWordsLeft = 3;
 
 // The commands of a script. Mistakes are told with their lines, and the script goes on.
 class Script {
@@ -103,15 +109,79 @@ void printSummary(const song::Song& song, const std::string& file, std::ostream&
         << (song.tracks.size() == 1 ? "" : "s") << ", " << countNotes(song) << " notes\n";
 }
 
+void write(const std::string& file, const std::string& text, std::ostream& out) {
+    song::writeFile(std::filesystem::u8path(file), text);
+    out << "wrote " << file << "\n";
+}
+
 int runSession(const CommandLine& line, const song::Song& song, simulator::Editor& editor,
                const Streams& streams) {
-    printSummary(song, line.song, streams.out);
-    session::Session session(editor, song, std::filesystem::u8path(line.song), streams.out);
+    session::Session session(editor, song, std::filesystem::u8path(line.file), streams.out);
     const int status = runCommands(session, line, streams);
     if (!line.svg.empty()) {
-        song::writeFile(std::filesystem::u8path(line.svg), session.picture());
-        streams.out << "wrote " << line.svg << "\n";
+        write(line.svg, session.picture(), streams.out);
     }
+    return status;
+}
+
+int runFit(const CommandLine& line, const song::Song& song, simulator::Editor& editor,
+           terminal::Progress& progress, std::ostream& out) {
+    const auto words = session::fitWords(editor, song, line.usesBrackets, progress);
+    out << session::fittingTable(words);
+    const auto fitted = session::fittedSong(song, words);
+    if (!line.save.empty()) {
+        write(line.save, song::songFileText(std::filesystem::u8path(line.save), fitted), out);
+    }
+    if (!line.svg.empty()) {
+        write(line.svg, session::fittedPicture(editor, fitted), out);
+    }
+    out << session::fittingTotals(words);
+    return session::areAllFitted(words) ? kDone : kWordsLeft;
+}
+
+int runOnSong(const CommandLine& line, const song::Song& song, simulator::Editor& editor,
+              terminal::Progress& progress, const Streams& streams) {
+    printSummary(song, line.file, streams.out);
+    switch (line.command) {
+    case Command::Compare:
+        streams.out << session::comparisonText(session::compareWords(editor, song, progress));
+        return kDone;
+    case Command::Fit:
+        return runFit(line, song, editor, progress, streams.out);
+    default:
+        return runSession(line, song, editor, streams);
+    }
+}
+
+int runCheck(const CommandLine& line, const std::vector<std::string>& text,
+             simulator::Editor& editor, terminal::Progress& progress, std::ostream& out) {
+    const auto checked = session::TextCheck(editor).checkLines(text, progress);
+    out << (line.writesJson ? session::checkJson(checked) : session::checkReport(checked));
+    return session::isAllSung(checked) ? kDone : kWordsLeft;
+}
+
+// Never writes over what was read.
+void expectOtherFiles(const CommandLine& line) {
+    for (const auto& written : {line.svg, line.save}) {
+        if (!written.empty()) {
+            song::expectOtherFile(std::filesystem::u8path(written),
+                                  std::filesystem::u8path(line.file));
+        }
+    }
+}
+
+song::Song openSong(const CommandLine& line, terminal::Progress& progress) {
+    auto song = song::readSongFile(std::filesystem::u8path(line.file), line.verse, progress);
+    expectOtherFiles(line);
+    return song;
+}
+
+// Lets `work` use an editor with the module, and returns the exit status that it gives.
+int useModule(const CommandLine& line, const std::function<int(simulator::Editor&)>& work) {
+    simulator::RunningModule module(moduleFile(line.module));
+    int status = kDone;
+    module.use([&](simulator::Editor& editor) { status = work(editor); });
+    module.stop();
     return status;
 }
 
@@ -122,23 +192,16 @@ int run(const CommandLine& line, const Streams& streams) {
     } else {
         progress.emplace();
     }
-    const auto song = song::readSongFile(std::filesystem::u8path(line.song), line.verse, *progress);
-    if (!line.svg.empty()) {
-        song::expectOtherFile(std::filesystem::u8path(line.svg),
-                              std::filesystem::u8path(line.song));
+    if (line.command == Command::Check) {
+        const auto text = readTextLines(line.file, streams.in);
+        return useModule(line, [&](simulator::Editor& editor) {
+            return runCheck(line, text, editor, *progress, streams.out);
+        });
     }
-    simulator::RunningModule module(moduleFile(line.module));
-    int status = kDone;
-    module.use([&](simulator::Editor& editor) {
-        if (line.isComparison) {
-            printSummary(song, line.song, streams.out);
-            streams.out << session::comparisonText(session::compareWords(editor, song, *progress));
-        } else {
-            status = runSession(line, song, editor, streams);
-        }
+    const auto song = openSong(line, *progress);
+    return useModule(line, [&](simulator::Editor& editor) {
+        return runOnSong(line, song, editor, *progress, streams);
     });
-    module.stop();
-    return status;
 }
 
 } // namespace

@@ -17,8 +17,8 @@ struct Streams {
     bool isErrorTerminal = false;
 };
 
-// Runs wysim with the arguments behind its name and returns its exit status: 0 done, 2 bad input,
-// 1 trouble with the module.
+// Runs wysim with the arguments behind its name and returns its exit status: 0 done, 3 done but
+// with words left that are not sung as they should be, 2 bad input, 1 trouble with the module.
 int runWysim(const std::vector<std::string>& arguments, const Streams& streams);
 
 } // namespace wybeta::wysim::program
