@@ -25,13 +25,12 @@ namespace fs = std::filesystem;
 constexpr auto kDescription =
     "Opens a song in a simulated editor in which WY Beta divides its lyrics.\n\n"
     "A song is a score in MusicXML (.musicxml, .xml, .mxl) or a file of wysim's own (.json).\n"
-    "Without --script or --svg you type commands at a prompt; 'help' lists them. The subcommands "
-    "do one piece of work and end; each has a --help.";
+    "Without a song, an example is opened. Without --script or --svg you type commands at a\n"
+    "prompt; 'help' lists them. The subcommands do one piece of work and end; each has a --help.";
 constexpr auto kExitStatuses =
-    "Exit status: 0 done, 3 done but words are left that 'fit' could not fit or that 'check' says\n"
-    "are not sung, 2 a mistake in a file, a command or an option, 1 the module could not be "
-    "loaded\n"
-    "or did something that it must not.";
+    "Exit status: 0 done, 3 done but words are left that 'fit' could not fit or that 'check'\n"
+    "says are not sung, 2 a mistake in a file, a command or an option, 1 the module could not be\n"
+    "loaded or did something that it must not.";
 
 fs::path programFolder() {
 #ifdef _WIN32
@@ -58,8 +57,9 @@ int verseFrom(const std::string& text, const std::string& song) {
         throw song::BadInput::expectedFound("a whole number of at least 1 as --verse",
                                             session::inQuotes(text));
     }
-    if (song::endingOf(fs::u8path(song)) == ".json") {
-        throw song::BadInput::expectedFound("--verse with a score only", "it with " + song);
+    if (song.empty() || song::endingOf(fs::u8path(song)) == ".json") {
+        throw song::BadInput::expectedFound("--verse with a score only",
+                                            "it with " + (song.empty() ? "the example" : song));
     }
     return *verse;
 }
@@ -177,6 +177,9 @@ private:
     }
 
     void takeFile() {
+        if (files_.empty() && line_.command == Command::Open) {
+            return; // for the example
+        }
         if (files_.size() != 1 || files_.front().empty()) {
             const char* const what = line_.command == Command::Check ? "one text" : "one song";
             const std::string found = files_.size() > 1 ? "several" : "none";

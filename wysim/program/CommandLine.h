@@ -13,7 +13,7 @@ enum class Command { Open, Compare, Fit, Check };
 struct CommandLine {
     Command command = Command::Open;
     std::string module; // empty: the one that was built with the program
-    // The song, or the text for Check, where "-" is standard input.
+    // The song, or the text for Check, where "-" is standard input; empty: the built-in example.
     std::string file;
     int verse = 1;
     std::string script; // empty: the session is at the terminal; "-": in standard input

@@ -4,6 +4,7 @@
 #include "simulator/Editor.h"
 #include "simulator/RunningModule.h"
 #include "wysim/program/CommandLine.h"
+#include "wysim/program/Example.h"
 #include "wysim/program/TextFile.h"
 #include "wysim/session/CheckReport.h"
 #include "wysim/session/Comparison.h"
@@ -35,6 +36,11 @@ constexpr int kDone = 0;
 constexpr int kModuleTrouble = 1;
 constexpr int kBadInput = 2;
 constexpr int kWordsLeft = 3;
+
+constexpr auto kExampleHint =
+    "This is an example. Type 'show' to see what each note carries, 'type 1 good morning' to\n"
+    "sing something else, and 'save FILE.svg' to draw it. To open a song of your own, run\n"
+    "'wysim SONG', or drop the song on the program. 'wysim --help' tells of more.\n";
 
 // The commands of a script. Mistakes are told with their lines, and the script goes on.
 class Script {
@@ -116,6 +122,9 @@ void write(const std::string& file, const std::string& text, std::ostream& out) 
 
 int runSession(const CommandLine& line, const song::Song& song, simulator::Editor& editor,
                const Streams& streams) {
+    if (line.file.empty()) {
+        streams.out << kExampleHint;
+    }
     session::Session session(editor, song, std::filesystem::u8path(line.file), streams.out);
     const int status = runCommands(session, line, streams);
     if (!line.svg.empty()) {
@@ -171,6 +180,9 @@ void expectOtherFiles(const CommandLine& line) {
 }
 
 song::Song openSong(const CommandLine& line, terminal::Progress& progress) {
+    if (line.file.empty()) {
+        return exampleSong();
+    }
     auto song = song::readSongFile(std::filesystem::u8path(line.file), line.verse, progress);
     expectOtherFiles(line);
     return song;
@@ -204,9 +216,7 @@ int run(const CommandLine& line, const Streams& streams) {
     });
 }
 
-} // namespace
-
-int runWysim(const std::vector<std::string>& arguments, const Streams& streams) {
+int runToTheEnd(const std::vector<std::string>& arguments, const Streams& streams) {
     try {
         const auto line = parseCommandLine(arguments);
         if (!line.help.empty()) {
@@ -227,6 +237,19 @@ int runWysim(const std::vector<std::string>& arguments, const Streams& streams) 
         streams.err << "wysim: " << error.what() << ".\n";
         return kModuleTrouble;
     }
+}
+
+} // namespace
+
+int runWysim(const std::vector<std::string>& arguments, const Streams& streams) {
+    const int status = runToTheEnd(arguments, streams);
+    if (streams.closesAtEnd) {
+        streams.err.flush();
+        streams.out << "\nPress Enter to close this window.\n" << std::flush;
+        std::string line;
+        std::getline(streams.in, line);
+    }
+    return status;
 }
 
 } // namespace wybeta::wysim::program

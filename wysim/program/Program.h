@@ -15,6 +15,8 @@ struct Streams {
     std::ostream& err;
     bool isInputTerminal = false;
     bool isErrorTerminal = false;
+    // Whether the terminal is a window that goes with the program: then the end waits for Enter.
+    bool closesAtEnd = false;
 };
 
 // Runs wysim with the arguments behind its name and returns its exit status: 0 done, 3 done but
