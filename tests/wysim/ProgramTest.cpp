@@ -3,6 +3,7 @@
 #include "tests/wysim/SongFixture.h"
 
 #include "tests/Options.h"
+#include "wysim/program/CommandLine.h"
 #include "wysim/program/Program.h"
 
 #include <gtest/gtest.h>
@@ -19,8 +20,8 @@ namespace {
 TEST(Program, ShowsHelp) {
     const auto run = runProgram({"--help"});
     EXPECT_EQ(run.status, 0);
-    for (const auto* const option :
-         {"SONG", "--module", "--verse", "--script", "--svg", "compare"}) {
+    for (const auto* const option : {"SONG", "--module", "--verse", "--script", "--svg",
+                                     "\n  compare ", "\n  fit ", "\n  check "}) {
         EXPECT_NE(run.out.find(option), std::string::npos) << option;
     }
 }
@@ -30,8 +31,9 @@ TEST(Program, EndsWithTwoOnMistakenArguments) {
     const auto json = dataFile("plain.json").u8string();
     const auto folder = dataFile(".").u8string();
     for (const auto& arguments :
-         std::vector<std::vector<std::string>>{{},
+         std::vector<std::vector<std::string>>{{""},
                                                {"--sing"},
+                                               {"--verse", "1"},
                                                {song, "--verse", "0"},
                                                {song, "--verse", "x"},
                                                {json, "--verse", "1"},
@@ -43,6 +45,24 @@ TEST(Program, EndsWithTwoOnMistakenArguments) {
                                                {"compare", song, "--script", "-"},
                                                {song, "more"},
                                                {"compare"},
+                                               {"compare", song, song},
+                                               {song, "compare", song},
+                                               {"--svg", "song.svg", "compare", song},
+                                               {"fit"},
+                                               {"fit", song, "--script", "-"},
+                                               {"--script", "-", "fit", song},
+                                               {"fit", song, "--json"},
+                                               {"fit", song, "--save", ""},
+                                               {"fit", song, "--save", "song.mxl"},
+                                               {"fit", song, "--svg", "song.json"},
+                                               {"fit", json, "--verse", "1"},
+                                               {song, "--save", "song.json"},
+                                               {song, "--brackets"},
+                                               {"check"},
+                                               {"check", ""},
+                                               {"check", "-", "--svg", "song.svg"},
+                                               {"--svg", "song.svg", "check", "-"},
+                                               {"--verse", "1", "check", "-"},
                                                {song, "--script", "missing.txt"}}) {
         const auto run = runProgram(arguments);
         EXPECT_EQ(run.status, 2);
@@ -87,6 +107,70 @@ TEST(Program, EndsWithOneWhenTheModuleCannotBeLoaded) {
 TEST(Program, ExpectsAVerseOfAtLeastOne) {
     const auto run = runProgram({"song.musicxml", "--verse", "0"});
     EXPECT_EQ(run.err, "wysim: expected a whole number of at least 1 as --verse, found '0'.\n");
+}
+
+TEST(Program, SaysWhichOptionACommandDoesNotHave) {
+    const auto song = dataFile("plain.musicxml").u8string();
+    EXPECT_EQ(runProgram({"--svg", "song.svg", "compare", song}).err,
+              "wysim: expected an option that the command has, found --svg.\n");
+    EXPECT_EQ(runProgram({"fit", song, "--save", "song.svg"}).err,
+              "wysim: expected a name that ends in .json, .musicxml or .xml as --save, found "
+              "'song.svg'.\n");
+    EXPECT_EQ(runProgram({"--verse", "1"}).err,
+              "wysim: expected --verse with a score only, found it with the example.\n");
+    EXPECT_EQ(runProgram({song, "compare", song}).err,
+              "wysim: expected one song, found several ('wysim --help' tells more).\n");
+}
+
+TEST(Program, ShowsTheOptionsOfACommand) {
+    const auto run = runProgram({"fit", "--help"});
+    EXPECT_EQ(run.status, 0);
+    for (const auto* const option : {"SONG", "--verse", "--save", "--svg", "--brackets"}) {
+        EXPECT_NE(run.out.find(option), std::string::npos) << option;
+    }
+}
+
+TEST(Program, OpensAnExampleWhenNothingIsNamed) {
+    const auto run = runProgram({}, "show 1 2\ntype 1 good morning\n");
+    EXPECT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(run.out.substr(0, run.out.find('\n')), "Hello さくら: 1 track, 8 notes");
+    for (const auto* const text : {"This is an example. Type 'show'", "'wysim SONG'",
+                                   "Hello[hh ah]\n", "-> \"good morning[g uh d]\"\n"}) {
+        EXPECT_NE(run.out.find(text), std::string::npos) << text;
+    }
+}
+
+TEST(Program, SaysWhatToDoNextInTheExampleOnly) {
+    const auto run = runProgram({dataFile("plain.musicxml").u8string()});
+    EXPECT_EQ(run.out.find("This is an example"), std::string::npos);
+}
+
+TEST(Program, DrawsTheExample) {
+    const TemporaryFolder folder;
+    EXPECT_EQ(runProgram({"--svg", folder.file("example.svg").u8string()}).status, 0);
+    EXPECT_EQ(bytesOf(folder.file("example.svg")).substr(0, 4), "<svg");
+}
+
+TEST(Program, WaitsForEnterBeforeItsOwnWindowCloses) {
+    const auto module = "--module=" + modulePath().u8string();
+    for (const auto* const song : {"plain.musicxml", "missing.json"}) {
+        std::istringstream in("\nnext");
+        std::ostringstream out;
+        std::ostringstream err;
+        wysim::program::runWysim({module, "compare", dataFile(song).u8string()},
+                                 {in, out, err, false, false, true});
+        const std::string end = "\nPress Enter to close this window.\n";
+        EXPECT_EQ(out.str().substr(out.str().size() - end.size()), end);
+        std::string next;
+        in >> next;
+        EXPECT_EQ(next, "next");
+    }
+}
+
+TEST(Program, FindsTheModuleBesideItselfOrOneFolderUp) {
+    const auto found = wysim::program::moduleFile("");
+    EXPECT_TRUE(std::filesystem::is_regular_file(found)) << found;
+    EXPECT_NE(found.u8string().find("WyBeta.vst3"), std::string::npos);
 }
 
 TEST(Program, EndsWithOneWhenItsOutputCannotBeWritten) {

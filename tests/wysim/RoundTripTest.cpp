@@ -30,7 +30,8 @@ Song songFromMusicXml(const std::string& bytes) {
 
 std::vector<std::filesystem::path> songs() {
     std::vector<std::filesystem::path> paths;
-    for (const auto* const name : {"twinkle", "amazing-grace", "sakura", "hello-sakura"}) {
+    for (const auto* const name :
+         {"twinkle", "amazing-grace", "sakura", "hello-sakura", "gloria"}) {
         paths.push_back(sourceFile(std::string("wysim/songs/") + name + ".musicxml"));
     }
     for (const auto* const name :

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wysim/program/CommandLine.h"
 
+#include "wysim/session/Wording.h"
 #include "wysim/song/BadInput.h"
 #include "wysim/song/NumberText.h"
 #include "wysim/song/SongFile.h"
@@ -24,11 +25,12 @@ namespace fs = std::filesystem;
 constexpr auto kDescription =
     "Opens a song in a simulated editor in which WY Beta divides its lyrics.\n\n"
     "A song is a score in MusicXML (.musicxml, .xml, .mxl) or a file of wysim's own (.json).\n"
-    "Without --script or --svg you type commands at a prompt; 'help' lists them.\n"
-    "'wysim compare SONG' types each word of the song and reports its number of syllables.";
+    "Without a song, an example is opened. Without --script or --svg you type commands at a\n"
+    "prompt; 'help' lists them. The subcommands do one piece of work and end; each has a --help.";
 constexpr auto kExitStatuses =
-    "Exit status: 0 done, 2 a mistake in a file, a command or an option, 1 the module could not\n"
-    "be loaded or did something that it must not.";
+    "Exit status: 0 done, 3 done but words are left that 'fit' could not fit or that 'check'\n"
+    "says are not sung, 2 a mistake in a file, a command or an option, 1 the module could not be\n"
+    "loaded or did something that it must not.";
 
 fs::path programFolder() {
 #ifdef _WIN32
@@ -53,10 +55,11 @@ int verseFrom(const std::string& text, const std::string& song) {
     const auto verse = song::parseInteger(text);
     if (!verse || *verse < 1) {
         throw song::BadInput::expectedFound("a whole number of at least 1 as --verse",
-                                            "'" + text + "'");
+                                            session::inQuotes(text));
     }
-    if (song::endingOf(fs::u8path(song)) == ".json") {
-        throw song::BadInput::expectedFound("--verse with a score only", "it with " + song);
+    if (song.empty() || song::endingOf(fs::u8path(song)) == ".json") {
+        throw song::BadInput::expectedFound("--verse with a score only",
+                                            "it with " + (song.empty() ? "the example" : song));
     }
     return *verse;
 }
@@ -70,61 +73,168 @@ std::string scriptFrom(const std::string& name) {
 
 std::string pictureFrom(const std::string& name) {
     if (song::endingOf(fs::u8path(name)) != ".svg") {
-        throw song::BadInput::expectedFound("a name that ends in .svg as --svg", "'" + name + "'");
+        throw song::BadInput::expectedFound("a name that ends in .svg as --svg",
+                                            session::inQuotes(name));
     }
     return name;
 }
 
+std::string songFileFrom(const std::string& name) {
+    const auto ending = song::endingOf(fs::u8path(name));
+    if (ending != ".json" && ending != ".musicxml" && ending != ".xml") {
+        throw song::BadInput::expectedFound(
+            "a name that ends in .json, .musicxml or .xml as --save", session::inQuotes(name));
+    }
+    return name;
+}
+
+// The options as CLI11 finds them, and what becomes of them.
+class Parser {
+public:
+    Parser() {
+        app_.footer(kExitStatuses);
+        addFile(app_, "SONG", "The song to open");
+        addVerse(app_);
+        app_.add_option("--script", script_,
+                        "Take the commands from a file, or from - (standard input)")
+            ->type_name("FILE");
+        addPicture(app_);
+        addModule(app_);
+        addCompare();
+        addFit();
+        addCheck();
+    }
+
+    CommandLine parse(std::vector<std::string> arguments) {
+        // CLI11 takes the arguments from the back.
+        std::reverse(arguments.begin(), arguments.end());
+        try {
+            app_.parse(std::move(arguments));
+        } catch (const CLI::CallForHelp&) {
+            line_.help = app_.help();
+            return line_;
+        } catch (const CLI::ParseError& error) {
+            throw song::BadInput::expectedFound("arguments as 'wysim --help' shows them",
+                                                error.what());
+        }
+        takeFile();
+        expectOwnOptions();
+        takeOptions();
+        return line_;
+    }
+
+private:
+    void addCompare() {
+        auto& compare =
+            addCommand(Command::Compare, "compare", "Compare syllables with notes, word by word");
+        addFile(compare, "SONG", "The song to compare");
+        addVerse(compare);
+    }
+
+    void addFit() {
+        auto& fit = addCommand(Command::Fit, "fit",
+                               "Find what to type so that each syllable comes out on its notes");
+        addFile(fit, "SONG", "The song whose words are fitted");
+        addVerse(fit);
+        fit.add_flag("--brackets", line_.usesBrackets,
+                     "Write phonemes in brackets where nothing else fits");
+        fit.add_option("--save", save_, "Write the song with the fitted words typed")
+            ->type_name("FILE");
+        addPicture(fit);
+    }
+
+    void addCheck() {
+        auto& check = addCommand(Command::Check, "check",
+                                 "Tell the syllables of each line of a text, and what is not sung");
+        addFile(check, "TEXTFILE", "The text to check, or - for standard input");
+        check.add_flag("--json", line_.writesJson, "Write what is found as JSON");
+    }
+
+    CLI::App& addCommand(Command command, const char* name, const char* description) {
+        auto* const added = app_.add_subcommand(name, description);
+        added->callback([this, command] { line_.command = command; });
+        addModule(*added);
+        return *added;
+    }
+
+    void addFile(CLI::App& app, const char* name, const char* description) {
+        app.add_option_function<std::string>(
+               name, [this](const std::string& file) { files_.push_back(file); }, description)
+            ->type_name("");
+    }
+    void addVerse(CLI::App& app) {
+        app.add_option("--verse", verse_,
+                       "The verse of the score to sing (default: the first that has words)")
+            ->type_name("N");
+    }
+    void addPicture(CLI::App& app) {
+        app.add_option("--svg", svg_, "Write a picture of the song, before and after, at the end")
+            ->type_name("FILE");
+    }
+    void addModule(CLI::App& app) {
+        app.add_option("--module", line_.module,
+                       "The module file or folder (default: the one built)")
+            ->type_name("FILE");
+    }
+
+    void takeFile() {
+        if (files_.empty() && line_.command == Command::Open) {
+            return; // for the example
+        }
+        if (files_.size() != 1 || files_.front().empty()) {
+            const char* const what = line_.command == Command::Check ? "one text" : "one song";
+            const std::string found = files_.size() > 1 ? "several" : "none";
+            throw song::BadInput::expectedFound(what, found + " ('wysim --help' tells more)");
+        }
+        line_.file = files_.front();
+    }
+
+    // Options of a session can stand before a command as well.
+    void expectOwnOptions() const {
+        const auto expectNone = [](const std::optional<std::string>& value, const char* option) {
+            if (value) {
+                throw song::BadInput::expectedFound("an option that the command has", option);
+            }
+        };
+        if (line_.command != Command::Open) {
+            expectNone(script_, "--script");
+        }
+        if (line_.command == Command::Compare || line_.command == Command::Check) {
+            expectNone(svg_, "--svg");
+        }
+        if (line_.command == Command::Check) {
+            expectNone(verse_, "--verse");
+        }
+    }
+
+    void takeOptions() {
+        if (verse_) {
+            line_.verse = verseFrom(*verse_, line_.file);
+        }
+        if (script_) {
+            line_.script = scriptFrom(*script_);
+        }
+        if (svg_) {
+            line_.svg = pictureFrom(*svg_);
+        }
+        if (save_) {
+            line_.save = songFileFrom(*save_);
+        }
+    }
+
+    CLI::App app_{kDescription, "wysim"};
+    CommandLine line_;
+    std::vector<std::string> files_;
+    std::optional<std::string> verse_;
+    std::optional<std::string> script_;
+    std::optional<std::string> svg_;
+    std::optional<std::string> save_;
+};
+
 } // namespace
 
 CommandLine parseCommandLine(std::vector<std::string> arguments) {
-    CommandLine line;
-    CLI::App app(kDescription, "wysim");
-    app.footer(kExitStatuses);
-    app.fallthrough();
-    app.add_option("SONG", line.song, "The song to open")->type_name("");
-    app.add_option("--module", line.module, "The module file or folder (default: the one built)")
-        ->type_name("FILE");
-    std::optional<std::string> verse;
-    std::optional<std::string> script;
-    std::optional<std::string> svg;
-    app.add_option("--verse", verse,
-                   "The verse of the score to sing (default: the first that has words)")
-        ->type_name("N");
-    app.add_option("--script", script, "Take the commands from a file, or from - (standard input)")
-        ->type_name("FILE");
-    app.add_option("--svg", svg, "Write a picture of the song, before and after, at the end")
-        ->type_name("FILE");
-    auto* const compare =
-        app.add_subcommand("compare", "Compare syllables with notes, word by word");
-    compare->add_option("SONG", line.song, "The song to compare")->type_name("");
-    // CLI11 takes the arguments from the back.
-    std::reverse(arguments.begin(), arguments.end());
-    try {
-        app.parse(std::move(arguments));
-    } catch (const CLI::CallForHelp&) {
-        line.help = app.help();
-        return line;
-    } catch (const CLI::ParseError& error) {
-        throw song::BadInput::expectedFound("arguments as 'wysim --help' shows them", error.what());
-    }
-    line.isComparison = compare->parsed();
-    if (line.song.empty()) {
-        throw song::BadInput::expectedFound("a song ('wysim --help' tells more)", "none");
-    }
-    if (line.isComparison && (script || svg)) {
-        throw song::BadInput::expectedFound("'compare' without --script and --svg", "one of them");
-    }
-    if (verse) {
-        line.verse = verseFrom(*verse, line.song);
-    }
-    if (script) {
-        line.script = scriptFrom(*script);
-    }
-    if (svg) {
-        line.svg = pictureFrom(*svg);
-    }
-    return line;
+    return Parser().parse(std::move(arguments));
 }
 
 fs::path moduleFile(const std::string& named) {

@@ -8,14 +8,20 @@
 
 namespace wybeta::wysim::program {
 
+enum class Command { Open, Compare, Fit, Check };
+
 // What wysim is asked to do.
 struct CommandLine {
-    bool isComparison = false;
+    Command command = Command::Open;
     std::string module; // empty: the one that was built with the program
-    std::string song;
+    // The song, or the text for Check, where "-" is standard input; empty: the built-in example.
+    std::string file;
     std::optional<int> verse; // none: the first one that has words
     std::string script;       // empty: the session is at the terminal; "-": in standard input
     std::string svg;          // empty: no picture
+    std::string save;         // empty: the fitted song is not written
+    bool usesBrackets = false;
+    bool writesJson = false;
     // When not empty, there is nothing to do but show this.
     std::string help;
 };

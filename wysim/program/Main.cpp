@@ -7,7 +7,7 @@
 int main(int argc, char** argv) {
     using namespace wybeta::wysim;
     terminal::useUtf8Terminal();
-    return program::runWysim(
-        terminal::utf8Arguments(argc, argv),
-        {std::cin, std::cout, std::cerr, terminal::isInputTerminal(), terminal::isErrorTerminal()});
+    return program::runWysim(terminal::utf8Arguments(argc, argv),
+                             {std::cin, std::cout, std::cerr, terminal::isInputTerminal(),
+                              terminal::isErrorTerminal(), terminal::ownsTerminal()});
 }

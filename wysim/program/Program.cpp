@@ -4,8 +4,14 @@
 #include "simulator/Editor.h"
 #include "simulator/RunningModule.h"
 #include "wysim/program/CommandLine.h"
+#include "wysim/program/Example.h"
+#include "wysim/program/TextFile.h"
+#include "wysim/session/CheckReport.h"
 #include "wysim/session/Comparison.h"
+#include "wysim/session/Fitting.h"
 #include "wysim/session/Session.h"
+#include "wysim/session/TextCheck.h"
+#include "wysim/session/Wording.h"
 #include "wysim/song/BadInput.h"
 #include "wysim/song/Song.h"
 #include "wysim/song/SongFile.h"
@@ -16,9 +22,9 @@
 #include <exception>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <optional>
 #include <stdexcept>
-#include <string_view>
 #include <system_error>
 #include <utility>
 
@@ -29,6 +35,12 @@ namespace {
 constexpr int kDone = 0;
 constexpr int kModuleTrouble = 1;
 constexpr int kBadInput = 2;
+constexpr int kWordsLeft = 3;
+
+constexpr auto kExampleHint =
+    "This is an example. Type 'show' to see what each note carries, 'type 1 good morning' to\n"
+    "sing something else, and 'save FILE.svg' to draw it. To open a song of your own, run\n"
+    "'wysim SONG', or drop the song on the program. 'wysim --help' tells of more.\n";
 
 // The commands of a script. Mistakes are told with their lines, and the script goes on.
 class Script {
@@ -41,8 +53,8 @@ public:
         std::string line;
         for (std::size_t number = 1; !session.isOver() && std::getline(lines_, line); ++number) {
             try {
-                streams_.out << "> " << withoutReturn(line) << "\n";
-                session.run(withoutReturn(line));
+                streams_.out << "> " << session::withoutReturn(line) << "\n";
+                session.run(session::withoutReturn(line));
             } catch (const song::BadInput& error) {
                 streams_.out.flush();
                 streams_.err << "wysim: " << name_ << ", line " << number << ": " << error.what()
@@ -54,10 +66,6 @@ public:
     }
 
 private:
-    static std::string_view withoutReturn(std::string_view line) {
-        return !line.empty() && line.back() == '\r' ? line.substr(0, line.size() - 1) : line;
-    }
-
     std::istream& lines_;
     std::string name_;
     const Streams& streams_;
@@ -107,15 +115,88 @@ void printSummary(const song::Song& song, const std::string& file, std::ostream&
         << (song.tracks.size() == 1 ? "" : "s") << ", " << countNotes(song) << " notes\n";
 }
 
+void write(const std::string& file, const std::string& text, std::ostream& out) {
+    song::writeFile(std::filesystem::u8path(file), text);
+    out << "wrote " << file << "\n";
+}
+
 int runSession(const CommandLine& line, const song::Song& song, simulator::Editor& editor,
                const Streams& streams) {
-    printSummary(song, line.song, streams.out);
-    session::Session session(editor, song, std::filesystem::u8path(line.song), streams.out);
+    if (line.file.empty()) {
+        streams.out << kExampleHint;
+    }
+    session::Session session(editor, song, std::filesystem::u8path(line.file), streams.out);
     const int status = runCommands(session, line, streams);
     if (!line.svg.empty()) {
-        song::writeFile(std::filesystem::u8path(line.svg), session.picture());
-        streams.out << "wrote " << line.svg << "\n";
+        write(line.svg, session.picture(), streams.out);
     }
+    return status;
+}
+
+int runFit(const CommandLine& line, const song::Song& song, simulator::Editor& editor,
+           terminal::Progress& progress, std::ostream& out) {
+    const auto words = session::fitWords(editor, song, line.usesBrackets, progress);
+    out << session::fittingTable(words);
+    const auto fitted = session::fittedSong(song, words);
+    if (!line.save.empty()) {
+        write(line.save, song::songFileText(std::filesystem::u8path(line.save), fitted), out);
+    }
+    if (!line.svg.empty()) {
+        write(line.svg, session::fittedPicture(editor, fitted), out);
+    }
+    out << session::fittingTotals(words);
+    return session::areAllFitted(words) ? kDone : kWordsLeft;
+}
+
+int runOnSong(const CommandLine& line, const song::Song& song, simulator::Editor& editor,
+              terminal::Progress& progress, const Streams& streams) {
+    printSummary(song, line.file, streams.out);
+    switch (line.command) {
+    case Command::Compare:
+        streams.out << session::comparisonText(session::compareWords(editor, song, progress));
+        return kDone;
+    case Command::Fit:
+        return runFit(line, song, editor, progress, streams.out);
+    default:
+        return runSession(line, song, editor, streams);
+    }
+}
+
+int runCheck(const CommandLine& line, const std::vector<std::string>& text,
+             simulator::Editor& editor, terminal::Progress& progress, std::ostream& out) {
+    const auto checked = session::TextCheck(editor).checkLines(text, progress);
+    out << (line.writesJson ? session::checkJson(checked) : session::checkReport(checked));
+    return session::isAllSung(checked) ? kDone : kWordsLeft;
+}
+
+// Never writes over what was read.
+void expectOtherFiles(const CommandLine& line) {
+    for (const auto& written : {line.svg, line.save}) {
+        if (!written.empty()) {
+            song::expectOtherFile(std::filesystem::u8path(written),
+                                  std::filesystem::u8path(line.file));
+        }
+    }
+}
+
+song::Song openSong(const CommandLine& line, terminal::Progress& progress, std::ostream& err) {
+    if (line.file.empty()) {
+        return exampleSong();
+    }
+    auto opened = song::readSongFile(std::filesystem::u8path(line.file), line.verse, progress);
+    for (const auto& warning : opened.warnings) {
+        err << "wysim: " << line.file << ": " << warning << ".\n";
+    }
+    expectOtherFiles(line);
+    return std::move(opened.song);
+}
+
+// Lets `work` use an editor with the module, and returns the exit status that it gives.
+int useModule(const CommandLine& line, const std::function<int(simulator::Editor&)>& work) {
+    simulator::RunningModule module(moduleFile(line.module));
+    int status = kDone;
+    module.use([&](simulator::Editor& editor) { status = work(editor); });
+    module.stop();
     return status;
 }
 
@@ -126,33 +207,19 @@ int run(const CommandLine& line, const Streams& streams) {
     } else {
         progress.emplace();
     }
-    const auto opened =
-        song::readSongFile(std::filesystem::u8path(line.song), line.verse, *progress);
-    for (const auto& warning : opened.warnings) {
-        streams.err << "wysim: " << line.song << ": " << warning << ".\n";
+    if (line.command == Command::Check) {
+        const auto text = readTextLines(line.file, streams.in);
+        return useModule(line, [&](simulator::Editor& editor) {
+            return runCheck(line, text, editor, *progress, streams.out);
+        });
     }
-    const auto& song = opened.song;
-    if (!line.svg.empty()) {
-        song::expectOtherFile(std::filesystem::u8path(line.svg),
-                              std::filesystem::u8path(line.song));
-    }
-    simulator::RunningModule module(moduleFile(line.module));
-    int status = kDone;
-    module.use([&](simulator::Editor& editor) {
-        if (line.isComparison) {
-            printSummary(song, line.song, streams.out);
-            streams.out << session::comparisonText(session::compareWords(editor, song, *progress));
-        } else {
-            status = runSession(line, song, editor, streams);
-        }
+    const auto song = openSong(line, *progress, streams.err);
+    return useModule(line, [&](simulator::Editor& editor) {
+        return runOnSong(line, song, editor, *progress, streams);
     });
-    module.stop();
-    return status;
 }
 
-} // namespace
-
-int runWysim(const std::vector<std::string>& arguments, const Streams& streams) {
+int runToTheEnd(const std::vector<std::string>& arguments, const Streams& streams) {
     try {
         const auto line = parseCommandLine(arguments);
         if (!line.help.empty()) {
@@ -173,6 +240,19 @@ int runWysim(const std::vector<std::string>& arguments, const Streams& streams) 
         streams.err << "wysim: " << error.what() << ".\n";
         return kModuleTrouble;
     }
+}
+
+} // namespace
+
+int runWysim(const std::vector<std::string>& arguments, const Streams& streams) {
+    const int status = runToTheEnd(arguments, streams);
+    if (streams.closesAtEnd) {
+        streams.err.flush();
+        streams.out << "\nPress Enter to close this window.\n" << std::flush;
+        std::string line;
+        std::getline(streams.in, line);
+    }
+    return status;
 }
 
 } // namespace wybeta::wysim::program

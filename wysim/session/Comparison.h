@@ -2,6 +2,7 @@
 #pragma once
 
 #include "simulator/Editor.h"
+#include "wysim/session/SongWords.h"
 #include "wysim/song/Song.h"
 #include "wysim/terminal/Progress.h"
 
@@ -15,10 +16,7 @@ namespace wybeta::wysim::session {
 enum class Recognizer { Nothing, Dictionary, Kana, Brackets };
 
 struct ComparedWord {
-    std::size_t track; // from 1, as the note
-    std::size_t note;
-    std::string text;
-    std::size_t notes;     // that the song gives the word, up to the next word
+    SongWord word;
     std::size_t syllables; // that the extension gives
     Recognizer knownBy;
 };

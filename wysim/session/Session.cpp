@@ -3,6 +3,7 @@
 
 #include "wysim/picture/SongPicture.h"
 #include "wysim/session/SongChanges.h"
+#include "wysim/session/Wording.h"
 #include "wysim/song/BadInput.h"
 #include "wysim/song/NumberText.h"
 #include "wysim/song/Pitch.h"
@@ -16,27 +17,17 @@ namespace wybeta::wysim::session {
 
 namespace {
 
-std::string_view withoutSpace(std::string_view text) {
-    const auto first = text.find_first_not_of(" \t\r");
-    return first == std::string_view::npos
-               ? std::string_view()
-               : text.substr(first, text.find_last_not_of(" \t\r") - first + 1);
-}
-
 // Takes the first word off a text.
 std::string_view takeWord(std::string_view& text) {
     const auto word = text.substr(0, text.find_first_of(" \t"));
-    text = withoutSpace(text.substr(word.size()));
+    text = trimmed(text.substr(word.size()));
     return word;
-}
-
-std::string quoted(std::string_view text) {
-    return text.empty() ? "nothing" : "'" + std::string(text) + "'";
 }
 
 void expectNothing(std::string_view arguments) {
     if (!arguments.empty()) {
-        throw song::BadInput::expectedFound("the command alone", quoted(arguments) + " behind it");
+        throw song::BadInput::expectedFound("the command alone",
+                                            inQuotes(arguments) + " behind it");
     }
 }
 
@@ -48,7 +39,7 @@ std::size_t indexFrom(std::string_view number, std::size_t last, const std::stri
     const auto value = song::parseInteger(number);
     if (!value || *value < 1 || static_cast<std::size_t>(*value) > last) {
         throw song::BadInput::expectedFound(what + " from 1 to " + std::to_string(last),
-                                            quoted(number));
+                                            inQuotes(number));
     }
     return static_cast<std::size_t>(*value) - 1;
 }
@@ -56,7 +47,8 @@ std::size_t indexFrom(std::string_view number, std::size_t last, const std::stri
 double time(std::string_view text, const char* what) {
     const auto value = song::parseNumber(text);
     if (!value) {
-        throw song::BadInput::expectedFound(std::string(what) + " in quarter notes", quoted(text));
+        throw song::BadInput::expectedFound(std::string(what) + " in quarter notes",
+                                            inQuotes(text));
     }
     return *value;
 }
@@ -90,7 +82,7 @@ Session::Session(simulator::Editor& editor, const song::Song& song, std::filesys
     : editor_(editor), opened_(song), file_(std::move(file)), song_(editor, song), out_(out) {}
 
 void Session::run(std::string_view line) {
-    line = withoutSpace(line);
+    line = trimmed(line);
     if (line.empty() || line.front() == '#') {
         return;
     }
@@ -122,7 +114,7 @@ void Session::perform(std::string_view line) {
         std::find_if(kCommands.begin(), kCommands.end(),
                      [name](const auto& candidate) { return candidate.name == name; });
     if (command == kCommands.end()) {
-        throw song::BadInput::expectedFound("a command ('help' lists them)", quoted(name));
+        throw song::BadInput::expectedFound("a command ('help' lists them)", inQuotes(name));
     }
     if (!command->changesNotes) {
         (this->*command->perform)(line);
@@ -145,7 +137,10 @@ void Session::show(Arguments arguments) {
     expectNothing(arguments);
     const auto count = song_.countNotes(track_);
     const std::size_t first = from.empty() ? 0 : noteIndex(from);
-    const std::size_t end = to.empty() ? (from.empty() ? count : first + 1) : noteIndex(to) + 1;
+    std::size_t end = from.empty() ? count : first + 1;
+    if (!to.empty()) {
+        end = noteIndex(to) + 1;
+    }
     if (end <= first && !from.empty()) {
         throw song::BadInput::expectedFound("the first note to show before the last", "it behind");
     }
@@ -188,7 +183,7 @@ void Session::add(Arguments arguments) {
     const auto pitchText = takeWord(arguments);
     const auto pitch = song::parsePitch(pitchText);
     if (!pitch) {
-        throw song::BadInput::expectedFound("a pitch such as C4, F#3 or 60", quoted(pitchText));
+        throw song::BadInput::expectedFound("a pitch such as C4, F#3 or 60", inQuotes(pitchText));
     }
     note.pitch = *pitch;
     note.lyric = lyricFrom(arguments);

@@ -113,6 +113,7 @@ ScoreSyllable readLyric(xml_node lyric, bool isTyped) {
             isFirst = false;
         }
     }
+    syllable.isTyped = isTyped;
     syllable.text = isTyped ? onOneLine(text) : typedText(text);
     return syllable;
 }

@@ -11,6 +11,7 @@ struct ScoreSyllable {
     std::string text;            // empty when there is nothing to sing
     bool continuesWord = false;  // the word began under an earlier note
     bool leavesWordOpen = false; // the word goes on under a later note
+    bool isTyped = false;        // as a person typed it, however many syllables that are
 };
 
 // The words of two notes under one.

@@ -117,6 +117,7 @@ void ScoreVoice::typeWords() {
             openWord = &note;
             note.typed = true;
         }
+        note.beginsSyllable = !syllable.isTyped;
         openWord->lyric = withSyllable(std::move(openWord->lyric), syllable.text);
         if (!syllable.leavesWordOpen) {
             openWord = nullptr;

@@ -15,6 +15,9 @@ struct SongNote {
     int pitch = 60;     // in semitones; 60 is the C in the middle of the keyboard
     std::string lyric;  // UTF-8, one line
     bool typed = false; // whether a person typed the lyric, as opposed to a division
+    // Whether the score begins a syllable here; its further notes hold the syllable. Known of notes
+    // of a score that another program wrote, and not kept in files.
+    bool beginsSyllable = false;
 };
 
 struct SongTrack {

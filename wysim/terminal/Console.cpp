@@ -33,6 +33,12 @@ std::string toUtf8(std::wstring_view text) {
     return utf8;
 }
 
+// _isatty takes the null device for one as well.
+bool isConsole(DWORD stream) {
+    DWORD mode = 0;
+    return GetConsoleMode(GetStdHandle(stream), &mode) != 0;
+}
+
 } // namespace
 
 void useUtf8Terminal() {
@@ -59,11 +65,16 @@ std::vector<std::string> utf8Arguments(int /*argc*/, char** /*argv*/) {
 }
 
 bool isInputTerminal() {
-    return _isatty(_fileno(stdin)) != 0;
+    return isConsole(STD_INPUT_HANDLE);
 }
 
 bool isErrorTerminal() {
-    return _isatty(_fileno(stderr)) != 0;
+    return isConsole(STD_ERROR_HANDLE);
+}
+
+bool ownsTerminal() {
+    DWORD process = 0;
+    return isInputTerminal() && GetConsoleProcessList(&process, 1) == 1;
 }
 
 // The console gives other characters than ASCII only to those who read it as UTF-16.
@@ -97,6 +108,10 @@ bool isInputTerminal() {
 
 bool isErrorTerminal() {
     return isatty(STDERR_FILENO) != 0;
+}
+
+bool ownsTerminal() {
+    return false;
 }
 
 bool readTerminalLine(std::string& line) {

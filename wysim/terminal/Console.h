@@ -14,6 +14,9 @@ std::vector<std::string> utf8Arguments(int argc, char** argv);
 
 bool isInputTerminal();
 bool isErrorTerminal();
+// Whether a person looks at a window that was opened for this program alone and closes with it, as
+// a double click on the program does.
+bool ownsTerminal();
 
 // Reads a line that a person types at the terminal. False at the end.
 bool readTerminalLine(std::string& line);

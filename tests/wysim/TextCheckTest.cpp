@@ -1,0 +1,245 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "wysim/session/TextCheck.h"
+
+#include "simulator/Editor.h"
+#include "tests/wysim/EditorFixture.h"
+#include "wysim/session/CheckReport.h"
+#include "wysim/session/MendSearch.h"
+#include "wysim/session/ScratchTrack.h"
+#include "wysim/session/TextFinding.h"
+#include "wysim/song/BadInput.h"
+#include "wysim/terminal/Progress.h"
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <ostream>
+#include <string>
+#include <vector>
+
+namespace wybeta::tests {
+
+namespace {
+
+using namespace wysim::session;
+using wysim::song::BadInput;
+
+// "column word: reason: mend, mend" of each finding.
+std::vector<std::string> described(const std::vector<Finding>& findings) {
+    std::vector<std::string> lines;
+    for (const auto& finding : findings) {
+        auto& line = lines.emplace_back(std::to_string(finding.column) + " " + finding.word + ": " +
+                                        nameOf(finding.reason));
+        for (std::size_t i = 0; i < finding.mends.size(); ++i) {
+            line += (i == 0 ? ": " : ", ") + finding.mends[i];
+        }
+    }
+    return lines;
+}
+
+using Lines = std::vector<std::string>;
+
+struct Case {
+    const char* name;
+    const char* lyric;
+    std::size_t syllables;
+    Lines findings;
+};
+
+void PrintTo(const Case& example, std::ostream* out) {
+    *out << example.name;
+}
+
+template <class Base>
+class CheckTest : public EditorTest<Base> {
+protected:
+    static CheckedLyric check(const std::string& lyric) {
+        CheckedLyric checked;
+        EditorTest<Base>::useEditor(
+            [&](simulator::Editor& editor) { checked = TextCheck(editor).checkLyric(lyric); });
+        return checked;
+    }
+
+    static std::string refusalOf(const std::string& lyric) {
+        try {
+            check(lyric);
+            return {};
+        } catch (const BadInput& error) {
+            return error.what();
+        }
+    }
+};
+
+class TextCheckAnswer : public CheckTest<testing::TestWithParam<Case>> {};
+class TextCheckTest : public CheckTest<testing::Test> {};
+class MendSearchTest : public EditorTest<> {};
+
+TEST_P(TextCheckAnswer, HasTheSyllablesAndWhatIsFound) {
+    const auto checked = check(GetParam().lyric);
+    EXPECT_EQ(checked.syllables, GetParam().syllables);
+    EXPECT_EQ(described(checked.findings), GetParam().findings);
+    EXPECT_EQ(checked.text, GetParam().lyric);
+}
+
+const auto nameOfCase = [](const auto& test) { return std::string(test.param.name); };
+
+INSTANTIATE_TEST_SUITE_P(
+    AllSung, TextCheckAnswer,
+    testing::Values(Case{"Nothing", "", 0, {}}, Case{"Blanks", "   ", 0, {}},
+                    Case{"Words", "Amazing grace", 4, {}},
+                    Case{"KanaWithMarks", "さくら、さいた", 6, {}},
+                    Case{"WordBeforeKana", "loveソング", 4, {}},
+                    Case{"BlankBeforeAPair", "hello ちゃん", 4, {}},
+                    Case{"MarksAlone", "love - me ... !", 2, {}},
+                    Case{"MarksOfWords", "don't read(1) 'tis", 3, {}},
+                    Case{"WideBlankBehindKana", "「さくら」　love", 4, {}},
+                    Case{"QuotationMarkInFront", "“love", 1, {}},
+                    Case{"LettersThatAreNotHeard", "whole colour", 3, {}},
+                    Case{"Bracket", "さくら[s a,k u,r a]", 3, {}},
+                    Case{"BracketForTwoWords", "good morning[g uh d,m ao r,n ih ng]", 3, {}},
+                    Case{"BracketAlone", "[l a]", 1, {}},
+                    Case{"UnknownWordBeforeABracket", "xyzzy la[z iy]", 1, {}},
+                    Case{"MarksBehindABracket", "la[l a], ", 1, {}}),
+    nameOfCase);
+
+INSTANTIATE_TEST_SUITE_P(
+    Mark, TextCheckAnswer,
+    testing::Values(Case{"Behind", "Hello, world", 1, {"1 Hello,: mark: Hello"}},
+                    Case{"Around", "say (love)", 1, {"5 (love): mark: love"}},
+                    Case{"Several", "“Hello!”", 0, {"2 Hello!”: mark: Hello"}},
+                    Case{"BehindASuffix", "read(1),", 0, {"1 read(1),: mark: read(1)"}},
+                    Case{"Within", "well,then", 0, {"1 well,then: mark: well then"}},
+                    Case{"QuotationMarks", "'love'", 0, {"1 'love': mark: love"}},
+                    Case{"HalfABracket", "love[", 0, {"1 love[: mark: love"}},
+                    Case{"Symbol", "love♪", 0, {"1 love♪: mark: love"}},
+                    Case{"BeforeAKanaPair", "Hello,ちゃん", 2, {"1 Hello,ちゃ: mark: Hello ちゃ"}}),
+    nameOfCase);
+
+INSTANTIATE_TEST_SUITE_P(
+    Characters, TextCheckAnswer,
+    testing::Values(Case{"TypographicApostrophe", "don’t", 0, {"1 don’t: apostrophe: don't"}},
+                    Case{"ApostropheAndMark", "singin’,", 0, {"1 singin’,: apostrophe: singin'"}},
+                    Case{"WideBlank", "love　さくら", 3, {"1 love　さく: blank: love さく"}},
+                    Case{"WideBlankWithin", "love　me", 0, {"1 love　me: blank: love me"}},
+                    Case{"Tab", "\tlove\tme", 0, {"2 love\tme: blank: love me"}},
+                    Case{"FullWidth", "ｈｅｌｌｏ！", 0, {"1 ｈｅｌｌｏ！: full-width: hello"}},
+                    Case{"HalfWidthKana", "ｻｸﾗ", 0, {"1 ｻｸﾗ: half-width-kana: サクラ"}},
+                    Case{"VoicedHalfWidthKana", "ﾊﾟﾝさ", 1, {"1 ﾊﾟﾝ: half-width-kana: パン"}},
+                    Case{"Kanji", "桜がさく", 3, {"1 桜: kanji"}},
+                    Case{"KanjiBeforeAWord", "桜love", 1, {"1 桜: kanji"}},
+                    Case{"KanjiBehindAWord", "love桜", 0, {"1 love桜: kanji"}},
+                    Case{"KanaThatIsNotSung", "さヵさ", 2, {"2 ヵ: other-character"}},
+                    Case{"OtherScript", "love Привет", 1, {"6 Привет: other-character"}}),
+    nameOfCase);
+
+INSTANTIATE_TEST_SUITE_P(
+    Word, TextCheckAnswer,
+    testing::Values(
+        Case{"BeforeAKanaPair", "loveキャンディ", 3, {"1 loveキャ: kana-pair: love キャ"}},
+        Case{"BetweenKana", "さhelloちゃん", 3, {"2 helloちゃ: kana-pair: hello ちゃ"}},
+        Case{"Unknown", "xyzzy", 0, {"1 xyzzy: unknown"}},
+        Case{"Digits", "7 q9", 0, {"1 7: unknown", "3 q9: unknown"}},
+        Case{"Accent", "café", 0, {"1 café: unknown: cafe"}},
+        Case{"LetterMissing", "helo", 0, {"1 helo: unknown: hello, hemlo, helot, delo, celo"}},
+        Case{"LettersSwapped", "teh", 0, {"1 teh: unknown: the, eh, th, te, tesh"}},
+        Case{"ApostropheMissing", "couldnt", 0, {"1 couldnt: unknown: couldn't"}},
+        Case{"LetterMissingInALongWord", "beutiful", 0, {"1 beutiful: unknown: beautiful"}},
+        Case{"LetterMissingAmongHyphens", "beu-tiful", 0, {"1 beu-tiful: unknown: beautiful"}},
+        Case{"HyphenBetweenWords", "twenty-one", 0, {"1 twenty-one: hyphen-joins: twenty one"}}),
+    nameOfCase);
+
+INSTANTIATE_TEST_SUITE_P(
+    SungOtherwise, TextCheckAnswer,
+    testing::Values(
+        Case{"Hyphens", "A-ma-zing", 5, {"1 A-ma-zing: hyphen-holds: Amazing"}},
+        Case{"HyphenAndZero", "light- 0", 2, {"1 light-: hyphen-holds: light", "8 0: zero: zero"}},
+        Case{"Zero", "light 0", 1, {"7 0: zero: zero"}},
+        Case{"ZeroInFront", "0 love", 2, {"1 0: zero: zero"}},
+        Case{"ZeroBehindKana", "ス0", 1, {"1 ス0: zero: ス"}},
+        Case{"ZeroBetweenKana", "さア0さ", 3, {"2 ア0: zero: ア"}},
+        Case{"ZeroBeforeKana", "0さ", 2, {"1 0: zero"}}),
+    nameOfCase);
+
+INSTANTIATE_TEST_SUITE_P(
+    Bracket, TextCheckAnswer,
+    testing::Values(Case{"TextBehind", "la[l a] hello", 1, {"9 hello: outside-bracket"}},
+                    Case{"SeveralBrackets",
+                         "la[l a] hello la[l i]",
+                         1,
+                         {"1 la[l a]: outside-bracket", "9 hello: outside-bracket"}},
+                    Case{"OtherWordInFront", "hello さくら[s a]", 1, {"1 hello: outside-bracket"}},
+                    Case{"Empty", "love[]", 1, {"1 love[]: empty-bracket: love"}},
+                    Case{"EmptyAmongOtherWords",
+                         "hello love []",
+                         1,
+                         {"1 hello: outside-bracket", "7 love []: empty-bracket: love"}},
+                    Case{"EmptyBehindAnUnknownWord", "xyzzy[,]", 2, {"1 xyzzy[,]: empty-bracket"}}),
+    nameOfCase);
+
+TEST_F(TextCheckTest, CountsColumnsInCharactersAndNumbersLines) {
+    useEditor([](simulator::Editor& editor) {
+        wysim::terminal::Progress progress;
+        const auto lines = TextCheck(editor).checkLines({"love", "", "さ 𠮷さ love!"}, progress);
+        ASSERT_EQ(lines.size(), 3u);
+        EXPECT_EQ(described(lines[2].findings), (Lines{"3 𠮷: kanji", "6 love!: mark: love"}));
+        for (const auto& finding : lines[2].findings) {
+            EXPECT_EQ(finding.line, 3u);
+        }
+    });
+}
+
+TEST_F(TextCheckTest, TellsTheSyllablesThatAWordHasAsItIs) {
+    EXPECT_EQ(check("Hello, A-ma-zing").findings.at(0).syllables, 0u);
+    EXPECT_EQ(check("Hello, A-ma-zing").findings.at(1).syllables, 5u);
+}
+
+TEST_F(TextCheckTest, FindsTheSameInAWordThatComesAgain) {
+    const auto findings = described(check("love! love! さ").findings);
+    EXPECT_EQ(findings, (Lines{"1 love!: mark: love", "7 love!: mark: love"}));
+}
+
+TEST_F(TextCheckTest, RefusesWhatIsNoLineOfText) {
+    EXPECT_EQ(refusalOf(std::string(1000, 'x')), "");
+    EXPECT_EQ(refusalOf(std::string(1001, 'x')),
+              "expected a line of at most 1000 characters, found one of 1001");
+    const auto noText = "expected a text of one line in UTF-8, found control characters or other "
+                        "bytes";
+    EXPECT_EQ(refusalOf("love\xFF"), noText);
+    EXPECT_EQ(refusalOf("love\nme"), noText);
+    useEditor([](simulator::Editor& editor) {
+        wysim::terminal::Progress progress;
+        try {
+            TextCheck(editor).checkLines({"love", std::string(2000, 'x')}, progress);
+            FAIL();
+        } catch (const BadInput& error) {
+            EXPECT_STREQ(error.what(), "expected a line of at most 1000 characters, found one of "
+                                       "2000 at line 2");
+        }
+    });
+}
+
+TEST_F(MendSearchTest, EndsAfterAThousandTries) {
+    useEditor([](simulator::Editor& editor) {
+        ScratchTrack scratch(editor);
+        const WordInText word{U"", std::u32string(32, U'q'), U""};
+        const auto mending = MendSearch(scratch, word).run();
+        EXPECT_EQ(mending.reason, Reason::Unknown);
+        EXPECT_TRUE(mending.mends.empty());
+        EXPECT_EQ(scratch.tries(), MendSearch::kMaxTries);
+        EXPECT_EQ(MendSearch::kMaxTries, 1000u);
+    });
+}
+
+TEST_F(MendSearchTest, ProposesOnlyWhatIsSungWhereTheWordStands) {
+    useEditor([](simulator::Editor& editor) {
+        ScratchTrack scratch(editor);
+        const WordInText word{U"さ", U"helo", U"ちゃ"};
+        const auto mending = MendSearch(scratch, word).run();
+        ASSERT_EQ(mending.mends.size(), MendSearch::kMaxMends);
+        EXPECT_EQ(mending.mends.front(), U"hello ");
+    });
+}
+
+} // namespace
+
+} // namespace wybeta::tests

@@ -1,0 +1,231 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "wysim/session/WordFitter.h"
+
+#include "simulator/Editor.h"
+#include "tests/wysim/EditorFixture.h"
+#include "wysim/session/FittedWord.h"
+#include "wysim/session/ScratchTrack.h"
+#include "wysim/session/SongWords.h"
+#include "wysim/session/WordSearch.h"
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <map>
+#include <numeric>
+#include <ostream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace wybeta::tests {
+
+namespace {
+
+using namespace wysim::session;
+
+// A word of a score that gives its syllables so many notes.
+SongWord divided(const std::string& text, const std::vector<std::size_t>& notes) {
+    return {1, 1, text, std::accumulate(notes.begin(), notes.end(), std::size_t{0}), notes};
+}
+
+// A word of which nothing but the number of notes is known.
+SongWord counted(const std::string& text, std::size_t notes) {
+    return {1, 1, text, notes, {}};
+}
+
+// "3+1+1" are the notes of each syllable, "=4" their number alone.
+SongWord wordOf(const std::string& text, const std::string& notes) {
+    if (notes.front() == '=') {
+        return counted(text, std::stoul(notes.substr(1)));
+    }
+    std::vector<std::size_t> ofSyllables;
+    std::istringstream numbers(notes);
+    for (std::string number; std::getline(numbers, number, '+');) {
+        ofSyllables.push_back(std::stoul(number));
+    }
+    return divided(text, ofSyllables);
+}
+
+std::string nameOf(Outcome outcome) {
+    static const std::map<Outcome, std::string> names = {
+        {Outcome::AsItIs, "as it is"},        {Outcome::Hyphens, "hyphens"},
+        {Outcome::OtherEntry, "other entry"}, {Outcome::Brackets, "brackets"},
+        {Outcome::Unknown, "unknown"},        {Outcome::DividedOtherwise, "divided otherwise"},
+        {Outcome::NotReached, "not reached"},
+    };
+    return names.at(outcome);
+}
+
+// How it is fitted, the text, what the notes carry, and the reason why not.
+std::string described(const FittedWord& fitted) {
+    std::string text = nameOf(fitted.outcome) + ": " + fitted.text;
+    for (const auto& syllable : fitted.carried) {
+        text += " [" + syllable + "]";
+    }
+    return text + (fitted.reason.empty() ? "" : ": " + fitted.reason);
+}
+
+struct Case {
+    const char* name;
+    const char* word;
+    const char* notes;
+    const char* answer;
+    bool usesBrackets = false;
+};
+
+void PrintTo(const Case& example, std::ostream* out) {
+    *out << example.name;
+}
+
+template <class Base>
+class FitterTest : public EditorTest<Base> {
+protected:
+    static FittedWord fit(const SongWord& word, bool usesBrackets = false) {
+        FittedWord fitted;
+        EditorTest<Base>::useEditor([&](simulator::Editor& editor) {
+            ScratchTrack scratch(editor);
+            fitted = WordFitter(scratch, usesBrackets).fit(word);
+        });
+        return fitted;
+    }
+};
+
+class WordFitterAnswer : public FitterTest<testing::TestWithParam<Case>> {};
+class WordFitterTest : public FitterTest<testing::Test> {};
+
+TEST_P(WordFitterAnswer, IsWhatToType) {
+    const auto& example = GetParam();
+    EXPECT_EQ(described(fit(wordOf(example.word, example.notes), example.usesBrackets)),
+              example.answer);
+}
+
+constexpr bool kWithBrackets = true;
+
+INSTANTIATE_TEST_SUITE_P(
+    Fitted, WordFitterAnswer,
+    testing::Values(
+        Case{"SyllablesOnTheirNotes", "hello", "1+1", "as it is: hello [hh ah] [l ow]"},
+        Case{"KanaOnTheirNotes", "さくら", "1+1+1", "as it is: さくら [s a] [k u] [r a]"},
+        Case{"LongVowelOfOneSyllable", "カー", "2", "as it is: カー [k a] [-]"},
+        Case{"LongVowelOfTwoSyllables", "カー", "1+1", "as it is: カー [k a] [-]"},
+        Case{"AsManyAsNotes", "hello", "=2", "as it is: hello [hh ah] [l ow]"},
+        Case{"TypedHyphenThatIsCounted", "lo-ve", "=2", "as it is: lo-ve [l ah] [- v]"},
+        Case{"TypedHyphenThatIsRight", "lo-ve", "2", "as it is: lo-ve [l ah] [- v]"},
+        Case{"TypedBrackets", "la[l a,l a]", "=2", "as it is: la[l a,l a] [l a] [l a]",
+             kWithBrackets},
+        Case{"DividedAsNoEntryIs", "hello", "2", "as it is: hello [hh ah] [l ow]"},
+
+        Case{"FirstSyllableHeld", "Gloria", "3+1+1",
+             "hyphens: Glo--ria [g l ao] [-] [- ] [r iy] [ah]"},
+        Case{"TwoSyllablesHeld", "abandon", "1+2+3",
+             "hyphens: aba-ndon-- [ah] [b ae] [- n] [d ah] [-] [- n]"},
+        Case{"KanaHeld", "さくら", "1+3+1", "hyphens: さくーーら [s a] [k u] [-] [-] [r a]"},
+        Case{"KanaPairHeld", "きょう", "2+1", "hyphens: きょーう [ky o] [-] [u]"},
+        Case{"LongVowelHeld", "カー", "1+2", "hyphens: カーー [k a] [-] [-]"},
+        Case{"BothHeld", "loveソ", "2+2", "hyphens: love-ソー [l ah] [- v] [s o] [-]"},
+        Case{"TypedHyphenTooMany", "hel-lo", "1+1", "hyphens: hello [hh ah] [l ow]"},
+        Case{"WordsOfWhichTheLastIsHeld", "go on", "1+2", "hyphens: go on- [g ow] [aa] [- n]"},
+        Case{"TypedSuffix", "read(1)", "2", "hyphens: read-(1) [r iy] [- d]"},
+        Case{"MoreNotesThanSyllables", "Gloria", "=4",
+             "hyphens: Gloria- [g l ao] [r iy] [ah] [- ]"},
+        Case{"OneSyllableInTheScore", "hello", "3", "hyphens: hello- [hh ah] [l ow] [- ]"},
+        Case{"LastSyllableOutOfReach", "fiasco", "=4",
+             "hyphens: fiasco- [f iy] [ae] [- ] [s k ow]"},
+
+        Case{"OneSyllableByAnotherEntry", "our", "1", "other entry: our(1) [aw r]"},
+        Case{"AnotherEntryHeld", "our", "3", "other entry: our--(1) [aw] [-] [- r]"},
+        Case{"TwoSyllablesByAnotherEntry", "prayer", "1+1", "other entry: prayer(1) [p r ey] [er]"},
+        Case{"EntryWithoutTheSuffix", "our(1)", "1+1", "other entry: our [aw] [er]"},
+        Case{"AnotherEntryOfOneOfTwoWords", "our love", "1+2",
+             "other entry: our(1) love- [aw r] [l ah] [- v]"},
+        Case{"FewerNotesThanSyllables", "our", "=1", "other entry: our(1) [aw r]", kWithBrackets},
+
+        Case{"SyllableOutOfReach", "fiasco", "1+1+3",
+             "brackets: fiasco[f iy,ae,s k ow,-,-] [f iy] [ae] [s k ow] [-] [-]", kWithBrackets},
+        Case{"TwoSyllablesOnOneNote", "Tokyo", "1+1",
+             "brackets: Tokyo[t ow,k iy ow] [t ow] [k iy ow]", kWithBrackets},
+        Case{"WordsThatShareANote", "going away", "1+1+1",
+             "brackets: going away[g ow,ih ng ah,w ey] [g ow] [ih ng ah] [w ey]", kWithBrackets},
+        Case{"LongVowelOnOneNote", "カッター", "=3",
+             "brackets: カッター[k a,cl,t a] [k a] [cl] [t a]", kWithBrackets},
+        Case{"TypedBracketsThatAreTooShort", "la[l a]", "=2", "brackets: la[l a,-] [l a] [-]",
+             kWithBrackets}),
+    [](const auto& test) { return std::string(test.param.name); });
+
+INSTANTIATE_TEST_SUITE_P(
+    NotFitted, WordFitterAnswer,
+    testing::Values(Case{"UnknownWord", "xyzzy", "2", "unknown: xyzzy: \"xyzzy\" is not sung",
+                         kWithBrackets},
+                    Case{"UnknownWordAmongOthers", "love xyzzy", "1+1",
+                         "unknown: love xyzzy [l ah v]: \"xyzzy\" is not sung", kWithBrackets},
+                    Case{"DividedOtherwise", "Tokyo", "1+1",
+                         "divided otherwise: Tokyo [t ow] [k iy]: 3 syllables for 2 notes"},
+                    Case{"TooFewNotes", "hello", "=1",
+                         "divided otherwise: hello [hh ah]: 2 syllables for 1 note"},
+                    Case{"NotReached", "fiasco", "1+1+2",
+                         "not reached: fiasco [f iy] [ae] [s k ow]: no hyphen holds syllable 3"},
+                    Case{"BracketsThatAreTooShort", "la[l a]", "=2",
+                         "not reached: la[l a] [l a]: no hyphen holds syllable 1"}),
+    [](const auto& test) { return std::string(test.param.name); });
+
+std::string repeated(const std::string& text, std::size_t count) {
+    std::string all;
+    for (std::size_t i = 0; i < count; ++i) {
+        all += text;
+    }
+    return all;
+}
+
+TEST_F(WordFitterTest, EndsAfterAThousandTries) {
+    useEditor([](simulator::Editor& editor) {
+        ScratchTrack scratch(editor);
+        const auto word = counted(repeated("か ", 400), 401);
+        const auto fitted = WordFitter(scratch, true).fit(word);
+        EXPECT_EQ(scratch.tries(), WordSearch::kMaxTries);
+        EXPECT_EQ(WordSearch::kMaxTries, 1000u);
+        EXPECT_EQ(fitted.outcome, Outcome::NotReached);
+        EXPECT_EQ(fitted.reason, "nothing was found in 1000 tries");
+        EXPECT_EQ(fitted.text, word.text);
+    });
+}
+
+TEST_F(WordFitterTest, SearchesForNothingLongerThanAWord) {
+    const auto expectTooLong = [](const SongWord& word) {
+        const auto fitted = fit(word, true);
+        EXPECT_EQ(fitted.outcome, Outcome::NotReached);
+        EXPECT_EQ(fitted.reason, "it is longer than a search goes");
+        EXPECT_EQ(fitted.text, word.text);
+    };
+    expectTooLong(counted(repeated("か", 1001), 1));
+    expectTooLong(counted("か", 1001));
+    EXPECT_EQ(fit(counted(repeated("か", 999), 1000)).outcome, Outcome::Hyphens);
+    EXPECT_EQ(fit(counted(repeated("か", 1001), 1001)).outcome, Outcome::AsItIs);
+}
+
+TEST_F(WordFitterTest, SearchesOnceForEachWordAndDivision) {
+    useEditor([](simulator::Editor& editor) {
+        ScratchTrack scratch(editor);
+        WordFitter fitter(scratch, false);
+        const auto& first = fitter.fit(divided("Gloria", {3, 1, 1}));
+        const auto tries = scratch.tries();
+        EXPECT_EQ(&fitter.fit(divided("Gloria", {3, 1, 1})), &first);
+        EXPECT_EQ(scratch.tries(), tries);
+        EXPECT_EQ(fitter.fit(divided("Gloria", {1, 3, 1})).text, "Glori--a");
+        EXPECT_EQ(first.text, "Glo--ria");
+    });
+}
+
+TEST_F(WordFitterTest, LeavesItsOwnAnswersAsTheyAre) {
+    for (const auto& word :
+         {divided("Gloria", {3, 1, 1}), divided("our", {3}), divided("fiasco", {1, 1, 3})}) {
+        const auto fitted = fit(word, true);
+        const auto again = fit(counted(fitted.text, word.notes), true);
+        EXPECT_EQ(again.outcome, Outcome::AsItIs);
+        EXPECT_EQ(again.carried, fitted.carried);
+    }
+}
+
+} // namespace
+
+} // namespace wybeta::tests

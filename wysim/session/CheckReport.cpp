@@ -1,0 +1,152 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "wysim/session/CheckReport.h"
+
+#include "wysim/session/Wording.h"
+
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <cstddef>
+#include <iterator>
+
+namespace wybeta::wysim::session {
+
+namespace {
+
+struct Explanation {
+    Reason reason;
+    const char* name;
+    const char* why;
+    const char* advice; // where there is no mend
+};
+
+constexpr auto kUseBrackets = "Write its phonemes in brackets behind it";
+constexpr Explanation kExplanations[] = {
+    {Reason::Unknown, "unknown", "the dictionary does not have it", kUseBrackets},
+    {Reason::Mark, "mark", "a mark sticks to it", ""},
+    {Reason::Apostrophe, "apostrophe", "its apostrophe is a typographic one", ""},
+    {Reason::Blank, "blank", "a blank of another kind sticks to it", ""},
+    {Reason::FullWidth, "full-width", "its letters are full-width", ""},
+    {Reason::HalfWidthKana, "half-width-kana", "its kana are half-width", ""},
+    {Reason::BeforeKanaPair, "kana-pair", "two kana of one syllable come right behind it", ""},
+    {Reason::Kanji, "kanji", "kanji are passed over", "Write it in kana"},
+    {Reason::OtherCharacter, "other-character", "such characters are passed over",
+     "Write it in kana or in plain letters"},
+    {Reason::HyphenJoins, "hyphen-joins", "a hyphen makes one word of several", ""},
+    {Reason::OutsideBracket, "outside-bracket", "only the last bracket of a line is sung",
+     "Give it a line of its own"},
+    {Reason::EmptyBracket, "empty-bracket", "its bracket is empty",
+     "Write its phonemes into the bracket"},
+    {Reason::HyphenHolds, "hyphen-holds", "its hyphens hold syllables over further notes", ""},
+    {Reason::Zero, "zero", "0 drops the sound before it, or makes a rest", "Write another word"},
+};
+
+const Explanation& explanationOf(Reason reason) {
+    return *std::find_if(
+        std::begin(kExplanations), std::end(kExplanations),
+        [reason](const auto& explanation) { return explanation.reason == reason; });
+}
+
+// "a", "b" or "c".
+std::string listed(const std::vector<std::string>& mends) {
+    std::string text = inDoubleQuotes(mends.front());
+    for (std::size_t i = 1; i < mends.size(); ++i) {
+        text += (i + 1 == mends.size() ? " or " : ", ") + inDoubleQuotes(mends[i]);
+    }
+    return text;
+}
+
+std::string adviceOn(const Finding& finding) {
+    if (finding.mends.empty()) {
+        return explanationOf(finding.reason).advice;
+    }
+    if (finding.reason == Reason::Unknown) {
+        return std::string(kUseBrackets) + ", or " + listed(finding.mends);
+    }
+    return "Write " + listed(finding.mends) + (isSung(finding.reason) ? " if not meant" : "");
+}
+
+std::string sentenceOn(const Finding& finding) {
+    return "column " + std::to_string(finding.column) + ": " + inDoubleQuotes(finding.word) +
+           (isSung(finding.reason) ? " is sung, but " : " is not sung: ") +
+           explanationOf(finding.reason).why + ". " + adviceOn(finding) + ".";
+}
+
+struct Totals {
+    std::size_t lines = 0;
+    std::size_t syllables = 0;
+    std::size_t unsung = 0;
+    std::size_t toLookAt = 0;
+};
+
+Totals totalsOf(const std::vector<CheckedLyric>& lines) {
+    Totals totals;
+    for (const auto& line : lines) {
+        totals.lines += trimmed(line.text).empty() ? 0 : 1;
+        totals.syllables += line.syllables;
+        for (const auto& finding : line.findings) {
+            ++(isSung(finding.reason) ? totals.toLookAt : totals.unsung);
+        }
+    }
+    return totals;
+}
+
+std::string padded(std::size_t number, std::size_t width) {
+    const auto digits = std::to_string(number);
+    return std::string(width - std::min(width, digits.size()), ' ') + digits;
+}
+
+} // namespace
+
+bool isAllSung(const std::vector<CheckedLyric>& lines) {
+    return totalsOf(lines).unsung == 0;
+}
+
+std::string checkReport(const std::vector<CheckedLyric>& lines) {
+    constexpr std::size_t kWidth = 5;
+    std::string report;
+    for (const auto& line : lines) {
+        report += trimmed(line.text).empty()
+                      ? "\n"
+                      : padded(line.syllables, kWidth) + "  " + line.text + "\n";
+        for (const auto& finding : line.findings) {
+            report += std::string(kWidth + 4, ' ') + sentenceOn(finding) + "\n";
+        }
+    }
+    const auto totals = totalsOf(lines);
+    return report + "lines: " + std::to_string(totals.lines) +
+           "; syllables: " + std::to_string(totals.syllables) +
+           "; not sung: " + std::to_string(totals.unsung) +
+           ", to look at: " + std::to_string(totals.toLookAt) + "\n";
+}
+
+std::string checkJson(const std::vector<CheckedLyric>& lines) {
+    using nlohmann::ordered_json;
+    auto list = ordered_json::array();
+    for (const auto& line : lines) {
+        auto findings = ordered_json::array();
+        for (const auto& finding : line.findings) {
+            findings.push_back({{"line", finding.line},
+                                {"column", finding.column},
+                                {"word", finding.word},
+                                {"sung", isSung(finding.reason)},
+                                {"reason", nameOf(finding.reason)},
+                                {"mends", finding.mends},
+                                {"syllables", finding.syllables}});
+        }
+        list.push_back(
+            {{"text", line.text}, {"syllables", line.syllables}, {"findings", findings}});
+    }
+    const auto totals = totalsOf(lines);
+    const ordered_json report = {{"lines", list},
+                                 {"syllables", totals.syllables},
+                                 {"notSung", totals.unsung},
+                                 {"toLookAt", totals.toLookAt}};
+    return report.dump(2) + "\n";
+}
+
+std::string nameOf(Reason reason) {
+    return explanationOf(reason).name;
+}
+
+} // namespace wybeta::wysim::session

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "simulator/Editor.h"
+#include "wysim/session/FittedWord.h"
+#include "wysim/session/SongWords.h"
+#include "wysim/song/Song.h"
+#include "wysim/terminal/Progress.h"
+
+#include <string>
+#include <vector>
+
+namespace wybeta::wysim::session {
+
+struct FittedSongWord {
+    SongWord word;
+    FittedWord fitted;
+};
+
+// Fits each word of the song in an empty track of the editor. With `usesBrackets`, what hyphens and
+// other entries can't do is done by phonemes in brackets.
+std::vector<FittedSongWord> fitWords(simulator::Editor& editor, const song::Song& song,
+                                     bool usesBrackets, terminal::Progress& progress);
+
+// The song with the fitted words typed, yet to be divided.
+song::Song fittedSong(song::Song song, const std::vector<FittedSongWord>& words);
+
+// The fitted song as it is typed beside how the editor divides it, in SVG.
+std::string fittedPicture(simulator::Editor& editor, const song::Song& fitted);
+
+bool areAllFitted(const std::vector<FittedSongWord>& words);
+
+// A table of the words, and the line that counts them.
+std::string fittingTable(const std::vector<FittedSongWord>& words);
+std::string fittingTotals(const std::vector<FittedSongWord>& words);
+
+} // namespace wybeta::wysim::session

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Lyrics as characters.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace wybeta::wysim::session {
+
+// A text has to be valid UTF-8.
+std::u32string charactersOf(std::string_view utf8);
+std::string utf8Of(std::u32string_view characters);
+
+// The words between the blanks of a text.
+std::vector<std::string> wordsBetweenBlanks(std::string_view text);
+
+bool isKana(char32_t character);
+bool holdsKana(std::string_view utf8);
+
+} // namespace wybeta::wysim::session

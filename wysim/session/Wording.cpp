@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "wysim/session/Wording.h"
+
+namespace wybeta::wysim::session {
+
+std::string inQuotes(std::string_view text) {
+    return text.empty() ? "nothing" : "'" + std::string(text) + "'";
+}
+
+std::string inDoubleQuotes(std::string_view lyric) {
+    return "\"" + std::string(lyric) + "\"";
+}
+
+std::string_view trimmed(std::string_view text) {
+    const auto first = text.find_first_not_of(" \t\r");
+    return first == std::string_view::npos
+               ? std::string_view()
+               : text.substr(first, text.find_last_not_of(" \t\r") - first + 1);
+}
+
+std::string_view withoutReturn(std::string_view line) {
+    return !line.empty() && line.back() == '\r' ? line.substr(0, line.size() - 1) : line;
+}
+
+} // namespace wybeta::wysim::session

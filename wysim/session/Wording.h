@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace wybeta::wysim::session {
+
+// What a person wrote, as a message names it: 'love', or "nothing" for an empty text.
+std::string inQuotes(std::string_view text);
+// A lyric between double quotation marks, also an empty one.
+std::string inDoubleQuotes(std::string_view lyric);
+
+// The text without blanks, tabs and carriage returns around it.
+std::string_view trimmed(std::string_view text);
+// A line without the carriage return that some systems end it with.
+std::string_view withoutReturn(std::string_view line);
+
+} // namespace wybeta::wysim::session
