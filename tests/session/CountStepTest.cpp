@@ -10,7 +10,6 @@
 #include "tests/SimulatedHost.h"
 #include "tests/TrackNotes.h"
 #include "tests/session/SessionTest.h"
-#include "wysim/session/SongInEditor.h"
 
 #include "pluginterfaces/base/smartpointer.h"
 

@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // Which lyrics of a track are divided, and what undo brings back for them.
-#include "simulator/EditContext.h"
 #include "simulator/HostObject.h"
 #include "simulator/ProjectTree.h"
 #include "simulator/Track.h"
 #include "tests/TrackNotes.h"
 #include "tests/session/SessionTest.h"
-#include "wysim/session/SongInEditor.h"
 
 #include <gtest/gtest.h>
 

@@ -11,7 +11,6 @@
 #include "simulator/Track.h"
 #include "tests/TrackNotes.h"
 #include "tests/session/SessionTest.h"
-#include "wysim/session/SongInEditor.h"
 
 #include "pluginterfaces/base/fvariant.h"
 #include "pluginterfaces/base/smartpointer.h"

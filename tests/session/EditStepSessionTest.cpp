@@ -6,9 +6,7 @@
 #include "host/IProjectTrack.h"
 #include "simulator/CallInterceptor.h"
 #include "simulator/EditContext.h"
-#include "simulator/Editor.h"
 #include "simulator/HostObject.h"
-#include "simulator/Track.h"
 #include "tests/TrackNotes.h"
 #include "tests/session/SessionTest.h"
 

@@ -5,7 +5,6 @@
 #include "host/IEditStep.h"
 #include "simulator/CallInterceptor.h"
 #include "simulator/EditContext.h"
-#include "simulator/Editor.h"
 #include "simulator/HostObject.h"
 #include "simulator/Track.h"
 #include "tests/TrackNotes.h"

@@ -57,6 +57,7 @@ MirroredProject::MirroredProject(TreeNode& top, Random& random)
 // the model have to follow it.
 void MirroredProject::makeVoiceTracks() {
     std::vector<Handle<Track>> tracks;
+    tracks.reserve(kVoiceTracks);
     for (std::size_t i = 0; i < kVoiceTracks; ++i) {
         tracks.push_back(makeVoiceTrack(state_));
     }

@@ -135,7 +135,7 @@ std::string withoutHyphens(std::string text) {
 
 void rest(Texts& items) {
     if (items.empty()) {
-        items.push_back("sil");
+        items.emplace_back("sil");
         return;
     }
     const Texts symbols = symbolsOf(items.back());

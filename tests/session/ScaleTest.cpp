@@ -3,7 +3,6 @@
 // The cost of a walk grows with the notes and no faster. At these sizes a search through all notes
 // for each of them would take minutes.
 #include "simulator/Editor.h"
-#include "simulator/Event.h"
 #include "tests/TrackNotes.h"
 #include "tests/session/SessionTest.h"
 

@@ -2,12 +2,9 @@
 //
 // Sessions as a user has them, from typing to the far end of the undo history.
 #include "simulator/Editor.h"
-#include "simulator/Event.h"
 #include "simulator/HostObject.h"
-#include "simulator/Track.h"
 #include "tests/TrackNotes.h"
 #include "tests/session/SessionTest.h"
-#include "wysim/session/SongInEditor.h"
 
 #include <gtest/gtest.h>
 

@@ -3,11 +3,9 @@
 // What the extension remembers of a track, from its first sighting on.
 #include "simulator/Event.h"
 #include "simulator/HostObject.h"
-#include "simulator/ProjectTree.h"
 #include "simulator/Track.h"
 #include "tests/TrackNotes.h"
 #include "tests/session/SessionTest.h"
-#include "wysim/session/SongInEditor.h"
 
 #include "pluginterfaces/base/fvariant.h"
 

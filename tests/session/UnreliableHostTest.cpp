@@ -2,9 +2,7 @@
 //
 // A host whose answers make no sense.
 #include "host/IProjectNode.h"
-#include "host/InterfaceId.h"
 #include "simulator/CallInterceptor.h"
-#include "simulator/EditContext.h"
 #include "simulator/Event.h"
 #include "simulator/HostObject.h"
 #include "simulator/ProjectTree.h"

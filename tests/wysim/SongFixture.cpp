@@ -71,6 +71,7 @@ std::string refusalOf(const fs::path& path, std::optional<int> verse) {
 
 std::vector<std::string> trackNames(const Song& song) {
     std::vector<std::string> names;
+    names.reserve(song.tracks.size());
     for (const auto& track : song.tracks) {
         names.push_back(track.name);
     }

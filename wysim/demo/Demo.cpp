@@ -106,6 +106,7 @@ void sing(simulator::Editor& editor, const Notes& notes, const char* typed) {
 void singVerses(simulator::Editor& editor) {
     const auto part = simulator::makeHandle<simulator::Part>(editor.state());
     std::vector<Notes> verses;
+    verses.reserve(kVerses.size());
     for (const auto& verse : kVerses) {
         verses.push_back(addNotes(*part, verse.notes));
     }

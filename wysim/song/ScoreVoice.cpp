@@ -89,6 +89,7 @@ std::vector<SongNote> ScoreVoice::takeNotes(ScoreWarnings& warnings) {
     cutOverlaps(warnings);
     typeWords();
     std::vector<SongNote> taken;
+    taken.reserve(notes_.size());
     for (auto& note : notes_) {
         taken.push_back(std::move(note.note));
     }

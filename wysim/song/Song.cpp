@@ -91,7 +91,8 @@ void checkTime(const Song& song) {
                                       std::to_string(time.beats) + "/" +
                                           std::to_string(time.beatType));
     }
-    if (!(song.pickup >= 0 && song.pickup < time.measureLength())) {
+    const bool isPickupRight = song.pickup >= 0 && song.pickup < time.measureLength();
+    if (!isPickupRight) {
         throw BadInput::expectedFound("a pickup shorter than a measure", formatNumber(song.pickup));
     }
 }

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "lyrics/LyricConversion.h"
 
-#include "dictionary/PronunciationDictionary.h"
 #include "tests/SmallStackThread.h"
 #include "tests/unit/dictionary/LoadedDictionary.h"
 #include "tests/unit/faults/FailingAllocation.h"
