@@ -12,8 +12,9 @@ git ls-files -z '*.h' '*.cpp' | xargs -0 clang-format --dry-run --Werror
 # Nothing is built for clang-tidy, but it reads how it would be: without precompiled headers, since
 # those hide what a file includes.
 readonly database=build/lint
+mkdir -p $database
 cmake --preset fuzz -B $database -DWYBETA_BUILD_TESTING=ON -DWYBETA_BUILD_BENCHMARKS=ON \
-    -DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON >$database.log
+    -DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON >$database/cmake.log
 
 # Prints what a tool said, only when it failed.
 quietly() {
