@@ -18,9 +18,14 @@ findLoader() {
 }
 
 loader=$(findLoader)
-if [ ! -e "$WINEPREFIX/system.reg" ]; then
-    # The first start fills the prefix, and talks about parts of Wine that are not needed here.
-    mkdir -p "$WINEPREFIX"
-    "$loader" wineboot --init >/dev/null 2>&1
-fi
+# The first start fills the prefix, and talks about parts of Wine that are not needed here. Tests start
+# several at once, so the others wait for it; what Wine leaves running must not hold the lock.
+mkdir -p "$WINEPREFIX"
+{
+    flock 9
+    if [ ! -e "$WINEPREFIX/.filled" ]; then
+        "$loader" wineboot --init >/dev/null 2>&1 9>&-
+        touch "$WINEPREFIX/.filled"
+    fi
+} 9>"$WINEPREFIX/.lock"
 exec "$loader" "$@"
