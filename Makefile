@@ -14,41 +14,41 @@ module:
 	@tools/build.sh windows wybeta_module
 
 demo:
-	@tools/setup.sh build windows wysim
+	@tools/setup.sh build windows
 	@tools/demo.sh
 
 # The inner loop: the native build and its tests.
 check:
-	@tools/setup.sh build wysim tests
+	@tools/setup.sh build tests
 	@tools/build.sh linux
 	@ctest --preset linux --label-regex 'unit|module|wysim'
 
 # Everything: native, sanitized, under Wine; documents, package, replays of the fuzz targets.
 test:
-	@tools/setup.sh build windows wysim tests fuzz
+	@tools/setup.sh build windows tests fuzz
 	@for preset in linux sanitized fuzz windows; do \
 	    tools/build.sh $$preset && ctest --preset $$preset || exit; done
 
 bench:
-	@tools/setup.sh build windows wysim bench
+	@tools/setup.sh build windows bench
 	@tools/bench.sh
 
 # Seconds for each target.
 FUZZ_SECONDS ?= 60
 
 fuzz:
-	@tools/setup.sh build wysim fuzz
+	@tools/setup.sh build fuzz
 	@tools/fuzz.sh $(FUZZ_SECONDS)
 
 # The folders that clang-tidy reads; without any, it reads them all.
 TIDY ?=
 
 lint:
-	@tools/setup.sh build wysim tests bench fuzz lint
+	@tools/setup.sh build tests bench fuzz lint
 	@tools/lint.sh $(TIDY)
 
 coverage:
-	@tools/setup.sh build wysim tests coverage
+	@tools/setup.sh build tests coverage
 	@tools/coverage.sh
 
 dist:

@@ -6,6 +6,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
+cmake --preset linux -DWYBETA_BUILD_BENCHMARKS=ON >/dev/null
 tools/build.sh linux wybeta_module benchmarks
 tools/dist.sh build/dist >/dev/null
 

@@ -8,10 +8,11 @@ cd "$(dirname "$0")/.."
 
 # The packages of each group of tasks.
 readonly -A packages=(
-    [build]="g++ cmake ninja-build make python3 xz-utils bzip2 ca-certificates libutfcpp-dev"
+    # What every preset is configured with, and pugixml and zlib below.
+    [build]="g++ cmake ninja-build make python3 xz-utils bzip2 ca-certificates libutfcpp-dev
+        libcli11-dev nlohmann-json3-dev googletest"
     [windows]="g++-mingw-w64-x86-64-posix wine64"
-    [wysim]="libcli11-dev nlohmann-json3-dev"
-    [tests]="googletest python3-pyelftools python3-pefile"
+    [tests]="python3-pyelftools python3-pefile"
     [bench]="libbenchmark-dev"
     [fuzz]="clang-14 libclang-rt-14-dev"
     [lint]="clang-format clang-tidy-19 cppcheck"
@@ -63,8 +64,6 @@ elif [ ! -f "$VST3_SDK_DIR/pluginterfaces/base/funknown.h" ]; then
     exit 1
 fi
 
-if [[ " ${groups[*]} " == *" wysim "* ]]; then
-    for library in pugixml zlib; do
-        tools/fetch-library.sh $library "$PWD/.deps/$library"
-    done
-fi
+for library in pugixml zlib; do
+    tools/fetch-library.sh $library "$PWD/.deps/$library"
+done
