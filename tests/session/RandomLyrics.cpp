@@ -5,14 +5,14 @@ namespace wybeta::tests {
 
 namespace {
 
-constexpr const char* kKana[] = {"ア", "カ", "キ", "ク", "サ", "ス",   "ツ",  "テ",   "フ",   "ラ",
-                                 "ヴ", "ヲ", "ン", "ッ", "ー", "ャ",   "ィ",  "キャ", "ティ", "あ",
-                                 "か", "き", "く", "さ", "す", "つ",   "て",  "ふ",   "ら",   "ゔ",
-                                 "を", "ん", "っ", "ゃ", "ぃ", "きゃ", "てぃ"};
+constexpr const char* kKanaPieces[] = {
+    "ア", "カ", "キ", "ク", "サ",   "ス",   "ツ", "テ", "フ", "ラ",   "ヴ",  "ヲ", "ン",
+    "ッ", "ー", "ャ", "ィ", "キャ", "ティ", "あ", "か", "き", "く",   "さ",  "す", "つ",
+    "て", "ふ", "ら", "ゔ", "を",   "ん",   "っ", "ゃ", "ぃ", "きゃ", "てぃ"};
 
 // Written against each other, these never make a dictionary word that is not among them, but for
 // the last two.
-constexpr const char* kWords[] = {
+constexpr const char* kTypedWords[] = {
     "3d",  "abandon", "ceo", "don't", "every", "every(1)", "gorgeous", "hello", "idea", "love",
     "mr.", "rhythm",  "the", "world", "love",  "hello",    "xyzzy",    "a",     "a(1)"};
 constexpr std::size_t kWordsToKeepApart = 2;
@@ -28,17 +28,17 @@ constexpr const char* kScraps[] = {"[", "[", "]", "]", ",", " ", "\n", "\r", "lo
 
 // Capitals here and there, and a hyphen now and then.
 std::string typedWord(Random& random) {
-    const std::size_t number = random.below(std::size(kWords));
+    const std::size_t number = random.below(std::size(kTypedWords));
     std::string typed;
     const bool hyphenates = random.oneIn(3);
     const bool shouts = random.oneIn(6);
-    for (const char* c = kWords[number]; *c != '\0'; ++c) {
+    for (const char* c = kTypedWords[number]; *c != '\0'; ++c) {
         typed += hyphenates && random.oneIn(4) ? "-" : "";
         const bool isLetter = *c >= 'a' && *c <= 'z';
         typed += isLetter && (shouts || random.oneIn(9)) ? static_cast<char>(*c - 'a' + 'A') : *c;
     }
     typed += hyphenates && random.oneIn(3) ? "-" : "";
-    return number + kWordsToKeepApart >= std::size(kWords) ? " " + typed + " " : typed;
+    return number + kWordsToKeepApart >= std::size(kTypedWords) ? " " + typed + " " : typed;
 }
 
 std::string piece(Random& random) {
@@ -53,7 +53,7 @@ std::string piece(Random& random) {
     case 4:
         return random.pick(kOthers);
     default:
-        return random.pick(kKana);
+        return random.pick(kKanaPieces);
     }
 }
 

@@ -17,7 +17,7 @@ namespace {
 class FitCommand : public testing::Test {
 protected:
     tests::Run fit(const std::string& syllables, const std::vector<std::string>& options = {}) {
-        const auto score = folder.write("score.musicxml", scoreOf(syllables));
+        const auto score = folder.write("score.musicxml", scoreOfSyllables(syllables));
         std::vector<std::string> arguments = {"fit", score.u8string()};
         arguments.insert(arguments.end(), options.begin(), options.end());
         return runProgram(arguments);
@@ -128,7 +128,7 @@ TEST_F(FitCommand, CountsNoWordsInASongWithout) {
 
 TEST_F(FitCommand, WritesNothingOverTheSong) {
     for (const auto* const option : {"--save", "--svg"}) {
-        const auto bytes = scoreOf("love");
+        const auto bytes = scoreOfSyllables("love");
         const auto name = option == std::string("--save") ? "link.xml" : "link.svg";
         std::filesystem::create_hard_link(folder.write("score.musicxml", bytes), folder.file(name));
         const auto run = runProgram({"fit", path("score.musicxml"), option, path(name)});

@@ -14,7 +14,7 @@ std::string lyric(const std::string& text, const char* syllabic) {
 
 } // namespace
 
-std::string scoreOf(const std::string& syllables) {
+std::string scoreOfSyllables(const std::string& syllables) {
     std::string notes;
     std::istringstream pieces(syllables);
     bool isOpen = false;

@@ -7,6 +7,6 @@ namespace wybeta::tests {
 
 // A score in MusicXML with a note for each piece between the blanks of the text: "Glo-" begins a
 // word that "ri-" and "a" go on with, "of" is a word of its own, and "_" has no syllable.
-std::string scoreOf(const std::string& syllables);
+std::string scoreOfSyllables(const std::string& syllables);
 
 } // namespace wybeta::tests

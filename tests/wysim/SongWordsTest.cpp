@@ -35,7 +35,7 @@ std::vector<std::string> described(const Song& song) {
 
 Song songOfScore(const std::string& syllables) {
     const TemporaryFolder folder;
-    return readSong(folder.write("score.musicxml", scoreOf(syllables)));
+    return readSong(folder.write("score.musicxml", scoreOfSyllables(syllables)));
 }
 
 Song songOfNotes(const std::vector<std::pair<std::string, bool>>& notes) {

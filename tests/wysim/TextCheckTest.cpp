@@ -39,14 +39,14 @@ std::vector<std::string> described(const std::vector<Finding>& findings) {
 
 using Lines = std::vector<std::string>;
 
-struct Case {
+struct CheckCase {
     const char* name;
     const char* lyric;
     std::size_t syllables;
     Lines findings;
 };
 
-void PrintTo(const Case& example, std::ostream* out) {
+void PrintTo(const CheckCase& example, std::ostream* out) {
     *out << example.name;
 }
 
@@ -70,7 +70,7 @@ protected:
     }
 };
 
-class TextCheckAnswer : public CheckTest<testing::TestWithParam<Case>> {};
+class TextCheckAnswer : public CheckTest<testing::TestWithParam<CheckCase>> {};
 class TextCheckTest : public CheckTest<testing::Test> {};
 class MendSearchTest : public EditorTest<> {};
 
@@ -85,95 +85,101 @@ const auto nameOfCase = [](const auto& test) { return std::string(test.param.nam
 
 INSTANTIATE_TEST_SUITE_P(
     AllSung, TextCheckAnswer,
-    testing::Values(Case{"Nothing", "", 0, {}}, Case{"Blanks", "   ", 0, {}},
-                    Case{"Words", "Amazing grace", 4, {}},
-                    Case{"KanaWithMarks", "さくら、さいた", 6, {}},
-                    Case{"WordBeforeKana", "loveソング", 4, {}},
-                    Case{"BlankBeforeAPair", "hello ちゃん", 4, {}},
-                    Case{"MarksAlone", "love - me ... !", 2, {}},
-                    Case{"MarksOfWords", "don't read(1) 'tis", 3, {}},
-                    Case{"WideBlankBehindKana", "「さくら」　love", 4, {}},
-                    Case{"QuotationMarkInFront", "“love", 1, {}},
-                    Case{"LettersThatAreNotHeard", "whole colour", 3, {}},
-                    Case{"Bracket", "さくら[s a,k u,r a]", 3, {}},
-                    Case{"BracketForTwoWords", "good morning[g uh d,m ao r,n ih ng]", 3, {}},
-                    Case{"BracketAlone", "[l a]", 1, {}},
-                    Case{"UnknownWordBeforeABracket", "xyzzy la[z iy]", 1, {}},
-                    Case{"MarksBehindABracket", "la[l a], ", 1, {}}),
+    testing::Values(CheckCase{"Nothing", "", 0, {}}, CheckCase{"Blanks", "   ", 0, {}},
+                    CheckCase{"Words", "Amazing grace", 4, {}},
+                    CheckCase{"KanaWithMarks", "さくら、さいた", 6, {}},
+                    CheckCase{"WordBeforeKana", "loveソング", 4, {}},
+                    CheckCase{"BlankBeforeAPair", "hello ちゃん", 4, {}},
+                    CheckCase{"MarksAlone", "love - me ... !", 2, {}},
+                    CheckCase{"MarksOfWords", "don't read(1) 'tis", 3, {}},
+                    CheckCase{"WideBlankBehindKana", "「さくら」　love", 4, {}},
+                    CheckCase{"QuotationMarkInFront", "“love", 1, {}},
+                    CheckCase{"LettersThatAreNotHeard", "whole colour", 3, {}},
+                    CheckCase{"Bracket", "さくら[s a,k u,r a]", 3, {}},
+                    CheckCase{"BracketForTwoWords", "good morning[g uh d,m ao r,n ih ng]", 3, {}},
+                    CheckCase{"BracketAlone", "[l a]", 1, {}},
+                    CheckCase{"UnknownWordBeforeABracket", "xyzzy la[z iy]", 1, {}},
+                    CheckCase{"MarksBehindABracket", "la[l a], ", 1, {}}),
     nameOfCase);
 
 INSTANTIATE_TEST_SUITE_P(
     Mark, TextCheckAnswer,
-    testing::Values(Case{"Behind", "Hello, world", 1, {"1 Hello,: mark: Hello"}},
-                    Case{"Around", "say (love)", 1, {"5 (love): mark: love"}},
-                    Case{"Several", "“Hello!”", 0, {"2 Hello!”: mark: Hello"}},
-                    Case{"BehindASuffix", "read(1),", 0, {"1 read(1),: mark: read(1)"}},
-                    Case{"Within", "well,then", 0, {"1 well,then: mark: well then"}},
-                    Case{"QuotationMarks", "'love'", 0, {"1 'love': mark: love"}},
-                    Case{"HalfABracket", "love[", 0, {"1 love[: mark: love"}},
-                    Case{"Symbol", "love♪", 0, {"1 love♪: mark: love"}},
-                    Case{"BeforeAKanaPair", "Hello,ちゃん", 2, {"1 Hello,ちゃ: mark: Hello ちゃ"}}),
+    testing::Values(CheckCase{"Behind", "Hello, world", 1, {"1 Hello,: mark: Hello"}},
+                    CheckCase{"Around", "say (love)", 1, {"5 (love): mark: love"}},
+                    CheckCase{"Several", "“Hello!”", 0, {"2 Hello!”: mark: Hello"}},
+                    CheckCase{"BehindASuffix", "read(1),", 0, {"1 read(1),: mark: read(1)"}},
+                    CheckCase{"Within", "well,then", 0, {"1 well,then: mark: well then"}},
+                    CheckCase{"QuotationMarks", "'love'", 0, {"1 'love': mark: love"}},
+                    CheckCase{"HalfABracket", "love[", 0, {"1 love[: mark: love"}},
+                    CheckCase{"Symbol", "love♪", 0, {"1 love♪: mark: love"}},
+                    CheckCase{
+                        "BeforeAKanaPair", "Hello,ちゃん", 2, {"1 Hello,ちゃ: mark: Hello ちゃ"}}),
     nameOfCase);
 
 INSTANTIATE_TEST_SUITE_P(
     Characters, TextCheckAnswer,
-    testing::Values(Case{"TypographicApostrophe", "don’t", 0, {"1 don’t: apostrophe: don't"}},
-                    Case{"ApostropheAndMark", "singin’,", 0, {"1 singin’,: apostrophe: singin'"}},
-                    Case{"WideBlank", "love　さくら", 3, {"1 love　さく: blank: love さく"}},
-                    Case{"WideBlankWithin", "love　me", 0, {"1 love　me: blank: love me"}},
-                    Case{"Tab", "\tlove\tme", 0, {"2 love\tme: blank: love me"}},
-                    Case{"FullWidth", "ｈｅｌｌｏ！", 0, {"1 ｈｅｌｌｏ！: full-width: hello"}},
-                    Case{"HalfWidthKana", "ｻｸﾗ", 0, {"1 ｻｸﾗ: half-width-kana: サクラ"}},
-                    Case{"VoicedHalfWidthKana", "ﾊﾟﾝさ", 1, {"1 ﾊﾟﾝ: half-width-kana: パン"}},
-                    Case{"Kanji", "桜がさく", 3, {"1 桜: kanji"}},
-                    Case{"KanjiBeforeAWord", "桜love", 1, {"1 桜: kanji"}},
-                    Case{"KanjiBehindAWord", "love桜", 0, {"1 love桜: kanji"}},
-                    Case{"KanaThatIsNotSung", "さヵさ", 2, {"2 ヵ: other-character"}},
-                    Case{"OtherScript", "love Привет", 1, {"6 Привет: other-character"}}),
+    testing::Values(
+        CheckCase{"TypographicApostrophe", "don’t", 0, {"1 don’t: apostrophe: don't"}},
+        CheckCase{"ApostropheAndMark", "singin’,", 0, {"1 singin’,: apostrophe: singin'"}},
+        CheckCase{"WideBlank", "love　さくら", 3, {"1 love　さく: blank: love さく"}},
+        CheckCase{"WideBlankWithin", "love　me", 0, {"1 love　me: blank: love me"}},
+        CheckCase{"Tab", "\tlove\tme", 0, {"2 love\tme: blank: love me"}},
+        CheckCase{"FullWidth", "ｈｅｌｌｏ！", 0, {"1 ｈｅｌｌｏ！: full-width: hello"}},
+        CheckCase{"HalfWidthKana", "ｻｸﾗ", 0, {"1 ｻｸﾗ: half-width-kana: サクラ"}},
+        CheckCase{"VoicedHalfWidthKana", "ﾊﾟﾝさ", 1, {"1 ﾊﾟﾝ: half-width-kana: パン"}},
+        CheckCase{"Kanji", "桜がさく", 3, {"1 桜: kanji"}},
+        CheckCase{"KanjiBeforeAWord", "桜love", 1, {"1 桜: kanji"}},
+        CheckCase{"KanjiBehindAWord", "love桜", 0, {"1 love桜: kanji"}},
+        CheckCase{"KanaThatIsNotSung", "さヵさ", 2, {"2 ヵ: other-character"}},
+        CheckCase{"OtherScript", "love Привет", 1, {"6 Привет: other-character"}}),
     nameOfCase);
 
 INSTANTIATE_TEST_SUITE_P(
     Word, TextCheckAnswer,
     testing::Values(
-        Case{"BeforeAKanaPair", "loveキャンディ", 3, {"1 loveキャ: kana-pair: love キャ"}},
-        Case{"BetweenKana", "さhelloちゃん", 3, {"2 helloちゃ: kana-pair: hello ちゃ"}},
-        Case{"Unknown", "xyzzy", 0, {"1 xyzzy: unknown"}},
-        Case{"Digits", "7 q9", 0, {"1 7: unknown", "3 q9: unknown"}},
-        Case{"Accent", "café", 0, {"1 café: unknown: cafe"}},
-        Case{"LetterMissing", "helo", 0, {"1 helo: unknown: hello, hemlo, helot, delo, celo"}},
-        Case{"LettersSwapped", "teh", 0, {"1 teh: unknown: the, eh, th, te, tesh"}},
-        Case{"ApostropheMissing", "couldnt", 0, {"1 couldnt: unknown: couldn't"}},
-        Case{"LetterMissingInALongWord", "beutiful", 0, {"1 beutiful: unknown: beautiful"}},
-        Case{"LetterMissingAmongHyphens", "beu-tiful", 0, {"1 beu-tiful: unknown: beautiful"}},
-        Case{"HyphenBetweenWords", "twenty-one", 0, {"1 twenty-one: hyphen-joins: twenty one"}}),
+        CheckCase{"BeforeAKanaPair", "loveキャンディ", 3, {"1 loveキャ: kana-pair: love キャ"}},
+        CheckCase{"BetweenKana", "さhelloちゃん", 3, {"2 helloちゃ: kana-pair: hello ちゃ"}},
+        CheckCase{"Unknown", "xyzzy", 0, {"1 xyzzy: unknown"}},
+        CheckCase{"Digits", "7 q9", 0, {"1 7: unknown", "3 q9: unknown"}},
+        CheckCase{"Accent", "café", 0, {"1 café: unknown: cafe"}},
+        CheckCase{"LetterMissing", "helo", 0, {"1 helo: unknown: hello, hemlo, helot, delo, celo"}},
+        CheckCase{"LettersSwapped", "teh", 0, {"1 teh: unknown: the, eh, th, te, tesh"}},
+        CheckCase{"ApostropheMissing", "couldnt", 0, {"1 couldnt: unknown: couldn't"}},
+        CheckCase{"LetterMissingInALongWord", "beutiful", 0, {"1 beutiful: unknown: beautiful"}},
+        CheckCase{"LetterMissingAmongHyphens", "beu-tiful", 0, {"1 beu-tiful: unknown: beautiful"}},
+        CheckCase{
+            "HyphenBetweenWords", "twenty-one", 0, {"1 twenty-one: hyphen-joins: twenty one"}}),
     nameOfCase);
 
 INSTANTIATE_TEST_SUITE_P(
     SungOtherwise, TextCheckAnswer,
-    testing::Values(
-        Case{"Hyphens", "A-ma-zing", 5, {"1 A-ma-zing: hyphen-holds: Amazing"}},
-        Case{"HyphenAndZero", "light- 0", 2, {"1 light-: hyphen-holds: light", "8 0: zero: zero"}},
-        Case{"Zero", "light 0", 1, {"7 0: zero: zero"}},
-        Case{"ZeroInFront", "0 love", 2, {"1 0: zero: zero"}},
-        Case{"ZeroBehindKana", "ス0", 1, {"1 ス0: zero: ス"}},
-        Case{"ZeroBetweenKana", "さア0さ", 3, {"2 ア0: zero: ア"}},
-        Case{"ZeroBeforeKana", "0さ", 2, {"1 0: zero"}}),
+    testing::Values(CheckCase{"Hyphens", "A-ma-zing", 5, {"1 A-ma-zing: hyphen-holds: Amazing"}},
+                    CheckCase{"HyphenAndZero",
+                              "light- 0",
+                              2,
+                              {"1 light-: hyphen-holds: light", "8 0: zero: zero"}},
+                    CheckCase{"Zero", "light 0", 1, {"7 0: zero: zero"}},
+                    CheckCase{"ZeroInFront", "0 love", 2, {"1 0: zero: zero"}},
+                    CheckCase{"ZeroBehindKana", "ス0", 1, {"1 ス0: zero: ス"}},
+                    CheckCase{"ZeroBetweenKana", "さア0さ", 3, {"2 ア0: zero: ア"}},
+                    CheckCase{"ZeroBeforeKana", "0さ", 2, {"1 0: zero"}}),
     nameOfCase);
 
 INSTANTIATE_TEST_SUITE_P(
     Bracket, TextCheckAnswer,
-    testing::Values(Case{"TextBehind", "la[l a] hello", 1, {"9 hello: outside-bracket"}},
-                    Case{"SeveralBrackets",
-                         "la[l a] hello la[l i]",
-                         1,
-                         {"1 la[l a]: outside-bracket", "9 hello: outside-bracket"}},
-                    Case{"OtherWordInFront", "hello さくら[s a]", 1, {"1 hello: outside-bracket"}},
-                    Case{"Empty", "love[]", 1, {"1 love[]: empty-bracket: love"}},
-                    Case{"EmptyAmongOtherWords",
-                         "hello love []",
-                         1,
-                         {"1 hello: outside-bracket", "7 love []: empty-bracket: love"}},
-                    Case{"EmptyBehindAnUnknownWord", "xyzzy[,]", 2, {"1 xyzzy[,]: empty-bracket"}}),
+    testing::Values(
+        CheckCase{"TextBehind", "la[l a] hello", 1, {"9 hello: outside-bracket"}},
+        CheckCase{"SeveralBrackets",
+                  "la[l a] hello la[l i]",
+                  1,
+                  {"1 la[l a]: outside-bracket", "9 hello: outside-bracket"}},
+        CheckCase{"OtherWordInFront", "hello さくら[s a]", 1, {"1 hello: outside-bracket"}},
+        CheckCase{"Empty", "love[]", 1, {"1 love[]: empty-bracket: love"}},
+        CheckCase{"EmptyAmongOtherWords",
+                  "hello love []",
+                  1,
+                  {"1 hello: outside-bracket", "7 love []: empty-bracket: love"}},
+        CheckCase{"EmptyBehindAnUnknownWord", "xyzzy[,]", 2, {"1 xyzzy[,]: empty-bracket"}}),
     nameOfCase);
 
 TEST_F(TextCheckTest, CountsColumnsInCharactersAndNumbersLines) {

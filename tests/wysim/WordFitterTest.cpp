@@ -66,7 +66,7 @@ std::string described(const FittedWord& fitted) {
     return text + (fitted.reason.empty() ? "" : ": " + fitted.reason);
 }
 
-struct Case {
+struct FitCase {
     const char* name;
     const char* word;
     const char* notes;
@@ -74,7 +74,7 @@ struct Case {
     bool usesBrackets = false;
 };
 
-void PrintTo(const Case& example, std::ostream* out) {
+void PrintTo(const FitCase& example, std::ostream* out) {
     *out << example.name;
 }
 
@@ -91,7 +91,7 @@ protected:
     }
 };
 
-class WordFitterAnswer : public FitterTest<testing::TestWithParam<Case>> {};
+class WordFitterAnswer : public FitterTest<testing::TestWithParam<FitCase>> {};
 class WordFitterTest : public FitterTest<testing::Test> {};
 
 TEST_P(WordFitterAnswer, IsWhatToType) {
@@ -105,68 +105,70 @@ constexpr bool kWithBrackets = true;
 INSTANTIATE_TEST_SUITE_P(
     Fitted, WordFitterAnswer,
     testing::Values(
-        Case{"SyllablesOnTheirNotes", "hello", "1+1", "as it is: hello [hh ah] [l ow]"},
-        Case{"KanaOnTheirNotes", "さくら", "1+1+1", "as it is: さくら [s a] [k u] [r a]"},
-        Case{"LongVowelOfOneSyllable", "カー", "2", "as it is: カー [k a] [-]"},
-        Case{"LongVowelOfTwoSyllables", "カー", "1+1", "as it is: カー [k a] [-]"},
-        Case{"AsManyAsNotes", "hello", "=2", "as it is: hello [hh ah] [l ow]"},
-        Case{"TypedHyphenThatIsCounted", "lo-ve", "=2", "as it is: lo-ve [l ah] [- v]"},
-        Case{"TypedHyphenThatIsRight", "lo-ve", "2", "as it is: lo-ve [l ah] [- v]"},
-        Case{"TypedBrackets", "la[l a,l a]", "=2", "as it is: la[l a,l a] [l a] [l a]",
-             kWithBrackets},
-        Case{"DividedAsNoEntryIs", "hello", "2", "as it is: hello [hh ah] [l ow]"},
+        FitCase{"SyllablesOnTheirNotes", "hello", "1+1", "as it is: hello [hh ah] [l ow]"},
+        FitCase{"KanaOnTheirNotes", "さくら", "1+1+1", "as it is: さくら [s a] [k u] [r a]"},
+        FitCase{"LongVowelOfOneSyllable", "カー", "2", "as it is: カー [k a] [-]"},
+        FitCase{"LongVowelOfTwoSyllables", "カー", "1+1", "as it is: カー [k a] [-]"},
+        FitCase{"AsManyAsNotes", "hello", "=2", "as it is: hello [hh ah] [l ow]"},
+        FitCase{"TypedHyphenThatIsCounted", "lo-ve", "=2", "as it is: lo-ve [l ah] [- v]"},
+        FitCase{"TypedHyphenThatIsRight", "lo-ve", "2", "as it is: lo-ve [l ah] [- v]"},
+        FitCase{"TypedBrackets", "la[l a,l a]", "=2", "as it is: la[l a,l a] [l a] [l a]",
+                kWithBrackets},
+        FitCase{"DividedAsNoEntryIs", "hello", "2", "as it is: hello [hh ah] [l ow]"},
 
-        Case{"FirstSyllableHeld", "Gloria", "3+1+1",
-             "hyphens: Glo--ria [g l ao] [-] [- ] [r iy] [ah]"},
-        Case{"TwoSyllablesHeld", "abandon", "1+2+3",
-             "hyphens: aba-ndon-- [ah] [b ae] [- n] [d ah] [-] [- n]"},
-        Case{"KanaHeld", "さくら", "1+3+1", "hyphens: さくーーら [s a] [k u] [-] [-] [r a]"},
-        Case{"KanaPairHeld", "きょう", "2+1", "hyphens: きょーう [ky o] [-] [u]"},
-        Case{"LongVowelHeld", "カー", "1+2", "hyphens: カーー [k a] [-] [-]"},
-        Case{"BothHeld", "loveソ", "2+2", "hyphens: love-ソー [l ah] [- v] [s o] [-]"},
-        Case{"TypedHyphenTooMany", "hel-lo", "1+1", "hyphens: hello [hh ah] [l ow]"},
-        Case{"WordsOfWhichTheLastIsHeld", "go on", "1+2", "hyphens: go on- [g ow] [aa] [- n]"},
-        Case{"TypedSuffix", "read(1)", "2", "hyphens: read-(1) [r iy] [- d]"},
-        Case{"MoreNotesThanSyllables", "Gloria", "=4",
-             "hyphens: Gloria- [g l ao] [r iy] [ah] [- ]"},
-        Case{"OneSyllableInTheScore", "hello", "3", "hyphens: hello- [hh ah] [l ow] [- ]"},
-        Case{"LastSyllableOutOfReach", "fiasco", "=4",
-             "hyphens: fiasco- [f iy] [ae] [- ] [s k ow]"},
+        FitCase{"FirstSyllableHeld", "Gloria", "3+1+1",
+                "hyphens: Glo--ria [g l ao] [-] [- ] [r iy] [ah]"},
+        FitCase{"TwoSyllablesHeld", "abandon", "1+2+3",
+                "hyphens: aba-ndon-- [ah] [b ae] [- n] [d ah] [-] [- n]"},
+        FitCase{"KanaHeld", "さくら", "1+3+1", "hyphens: さくーーら [s a] [k u] [-] [-] [r a]"},
+        FitCase{"KanaPairHeld", "きょう", "2+1", "hyphens: きょーう [ky o] [-] [u]"},
+        FitCase{"LongVowelHeld", "カー", "1+2", "hyphens: カーー [k a] [-] [-]"},
+        FitCase{"BothHeld", "loveソ", "2+2", "hyphens: love-ソー [l ah] [- v] [s o] [-]"},
+        FitCase{"TypedHyphenTooMany", "hel-lo", "1+1", "hyphens: hello [hh ah] [l ow]"},
+        FitCase{"WordsOfWhichTheLastIsHeld", "go on", "1+2", "hyphens: go on- [g ow] [aa] [- n]"},
+        FitCase{"TypedSuffix", "read(1)", "2", "hyphens: read-(1) [r iy] [- d]"},
+        FitCase{"MoreNotesThanSyllables", "Gloria", "=4",
+                "hyphens: Gloria- [g l ao] [r iy] [ah] [- ]"},
+        FitCase{"OneSyllableInTheScore", "hello", "3", "hyphens: hello- [hh ah] [l ow] [- ]"},
+        FitCase{"LastSyllableOutOfReach", "fiasco", "=4",
+                "hyphens: fiasco- [f iy] [ae] [- ] [s k ow]"},
 
-        Case{"OneSyllableByAnotherEntry", "our", "1", "other entry: our(1) [aw r]"},
-        Case{"AnotherEntryHeld", "our", "3", "other entry: our--(1) [aw] [-] [- r]"},
-        Case{"TwoSyllablesByAnotherEntry", "prayer", "1+1", "other entry: prayer(1) [p r ey] [er]"},
-        Case{"EntryWithoutTheSuffix", "our(1)", "1+1", "other entry: our [aw] [er]"},
-        Case{"AnotherEntryOfOneOfTwoWords", "our love", "1+2",
-             "other entry: our(1) love- [aw r] [l ah] [- v]"},
-        Case{"FewerNotesThanSyllables", "our", "=1", "other entry: our(1) [aw r]", kWithBrackets},
+        FitCase{"OneSyllableByAnotherEntry", "our", "1", "other entry: our(1) [aw r]"},
+        FitCase{"AnotherEntryHeld", "our", "3", "other entry: our--(1) [aw] [-] [- r]"},
+        FitCase{"TwoSyllablesByAnotherEntry", "prayer", "1+1",
+                "other entry: prayer(1) [p r ey] [er]"},
+        FitCase{"EntryWithoutTheSuffix", "our(1)", "1+1", "other entry: our [aw] [er]"},
+        FitCase{"AnotherEntryOfOneOfTwoWords", "our love", "1+2",
+                "other entry: our(1) love- [aw r] [l ah] [- v]"},
+        FitCase{"FewerNotesThanSyllables", "our", "=1", "other entry: our(1) [aw r]",
+                kWithBrackets},
 
-        Case{"SyllableOutOfReach", "fiasco", "1+1+3",
-             "brackets: fiasco[f iy,ae,s k ow,-,-] [f iy] [ae] [s k ow] [-] [-]", kWithBrackets},
-        Case{"TwoSyllablesOnOneNote", "Tokyo", "1+1",
-             "brackets: Tokyo[t ow,k iy ow] [t ow] [k iy ow]", kWithBrackets},
-        Case{"WordsThatShareANote", "going away", "1+1+1",
-             "brackets: going away[g ow,ih ng ah,w ey] [g ow] [ih ng ah] [w ey]", kWithBrackets},
-        Case{"LongVowelOnOneNote", "カッター", "=3",
-             "brackets: カッター[k a,cl,t a] [k a] [cl] [t a]", kWithBrackets},
-        Case{"TypedBracketsThatAreTooShort", "la[l a]", "=2", "brackets: la[l a,-] [l a] [-]",
-             kWithBrackets}),
+        FitCase{"SyllableOutOfReach", "fiasco", "1+1+3",
+                "brackets: fiasco[f iy,ae,s k ow,-,-] [f iy] [ae] [s k ow] [-] [-]", kWithBrackets},
+        FitCase{"TwoSyllablesOnOneNote", "Tokyo", "1+1",
+                "brackets: Tokyo[t ow,k iy ow] [t ow] [k iy ow]", kWithBrackets},
+        FitCase{"WordsThatShareANote", "going away", "1+1+1",
+                "brackets: going away[g ow,ih ng ah,w ey] [g ow] [ih ng ah] [w ey]", kWithBrackets},
+        FitCase{"LongVowelOnOneNote", "カッター", "=3",
+                "brackets: カッター[k a,cl,t a] [k a] [cl] [t a]", kWithBrackets},
+        FitCase{"TypedBracketsThatAreTooShort", "la[l a]", "=2", "brackets: la[l a,-] [l a] [-]",
+                kWithBrackets}),
     [](const auto& test) { return std::string(test.param.name); });
 
 INSTANTIATE_TEST_SUITE_P(
     NotFitted, WordFitterAnswer,
-    testing::Values(Case{"UnknownWord", "xyzzy", "2", "unknown: xyzzy: \"xyzzy\" is not sung",
-                         kWithBrackets},
-                    Case{"UnknownWordAmongOthers", "love xyzzy", "1+1",
-                         "unknown: love xyzzy [l ah v]: \"xyzzy\" is not sung", kWithBrackets},
-                    Case{"DividedOtherwise", "Tokyo", "1+1",
-                         "divided otherwise: Tokyo [t ow] [k iy]: 3 syllables for 2 notes"},
-                    Case{"TooFewNotes", "hello", "=1",
-                         "divided otherwise: hello [hh ah]: 2 syllables for 1 note"},
-                    Case{"NotReached", "fiasco", "1+1+2",
-                         "not reached: fiasco [f iy] [ae] [s k ow]: no hyphen holds syllable 3"},
-                    Case{"BracketsThatAreTooShort", "la[l a]", "=2",
-                         "not reached: la[l a] [l a]: no hyphen holds syllable 1"}),
+    testing::Values(FitCase{"UnknownWord", "xyzzy", "2", "unknown: xyzzy: \"xyzzy\" is not sung",
+                            kWithBrackets},
+                    FitCase{"UnknownWordAmongOthers", "love xyzzy", "1+1",
+                            "unknown: love xyzzy [l ah v]: \"xyzzy\" is not sung", kWithBrackets},
+                    FitCase{"DividedOtherwise", "Tokyo", "1+1",
+                            "divided otherwise: Tokyo [t ow] [k iy]: 3 syllables for 2 notes"},
+                    FitCase{"TooFewNotes", "hello", "=1",
+                            "divided otherwise: hello [hh ah]: 2 syllables for 1 note"},
+                    FitCase{"NotReached", "fiasco", "1+1+2",
+                            "not reached: fiasco [f iy] [ae] [s k ow]: no hyphen holds syllable 3"},
+                    FitCase{"BracketsThatAreTooShort", "la[l a]", "=2",
+                            "not reached: la[l a] [l a]: no hyphen holds syllable 1"}),
     [](const auto& test) { return std::string(test.param.name); });
 
 std::string repeated(const std::string& text, std::size_t count) {
