@@ -5,7 +5,7 @@
 #include "dictionary/PronunciationDictionary.h"
 #include "fuzz/Check.h"
 #include "fuzz/NaiveDictionary.h"
-#include "tests/session/NaiveConversion.h"
+#include "tests/model/NaiveConversion.h"
 
 #include <algorithm>
 #include <cstddef>

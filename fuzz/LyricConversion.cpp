@@ -7,7 +7,7 @@
 #include "fuzz/Check.h"
 #include "fuzz/NaiveDictionary.h"
 #include "resources/ResourceTable.h"
-#include "tests/session/NaiveConversion.h"
+#include "tests/model/NaiveConversion.h"
 
 #include <utf8cpp/utf8.h>
 

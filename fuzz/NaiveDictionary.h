@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "tests/session/NaiveConversion.h"
+#include "tests/model/NaiveConversion.h"
 
 #include <string_view>
 

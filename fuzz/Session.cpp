@@ -4,8 +4,8 @@
 // throughout, and to get everything back at the end.
 #include "fuzz/Check.h"
 #include "fuzz/ModuleExtension.h"
-#include "tests/session/RandomLyrics.h"
-#include "tests/session/RandomSession.h"
+#include "tests/model/RandomLyrics.h"
+#include "tests/model/RandomSession.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -14,7 +14,7 @@
 #include "simulator/ProjectTree.h"
 #include "simulator/Track.h"
 #include "tests/SimulatedHost.h"
-#include "tests/session/RandomLyrics.h"
+#include "tests/model/RandomLyrics.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -3,8 +3,8 @@
 // Takes the options --sessions=N, how many sessions to run, and --seed=S, the seed of the first.
 #include "tests/ModuleFixture.h"
 #include "tests/Options.h"
-#include "tests/session/RandomLyrics.h"
-#include "tests/session/RandomSession.h"
+#include "tests/model/RandomLyrics.h"
+#include "tests/model/RandomSession.h"
 
 #include <gtest/gtest.h>
 

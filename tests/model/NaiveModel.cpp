@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tests/session/NaiveModel.h"
+#include "tests/model/NaiveModel.h"
 
-#include "tests/session/NaiveConversion.h"
+#include "tests/model/NaiveConversion.h"
 
 #include <algorithm>
 #include <iterator>

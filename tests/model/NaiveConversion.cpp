@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tests/session/NaiveConversion.h"
+#include "tests/model/NaiveConversion.h"
 
 #include <utf8cpp/utf8.h>
 

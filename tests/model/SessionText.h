@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "tests/session/NaiveModel.h"
+#include "tests/model/NaiveModel.h"
 
 #include <string>
 #include <vector>

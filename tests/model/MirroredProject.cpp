@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tests/session/MirroredProject.h"
+#include "tests/model/MirroredProject.h"
 
 #include "host/IProjectTrack.h"
 

@@ -5,9 +5,9 @@
 #include "simulator/Editor.h"
 #include "simulator/ExtensionInstance.h"
 #include "simulator/HostObject.h"
-#include "tests/session/MirroredProject.h"
-#include "tests/session/NaiveModel.h"
-#include "tests/session/RandomLyrics.h"
+#include "tests/model/MirroredProject.h"
+#include "tests/model/NaiveModel.h"
+#include "tests/model/RandomLyrics.h"
 
 #include <cstddef>
 #include <optional>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tests/session/SessionText.h"
+#include "tests/model/SessionText.h"
 
 #include <string_view>
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tests/session/RandomSession.h"
+#include "tests/model/RandomSession.h"
 
 #include "simulator/CallInterceptor.h"
 #include "simulator/EditContext.h"
 #include "simulator/ProjectTree.h"
-#include "tests/session/SessionText.h"
+#include "tests/model/SessionText.h"
 
 #include <exception>
 #include <stdexcept>

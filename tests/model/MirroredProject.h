@@ -7,8 +7,8 @@
 #include "simulator/HostObject.h"
 #include "simulator/ProjectTree.h"
 #include "simulator/Track.h"
-#include "tests/session/NaiveModel.h"
-#include "tests/session/RandomLyrics.h"
+#include "tests/model/NaiveModel.h"
+#include "tests/model/RandomLyrics.h"
 
 #include <cstddef>
 #include <map>

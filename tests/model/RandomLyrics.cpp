@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tests/session/RandomLyrics.h"
+#include "tests/model/RandomLyrics.h"
 
 namespace wybeta::tests {
 
