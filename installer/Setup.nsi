@@ -43,6 +43,9 @@ VIAddVersionKey FileDescription "${NAME} Setup"
 VIAddVersionKey FileVersion "${VERSION}"
 VIAddVersionKey LegalCopyright "Copyright (C) 2026 the WY Beta authors. GNU GPL, version 3 or later."
 
+!define MUI_ICON "${NSISDIR}/Contrib/Graphics/Icons/nsis3-install.ico"
+!define MUI_UNICON "${NSISDIR}/Contrib/Graphics/Icons/nsis3-uninstall.ico"
+!define MUI_WELCOMEFINISHPAGE_BITMAP "${NSISDIR}/Contrib/Graphics/Wizard/nsis3-metro.bmp"
 !define MUI_LICENSEPAGE_TEXT_BOTTOM "$(aboutLicence)"
 !define MUI_LICENSEPAGE_BUTTON "$(^NextBtn)"
 !insertmacro MUI_PAGE_LICENSE "${FILES}/LICENSE.txt"
@@ -252,6 +255,7 @@ Section
     Push "$INSTDIR\${MODULE}"
     Call waitUntilUnused
     ${If} $earlierFolder != ""
+    ${AndIf} $earlierFolder != $INSTDIR
         Push "$earlierFolder\${MODULE}"
         Call expectNoNewer
         Push "$earlierFolder\${MODULE}"
