@@ -32,7 +32,10 @@ PACKAGE = Path(os.environ["WYBETA_BUILD"]) / "package"
 # That of the environment in which the package was made.
 DATE = 1700000000
 
-# Where the packages of the copy lie, and the copy of the project.
+# The copy of the project. It stays, so that only what has changed since is built in it again.
+COPY = PACKAGE.with_name("package-copy") / "in-a-folder-with-a-longer-path"
+
+# Where the packages of the copy lie, and what is unpacked.
 scratch = Path()
 
 
@@ -40,29 +43,34 @@ def read(file: str) -> str:
     return (PROJECT / file).read_text(encoding="utf-8")
 
 
-def copy_project(copy: Path) -> None:
+def copy_project() -> None:
     """Copies all but what is built. What others made is reached from the copy by other paths too."""
+    COPY.mkdir(parents=True, exist_ok=True)
+    for item in COPY.iterdir():
+        if item.is_file():
+            item.unlink()
+        elif item.name != "build":
+            shutil.rmtree(item)
     not_sources = shutil.ignore_patterns("__pycache__")
-    built = {"build", "dist", ".deps", ".git"}
     for item in PROJECT.iterdir():
-        if item.is_dir() and item.name not in built:
-            shutil.copytree(item, copy / item.name, ignore=not_sources)
-        elif item.is_file():
-            shutil.copy2(item, copy)
-    (copy / ".deps").mkdir()
-    (copy / ".deps/vst3sdk").symlink_to(SDK)
+        if item.is_file():
+            shutil.copy2(item, COPY)
+        elif item.name not in {"build", "dist", ".deps", ".git"}:
+            shutil.copytree(item, COPY / item.name, ignore=not_sources)
+    (COPY / ".deps").mkdir()
+    (COPY / ".deps/vst3sdk").symlink_to(SDK)
     for library in ("pugixml", "zlib"):
-        (copy / ".deps" / library).symlink_to(PROJECT / ".deps" / library)
+        (COPY / ".deps" / library).symlink_to(PROJECT / ".deps" / library)
 
 
-def pack(project: Path, folder: Path, **environment: str) -> None:
-    """Runs the packing script of a copy of the project."""
+def pack_copy(folder: Path, **environment: str) -> None:
+    """Runs the packing script of the copy."""
     environment = {
         **{name: value for name, value in os.environ.items() if name != "SOURCE_DATE_EPOCH"},
-        "VST3_SDK_DIR": str(project / ".deps/vst3sdk"),
+        "VST3_SDK_DIR": str(COPY / ".deps/vst3sdk"),
         **environment,
     }
-    script = [project / "tools/dist.sh", folder]
+    script = [COPY / "tools/dist.sh", folder]
     subprocess.run(script, env=environment, check=True, stdout=subprocess.DEVNULL)
 
 
@@ -79,11 +87,9 @@ def setUpModule() -> None:
     global scratch
     scratch = Path(tempfile.mkdtemp(prefix="wy-beta-"))
     unittest.addModuleCleanup(shutil.rmtree, scratch)
-    copy = scratch / "in-a-folder-with-a-longer-path/copy"
-    copy.mkdir(parents=True)
-    copy_project(copy)
-    pack(copy, scratch / "there", SOURCE_DATE_EPOCH=str(DATE))
-    pack(copy, scratch / "no-history", GIT_DIR=os.devnull)
+    copy_project()
+    pack_copy(scratch / "there", SOURCE_DATE_EPOCH=str(DATE))
+    pack_copy(scratch / "no-history", GIT_DIR=os.devnull)
     with zipfile.ZipFile(PACKAGE / f"{NAME}.zip") as archive:
         archive.extractall(scratch / "unpacked")
 
@@ -91,9 +97,9 @@ def setUpModule() -> None:
 class Release(unittest.TestCase):
     """What `make dist` makes."""
 
-    def test_it_is_a_zip_file_a_setup_program_a_bill_of_materials_and_their_checksums(self) -> None:
-        names = sorted(path.name for path in PACKAGE.iterdir())
-        self.assertEqual(names, sorted([*RELEASE, "SHA256SUMS"]))
+    def test_it_is_a_zip_file_a_setup_program_and_a_bill_of_materials(self) -> None:
+        # Earlier versions may lie there as well.
+        self.assertEqual(sorted(path.name for path in PACKAGE.glob(f"{NAME}*")), RELEASE)
 
     def test_it_has_the_same_bytes_when_made_in_another_folder(self) -> None:
         for name in [*RELEASE, "SHA256SUMS"]:
@@ -134,7 +140,7 @@ class Zip(unittest.TestCase):
         self.assertEqual(dates, {(2026, 1, 1, 0, 0, 0)})
 
     def test_its_files_name_no_folder_of_the_machine_that_built_them(self) -> None:
-        folders = {PROJECT, scratch, SDK, Path.home(), Path("/usr"), Path("/tmp")}
+        folders = {PROJECT, COPY, SDK, Path.home(), Path("/usr"), Path("/tmp")}
         for name in self.archive.namelist():
             data = self.archive.read(name)
             for folder in folders:
