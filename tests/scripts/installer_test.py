@@ -57,16 +57,17 @@ def setUpModule() -> None:
     unittest.addModuleCleanup(shutil.rmtree, scratch, ignore_errors=True)
     copy_prefix(PROJECT / "build/wine", scratch / "wine")
     prefix = scratch / "wine"
-    unittest.addModuleCleanup(end_wine)
+    unittest.addModuleCleanup(lambda: (wine_server("--kill"), wine_server("--wait")))
+    # Kept running, since it would end and start again between the programs.
+    wine_server("--persistent")
     with zipfile.ZipFile(BUILD / "package" / f"{NAME}.zip") as archive:
         archive.extractall(scratch)
 
 
-def end_wine() -> None:
-    """Ends all that runs in the prefix."""
+def wine_server(option: str) -> None:
+    """Tells Wine's server of the prefix to do something."""
     server = shutil.which("wineserver", path=f"/usr/lib/wine:{os.environ['PATH']}")
-    subprocess.run([server, "--kill"], env={**os.environ, "WINEPREFIX": str(prefix)})
-    subprocess.run([server, "--wait"], env={**os.environ, "WINEPREFIX": str(prefix)})
+    subprocess.run([server, option], env={**os.environ, "WINEPREFIX": str(prefix)})
 
 
 def command_line(*words: object) -> list[str]:
@@ -99,7 +100,10 @@ def last_word(option: str) -> list[str]:
 
 def install(*options: str, folder: str = "") -> int:
     """Installs silently, and returns the exit status."""
-    return wine(SETUP, "/S", *options, *(last_word(f"/D={folder}") if folder else []))[0]
+    named = last_word(f"/D={folder}") if folder else []
+    status, output = wine(SETUP, "/S", *options, *named)
+    assert status != 1, f"expected setup to run to its end, found it cancelled: {output}"
+    return status
 
 
 def uninstall() -> int:
