@@ -25,7 +25,7 @@ check:
 
 # Everything: native, sanitized, under Wine; documents, package, replays of the fuzz targets.
 test:
-	@tools/setup.sh build windows tests fuzz
+	@tools/setup.sh build windows package tests fuzz
 	@for preset in linux sanitized fuzz windows; do \
 	    tools/build.sh $$preset && ctest --preset $$preset || exit; done
 
@@ -52,7 +52,7 @@ coverage:
 	@tools/coverage.sh
 
 dist:
-	@tools/setup.sh build windows
+	@tools/setup.sh build windows package
 	@tools/dist.sh
 
 clean:

@@ -12,6 +12,11 @@ if(NOT EXISTS ${VST3_SDK_DIR}/pluginterfaces/base/funknown.h)
         "Expected the plug-in SDK in VST3_SDK_DIR (\"${VST3_SDK_DIR}\"), found none: run 'make setup'.")
 endif()
 
+# Notes for the bill of materials that a target is used, and the folder that tells its version.
+function(note_third_party target folder)
+    set_property(GLOBAL APPEND PROPERTY third_party "${target}\t${folder}\n")
+endfunction()
+
 # Adds a static library of third-party sources, with its own warnings off:
 # add_third_party(target INCLUDE folder SOURCES files...)
 function(add_third_party target)
@@ -20,6 +25,7 @@ function(add_third_party target)
     target_include_directories(${target} SYSTEM PUBLIC ${arg_INCLUDE})
     target_compile_options(${target} PRIVATE -w)
     target_link_libraries(${target} PUBLIC everywhere)
+    note_third_party(${target} ${arg_INCLUDE})
 endfunction()
 
 list(APPEND sdk_sources
@@ -55,6 +61,7 @@ function(add_header_package target folder)
     file(CREATE_LINK /usr/include/${folder} ${header_links}/${target}/${folder} SYMBOLIC)
     add_library(${target} INTERFACE)
     target_include_directories(${target} SYSTEM INTERFACE ${header_links}/${target})
+    note_third_party(${target} /usr/include/${folder})
 endfunction()
 
 add_header_package(utfcpp utf8cpp)
@@ -100,3 +107,6 @@ endif()
 if(WYBETA_BUILD_BENCHMARKS)
     find_package(benchmark REQUIRED)
 endif()
+
+get_property(noted GLOBAL PROPERTY third_party)
+file(WRITE ${PROJECT_BINARY_DIR}/third-party.tsv ${noted})

@@ -12,7 +12,8 @@ readonly -A packages=(
     [build]="g++ cmake ninja-build make python3 xz-utils bzip2 ca-certificates libutfcpp-dev
         libcli11-dev nlohmann-json3-dev googletest"
     [windows]="g++-mingw-w64-x86-64-posix wine64"
-    [tests]="python3-pyelftools python3-pefile"
+    [package]="nsis"
+    [tests]="python3-pyelftools python3-pefile reuse git"
     [bench]="libbenchmark-dev"
     [fuzz]="clang-14 libclang-rt-14-dev"
     [lint]="clang-format clang-tidy-19 cppcheck"

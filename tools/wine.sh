@@ -1,11 +1,12 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: GPL-3.0-or-later
 #
-# Runs a Windows program with the 64-bit loader, in a prefix of this project's own.
+# Runs a Windows program with the 64-bit loader, in a prefix of this project's own, or in another that
+# the environment names in WYBETA_WINE_PREFIX.
 set -euo pipefail
 project=$(cd "$(dirname "$0")/.." && pwd)
 
-export WINEPREFIX=$project/build/wine
+export WINEPREFIX=${WYBETA_WINE_PREFIX:-$project/build/wine}
 export WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" DISPLAY=
 
 findLoader() {
@@ -25,6 +26,8 @@ mkdir -p "$WINEPREFIX"
     flock 9
     if [ ! -e "$WINEPREFIX/.filled" ]; then
         "$loader" wineboot --init >/dev/null 2>&1 9>&-
+        # What was filled in is on the disk once Wine's server has ended.
+        PATH=$(dirname "$loader"):$PATH wineserver --wait 9>&-
         touch "$WINEPREFIX/.filled"
     fi
 } 9>"$WINEPREFIX/.lock"

@@ -15,8 +15,9 @@ from pathlib import Path
 PROJECT = Path(__file__).resolve().parents[2]
 BUILD = PROJECT / "build/linux"
 WYSIM = "build/linux/wysim/wysim"
+VERSION = re.search(r"project\(\w+ VERSION ([\d.]+)", (PROJECT / "CMakeLists.txt").read_text())[1]
 GUIDES = ["README.md", "README.ja.md", "CONTRIBUTING.md"]
-DOCUMENTS = [*GUIDES, "docs/architecture.md"]
+DOCUMENTS = [*GUIDES, "docs/architecture.md", "CHANGELOG.md"]
 
 # A row of code alone: what is typed into a note, and what the notes then carry.
 EXAMPLE = re.compile(r"^\| `([^`]+)` \| ((?:`[^`]+` )+)\|$", re.MULTILINE)
@@ -175,17 +176,33 @@ class Names(unittest.TestCase):
                  if re.fullmatch(r"[\w./-]+", word) and word.partition("/")[0] in folders}
         self.assertEqual({path for path in paths if not (PROJECT / path).exists()}, set())
 
-    def test_of_the_package_bear_the_version(self) -> None:
-        version = re.search(r"project\(\w+ VERSION ([\d.]+)", read("CMakeLists.txt")).group(1)
+    def test_of_packages_bear_the_version(self) -> None:
+        name = f"wy-beta-{VERSION}-windows-x64"
         for document in ("README.md", "README.ja.md"):
-            packages = re.findall(r"wy-beta-.*?\.zip", read(document))
-            self.assertEqual(packages, [f"wy-beta-{version}-windows-x64.zip"])
+            packages = set(re.findall(r"wy-beta-[\w.-]+", read(document)))
+            self.assertEqual(packages, {f"{name}.zip", f"{name}-setup.exe"})
 
     def test_in_links_lead_to_files(self) -> None:
         links = [(PROJECT / document).parent / link
                  for document in DOCUMENTS for link in LINK.findall(read(document))]
         self.assertTrue(links)
         self.assertEqual([link for link in links if not link.is_file()], [])
+
+
+class Changelog(unittest.TestCase):
+    def test_begins_with_this_version_and_goes_back_in_time(self) -> None:
+        headings = re.findall(r"^## (.*)$", read("CHANGELOG.md"), re.MULTILINE)
+        released = [re.fullmatch(r"\[([\d.]+)\] - (\d{4}-\d\d-\d\d)", line) for line in headings]
+        self.assertTrue(all(released), headings)
+        self.assertEqual(released[0][1], VERSION)
+        dates = [heading[2] for heading in released]
+        self.assertEqual(dates, sorted(dates, reverse=True))
+
+    def test_tells_changes_of_known_kinds(self) -> None:
+        kinds = {"Added", "Changed", "Deprecated", "Removed", "Fixed", "Security"}
+        found = set(re.findall(r"^### (.*)$", read("CHANGELOG.md"), re.MULTILINE))
+        self.assertTrue(found)
+        self.assertEqual(found - kinds, set())
 
 
 if __name__ == "__main__":

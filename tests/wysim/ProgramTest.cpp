@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <regex>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -24,6 +25,12 @@ TEST(Program, ShowsHelp) {
                                      "\n  compare ", "\n  fit ", "\n  check "}) {
         EXPECT_NE(run.out.find(option), std::string::npos) << option;
     }
+}
+
+TEST(Program, TellsItsVersion) {
+    const auto run = runProgram({"--version"});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_TRUE(std::regex_match(run.out, std::regex("wysim \\d+\\.\\d+\\.\\d+\n"))) << run.out;
 }
 
 TEST(Program, EndsWithTwoOnMistakenArguments) {

@@ -93,6 +93,7 @@ class Parser {
 public:
     Parser() {
         app_.footer(kExitStatuses);
+        app_.set_version_flag("--version", "wysim " WYSIM_VERSION, "Tell the version and end");
         addFile(app_, "SONG", "The song to open");
         addVerse(app_);
         app_.add_option("--script", script_,
@@ -112,6 +113,9 @@ public:
             app_.parse(std::move(arguments));
         } catch (const CLI::CallForHelp&) {
             line_.help = app_.help();
+            return line_;
+        } catch (const CLI::CallForVersion& version) {
+            line_.help = version.what() + std::string("\n");
             return line_;
         } catch (const CLI::ParseError& error) {
             throw song::BadInput::expectedFound("arguments as 'wysim --help' shows them",
