@@ -3,6 +3,7 @@
 // Times are sums of fractions of a quarter note: what is nearly equal is meant to be equal.
 const NEARLY = 1e-6;
 const WIDEST_QUARTER = 150;
+const TIGHT = 0.7; // of the width that texts need: they get smaller, and can be read
 
 export function measureLength({ beats, beatType }) {
   return (4 * beats) / beatType;
@@ -71,9 +72,10 @@ export class RowLayout {
   }
 }
 
-// Whole bars if one has room, otherwise whole beats of one.
+// Whole bars if one has room, also a tight one, otherwise whole beats of one.
 function rowLengthFor(song, measure, width, neededWidth) {
-  const bars = Math.floor(width / (neededWidth * measure));
+  const tightWidth = TIGHT * neededWidth * measure;
+  const bars = Math.max(Math.floor(width / (neededWidth * measure)), width >= tightWidth ? 1 : 0);
   if (bars >= 1) {
     return measure * Math.min(bars, Math.max(barsIn(song, measure), barsThatFill(width, measure)));
   }
@@ -99,7 +101,7 @@ function withShortGaps(rows) {
   });
 }
 
-const STEP = 8;
+const STEP = 7;
 const TALLEST = 200;
 const ROOM_TO_MOVE = 2;
 const EMPTY_TRACK = { lowest: 60, highest: 72 };

@@ -19,7 +19,7 @@ export class NoteView {
     this.element.tabIndex = -1;
     this.#lyric.className = "lyric";
     this.#phonemes.className = "phonemes";
-    this.element.append(this.#lyric, this.#phonemes);
+    this.element.append(this.#lyric, " ", this.#phonemes); // two texts, also when read out
   }
 
   /** Tells which note of the song this is; both are counted from 1. */

@@ -34,8 +34,8 @@ export default {
 
   trackNumber: "Track {number}",
   emptyBars: "bars {first} to {last} are empty",
-  noteWord: "{word}, sings {phonemes}, {place}",
-  noteFurther: "sings {phonemes}, {place}",
+  noteWord: "{word} {phonemes}, {place}",
+  noteFurther: "{phonemes}, further syllable, {place}",
   noteUnsung: "{word}, not sung, {place}",
   noteEmpty: "no lyric, {place}",
   notePlace: "{pitch}, bar {bar}",

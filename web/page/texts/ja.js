@@ -34,8 +34,8 @@ export default {
 
   trackNumber: "トラック {number}",
   emptyBars: "{first}～{last} 小節は空です",
-  noteWord: "{word}、発音 {phonemes}、{place}",
-  noteFurther: "発音 {phonemes}、{place}",
+  noteWord: "{word} {phonemes}、{place}",
+  noteFurther: "{phonemes}、続きの音節、{place}",
   noteUnsung: "{word}、歌われません、{place}",
   noteEmpty: "歌詞なし、{place}",
   notePlace: "{pitch}、{bar} 小節目",
