@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // What all tests of the page share: the finished page in Debian's Chromium, without a network.
+import assert from "node:assert/strict";
 import { createRequire } from "node:module";
+import { after, afterEach, before } from "node:test";
 import { fileURLToPath, pathToFileURL } from "node:url";
-import { after, before } from "node:test";
 
 const fromWeb = createRequire(new URL("../../web/package.json", import.meta.url));
 const { chromium } = fromWeb("playwright-core");
@@ -16,8 +17,9 @@ const ENGLISH = { locale: "en-GB", colorScheme: "light", viewport: { width: 1200
 
 let browser;
 let context;
+let errors = [];
 
-/** Starts the browser for the tests of a file, and closes it after them. */
+/** Runs the browser for the tests of a suite. Any error in the page's scripts fails the test. */
 export function useBrowser() {
   before(async () => {
     browser = await chromium.launch({
@@ -25,24 +27,30 @@ export function useBrowser() {
       args: ["--no-sandbox"], // which a container does not have
     });
   });
+  afterEach(() => assert.deepEqual(errors.splice(0), []));
   after(() => browser.close());
 }
 
-/** Opens the page in a window of its own; an error in its scripts ends the test. */
+/** Opens the page in a window of its own, in place of the one before. */
 export async function openPage(options = {}) {
   await context?.close();
   context = await browser.newContext({ ...ENGLISH, offline: true, ...options });
   const page = await context.newPage();
-  page.errors = [];
-  page.on("pageerror", (error) => page.errors.push(error.message));
+  page.setDefaultTimeout(10_000);
+  page.on("pageerror", (error) => errors.push(error.message));
   page.on("console", (message) => {
     if (message.type() === "error") {
-      page.errors.push(message.text());
+      errors.push(message.text());
     }
   });
   await page.goto(pathToFileURL(PAGE_FILE).href);
   await page.waitForSelector("[data-note]");
   return page;
+}
+
+/** For tests in which the page is driven to an error. */
+export function forgetErrors() {
+  errors = [];
 }
 
 /** A song of the simulated editor; its notes follow each other, a quarter note each, unless they say more. */

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import assert from "node:assert/strict";
 import { readFile } from "node:fs/promises";
-import { beforeEach, describe, it } from "node:test";
+import { before, describe, it } from "node:test";
 import { deflateRawSync } from "node:zlib";
 import {
   button, carried, emptyNotes, lyrics, openFile, openPage, openSong, PROJECT, songOf, status, type,
@@ -47,7 +47,7 @@ function crc32(bytes) {
 describe("A song", () => {
   let page;
   useBrowser();
-  beforeEach(async () => {
+  before(async () => {
     page = await openPage();
   });
 
@@ -81,6 +81,7 @@ describe("A song", () => {
   });
 
   it("is opened by dropping it on the page", async () => {
+    await openSong(page, songOf([emptyNotes(1)]));
     const text = await readFile(SCORE, "utf8");
     const files = await page.evaluateHandle((score) => {
       const transfer = new DataTransfer();

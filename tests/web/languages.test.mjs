@@ -3,7 +3,7 @@ import assert from "node:assert/strict";
 import { readFile } from "node:fs/promises";
 import { describe, it } from "node:test";
 import {
-  button, emptyNotes, lyrics, noteAt, openPage, openSong, PROJECT, songOf, status, type,
+  button, emptyNotes, lyrics, noteAt, openFile, openPage, openSong, PROJECT, songOf, status, type,
   useBrowser,
 } from "./browser.mjs";
 import en from "../../web/page/texts/en.js";
@@ -71,6 +71,7 @@ describe("The page", () => {
 
   it("fits and says what came of it in its language", async () => {
     const page = await openPage(JAPANESE);
+    await openFile(page, `${PROJECT}wysim/songs/gloria.musicxml`);
     await button(page, "楽譜に合わせる").click();
     await page.waitForFunction(() =>
       /^単語: \d/.test(document.querySelector("[role=status]").textContent));

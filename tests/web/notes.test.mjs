@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import assert from "node:assert/strict";
-import { beforeEach, describe, it } from "node:test";
+import { before, beforeEach, describe, it } from "node:test";
 import {
   button, focusedNote, lyrics, noteAt, openPage, openSong, songOf, status, type, useBrowser,
 } from "./browser.mjs";
@@ -11,10 +11,10 @@ const SONG = songOf([[{ start: 0 }, { start: 1 }, { start: 4, length: 2, pitch: 
 describe("A note", () => {
   let page;
   useBrowser();
-  beforeEach(async () => {
+  before(async () => {
     page = await openPage();
-    await openSong(page, SONG);
   });
+  beforeEach(() => openSong(page, SONG));
 
   const box = (note) => noteAt(page, note).boundingBox();
   const count = () => page.locator("[data-note]").count();

@@ -1,16 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import assert from "node:assert/strict";
-import { beforeEach, describe, it } from "node:test";
+import { before, beforeEach, describe, it } from "node:test";
 import { button, emptyNotes, noteAt, openPage, openSong, songOf, type, useBrowser } from "./browser.mjs";
 
 describe("Playing", () => {
   let page;
   useBrowser();
-  beforeEach(async () => {
+  before(async () => {
     page = await openPage();
-    await openSong(page, songOf([[{ start: 0, pitch: 69 }, { start: 1, pitch: 81 }], emptyNotes(2)]));
     await page.evaluate(recordTones);
   });
+  beforeEach(() => openSong(page,
+    songOf([[{ start: 0, pitch: 69 }, { start: 1, pitch: 81 }], emptyNotes(2)])));
 
   const lit = () => page.locator("[data-note].lit").evaluateAll((notes) =>
     notes.map(({ dataset }) => `${dataset.track}/${dataset.note}`));
@@ -29,6 +30,7 @@ describe("Playing", () => {
   }
 
   it("sounds each note and lights it while it does", async () => {
+    await page.evaluate(() => (globalThis.hertz = []));
     await button(page, "Play").click();
     await isLit(1);
     assert.deepEqual(await lit(), ["1/1", "2/1"]);

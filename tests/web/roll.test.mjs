@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import assert from "node:assert/strict";
-import { beforeEach, describe, it } from "node:test";
+import { before, describe, it } from "node:test";
 import {
   emptyNotes, focusedNote, lyrics, noteAt, openPage, openSong, songOf, type, useBrowser,
 } from "./browser.mjs";
@@ -10,7 +10,7 @@ const note = (start, lyric = "", more = {}) => ({ start, lyric, typed: lyric !==
 describe("The roll", () => {
   let page;
   useBrowser();
-  beforeEach(async () => {
+  before(async () => {
     page = await openPage();
   });
 
@@ -40,7 +40,7 @@ describe("The roll", () => {
       await page.waitForTimeout(100);
       return page.locator(".row").count();
     };
-    const [narrow, wide] = [await rowsAt(400), await rowsAt(1400)];
+    const [narrow, wide] = [await rowsAt(400), await rowsAt(1200)];
     assert.ok(narrow > wide, `${narrow} rows, ${wide} rows`);
     assert.equal(await page.locator("[data-note]").count(), 40);
   });

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import assert from "node:assert/strict";
-import { beforeEach, describe, it } from "node:test";
+import { before, beforeEach, describe, it } from "node:test";
 import {
   button, carried, emptyNotes, focusedNote, lyrics, noteAt, openPage, openSong, songOf, status,
   type, useBrowser,
@@ -9,10 +9,10 @@ import {
 describe("Typing a lyric", () => {
   let page;
   useBrowser();
-  beforeEach(async () => {
+  before(async () => {
     page = await openPage();
-    await openSong(page, songOf([emptyNotes(8)]));
   });
+  beforeEach(() => openSong(page, songOf([emptyNotes(8)])));
 
   const field = () => page.locator("#lyric");
 
@@ -124,6 +124,14 @@ describe("Typing a lyric", () => {
     assert.deepEqual(await carried(page), []);
   });
 
+  it("is forgotten when another song is opened before Enter", async () => {
+    await noteAt(page, 1).click();
+    await page.keyboard.type("love");
+    await openSong(page, songOf([emptyNotes(2)]));
+    assert.deepEqual(await carried(page), []);
+    assert.equal(await field().count(), 0);
+  });
+
   it("is taken back and done again, by buttons", async () => {
     await type(page, 1, "Hello");
     await button(page, "Undo").click();
@@ -162,10 +170,10 @@ describe("Typing a lyric", () => {
 describe("The line under the roll", () => {
   let page;
   useBrowser();
-  beforeEach(async () => {
+  before(async () => {
     page = await openPage();
-    await openSong(page, songOf([emptyNotes(8)]));
   });
+  beforeEach(() => openSong(page, songOf([emptyNotes(8)])));
 
   it("says what is sung", async () => {
     await type(page, 1, "Hello");

@@ -13,7 +13,7 @@ export class Editing {
   #message;
   #changed;
 
-  /** `changed(song)` is called with the song after each edit. */
+  /** `changed(song)` is called with the song after each edit, before it is drawn. */
   constructor(core, roll, message, changed) {
     this.#core = core;
     this.#roll = roll;
@@ -114,13 +114,13 @@ export class Editing {
   }
 
   #opened(song) {
-    this.#roll.show(song);
     this.#changed(song);
+    this.#roll.show(song);
   }
 
   #edited(song) {
-    this.#roll.update(song);
     this.#changed(song);
+    this.#roll.update(song);
   }
 
   #stayAt(ref) {

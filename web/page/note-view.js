@@ -4,6 +4,7 @@ import { endOf, PitchLayout } from "./layout.js";
 import { fittingSize, LYRIC_SIZE, PHONEMES_SIZE } from "./text-width.js";
 
 const PADDING = 6;
+const OVERHANG = 6; // of a lyric over the next note, where it can't get smaller
 
 /** One note in the roll: its box with the phonemes, and the lyric over it. */
 export class NoteView {
@@ -54,7 +55,7 @@ export class NoteView {
     element.dataset.phonemes = note.phonemes;
     element.title = note.lyric;
     setText(this.#lyric, note.word, LYRIC_SIZE, lyricRoom);
-    this.#lyric.style.maxWidth = `${Math.max(lyricRoom, 12)}px`;
+    this.#lyric.style.maxWidth = `${lyricRoom + OVERHANG}px`;
     setText(this.#phonemes, note.phonemes, PHONEMES_SIZE, boxRoom - PADDING);
     this.describe(note, bar);
   }

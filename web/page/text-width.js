@@ -13,7 +13,7 @@ const known = new Map();
 function widthOf(text) {
   let width = known.get(text);
   if (width === undefined) {
-    canvas.font = "bold 100px system-ui, sans-serif";
+    canvas.font = `bold 100px ${getComputedStyle(document.body).fontFamily}`;
     width = canvas.measureText(text).width / 100;
     known.set(text, width);
   }
