@@ -23,7 +23,7 @@ describe("Rows", () => {
 
   it("hold whole beats where a bar has no room", () => {
     assert.equal(new RowLayout(song([track([0, 100])]), 300, 100).rowLength, 4);
-    assert.equal(new RowLayout(song([track([0, 100])]), 270, 100).rowLength, 2);
+    assert.equal(new RowLayout(song([track([0, 100])]), 250, 100).rowLength, 2);
     assert.equal(new RowLayout(song([track([0, 100])]), 50, 100).rowLength, 1);
     const waltz = song([track([0, 9])], { time: { beats: 3, beatType: 4 } });
     assert.equal(new RowLayout(waltz, 190, 100).rowLength, 1);
@@ -38,7 +38,7 @@ describe("Rows", () => {
   });
 
   it("number each bar where it begins", () => {
-    const rows = new RowLayout(song([track([0, 100])]), 270, 100);
+    const rows = new RowLayout(song([track([0, 100])]), 250, 100);
     assert.deepEqual(rows.barsOf(0), [{ start: 0, number: 1 }]);
     assert.deepEqual(rows.barsOf(1), []);
     assert.deepEqual(rows.barsOf(2), [{ start: 4, number: 2 }]);

@@ -3,7 +3,7 @@
 // Times are sums of fractions of a quarter note: what is nearly equal is meant to be equal.
 const NEARLY = 1e-6;
 const WIDEST_QUARTER = 150;
-const TIGHT = 0.7; // of the width that texts need: they get smaller, and can be read
+const TIGHT = 0.65; // of the width that texts need: they get smaller, and can be read
 
 export function measureLength({ beats, beatType }) {
   return (4 * beats) / beatType;

@@ -3,7 +3,7 @@
 export const LYRIC_SIZE = 15;
 export const PHONEMES_SIZE = 12;
 const SMALLEST = 9;
-const GAP = 8; // between one note's text and the next
+const GAP = 6; // between one note's text and the next
 const LEAST_QUARTER = 44;
 
 const canvas = document.createElement("canvas").getContext("2d");

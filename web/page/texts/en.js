@@ -5,7 +5,9 @@ export default {
   language: "en",
   otherLanguage: "日本語",
   pageTitle: "WY Beta – try it",
-  intro: "Click a note, type a lyric, press Enter: the notes after it fill at once.",
+  intro:
+    "Click a note, type a lyric, press Enter: the notes after it fill at once. A hyphen holds a " +
+    "syllable over one more note, as in Glo--ria. Fit finds the hyphens for all words of a score.",
 
   open: "Open",
   save: "Save",
@@ -17,7 +19,7 @@ export default {
   addNote: "Add note",
   deleteNote: "Delete note",
   openHint: "A score or a project: .musicxml, .xml, .mxl, .json",
-  fitHint: "Find for each word the text that brings its syllables onto the notes of the score",
+  fitHint: "Find for each word the text that brings its syllables onto its notes",
   saveScore: "Score (.musicxml)",
   saveProject: "Project (.json)",
   savePicture: "Picture (.svg)",

@@ -5,7 +5,10 @@ export default {
   language: "ja",
   otherLanguage: "English",
   pageTitle: "WY Beta を試す",
-  intro: "音符をクリックして歌詞を入力し、Enter を押すと、後に続く音符にもすぐに割り当てられます。",
+  intro:
+    "音符をクリックして歌詞を入力し、Enter を押すと、後に続く音符にもすぐに割り当てられます。英単語は " +
+    "Glo--ria のようにハイフン一つで、かなは「ー」一つで、音符一つ分伸びます。「楽譜に合わせる」は、すべての" +
+    "単語について音符に合う書き方を探します。",
 
   open: "開く",
   save: "保存",
@@ -17,7 +20,7 @@ export default {
   addNote: "音符を追加",
   deleteNote: "音符を削除",
   openHint: "楽譜またはプロジェクト: .musicxml、.xml、.mxl、.json",
-  fitHint: "単語ごとに、音節が楽譜の音符に合う書き方を探します",
+  fitHint: "単語ごとに、音節が音符に合う書き方を探します",
   saveScore: "楽譜 (.musicxml)",
   saveProject: "プロジェクト (.json)",
   savePicture: "画像 (.svg)",
