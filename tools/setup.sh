@@ -12,6 +12,7 @@ readonly -A packages=(
     [build]="g++ cmake ninja-build make python3 xz-utils bzip2 ca-certificates libutfcpp-dev
         libcli11-dev nlohmann-json3-dev googletest"
     [windows]="g++-mingw-w64-x86-64-posix wine64"
+    [web]="emscripten"
     [tests]="python3-pyelftools python3-pefile"
     [bench]="libbenchmark-dev"
     [fuzz]="clang-14 libclang-rt-14-dev"
