@@ -28,10 +28,11 @@ check:
 	@tools/build.sh linux
 	@ctest --preset linux --label-regex 'unit|module|wysim'
 
-# Everything: native, sanitized, under Wine; documents, package, replays of the fuzz targets.
+# Everything: native, sanitized, under Wine, in a browser; documents, package, replays of the fuzz
+# targets.
 test:
-	@tools/setup.sh build windows tests fuzz
-	@for preset in linux sanitized fuzz windows; do \
+	@tools/setup.sh build windows web tests fuzz
+	@for preset in linux sanitized fuzz windows web; do \
 	    tools/build.sh $$preset && ctest --preset $$preset || exit; done
 
 bench:

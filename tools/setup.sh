@@ -12,13 +12,12 @@ readonly -A packages=(
     [build]="g++ cmake ninja-build make python3 xz-utils bzip2 ca-certificates libutfcpp-dev
         libcli11-dev nlohmann-json3-dev googletest"
     [windows]="g++-mingw-w64-x86-64-posix wine64"
-    [web]="emscripten"
     [tests]="python3-pyelftools python3-pefile"
     [bench]="libbenchmark-dev"
     [fuzz]="clang-14 libclang-rt-14-dev"
     [lint]="clang-format clang-tidy-19 cppcheck"
     [coverage]="gcovr"
-    [web]="nodejs npm chromium"
+    [web]="emscripten nodejs npm chromium"
 )
 
 # Node.js from elsewhere than Debian brings npm with it, and does not go together with Debian's package.
