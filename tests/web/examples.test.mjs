@@ -15,18 +15,17 @@ function examples(document) {
 describe("The examples of the tables", () => {
   useBrowser();
 
-  for (const document of ["README.md", "README.ja.md"]) {
-    it(`give on the page what ${document} says`, async () => {
-      const rows = examples(document);
-      assert.ok(rows.length > 30);
-      const page = await openPage();
-      await openSong(page, songOf([emptyNotes(12)]));
-      for (const [typed, carried] of rows) {
-        await type(page, 1, typed);
-        const filled = (await lyrics(page)).filter((lyric) => lyric !== "");
-        assert.deepEqual(filled, carried, `typed: ${typed}`);
-        await button(page, "Undo").click();
-      }
-    });
-  }
+  // README.ja.md has the same ones, as the test of the documents holds.
+  it("give on the page what the README says", async () => {
+    const rows = examples("README.md");
+    assert.ok(rows.length > 30);
+    const page = await openPage();
+    await openSong(page, songOf([emptyNotes(12)]));
+    for (const [typed, carried] of rows) {
+      await type(page, 1, typed);
+      const filled = (await lyrics(page)).filter((lyric) => lyric !== "");
+      assert.deepEqual(filled, carried, `typed: ${typed}`);
+      await button(page, "Undo").click();
+    }
+  });
 });

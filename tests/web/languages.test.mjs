@@ -22,7 +22,7 @@ describe("The page", () => {
   const japanese = /[ぁ-ヿ一-鿿]/;
 
   it("speaks the language of the browser", async () => {
-    for (const [locale, expected] of [["en-GB", "en"], ["ja-JP", "ja"], ["ja", "ja"], ["de-DE", "en"]]) {
+    for (const [locale, expected] of [["ja", "ja"], ["ja-JP", "ja"], ["de-DE", "en"]]) {
       const page = await openPage({ locale });
       assert.equal(await lang(page), expected, locale);
       for (const name of BUTTONS[expected]) {

@@ -45,6 +45,16 @@ describe("The roll", () => {
     assert.equal(await page.locator("[data-note]").count(), 40);
   });
 
+  it("keeps the text field over its note when the window changes", async () => {
+    await openSong(page, songOf([emptyNotes(40)]));
+    await noteAt(page, 20).click();
+    await page.setViewportSize({ width: 700, height: 800 });
+    await page.waitForTimeout(100);
+    const [field, note] = [await page.locator("#lyric").boundingBox(), await box(20)];
+    await page.setViewportSize({ width: 1200, height: 800 });
+    assert.ok(Math.abs(field.y - note.y) < 20, `field at ${field.y}, note at ${note.y}`);
+  });
+
   it("draws a note that is held over the end of a row in both rows", async () => {
     await openSong(page, songOf([[{ start: 0, length: 100 }]]));
     assert.equal(await page.locator("[data-note]").count(), 1);

@@ -159,6 +159,18 @@ describe("Typing a lyric", () => {
     assert.deepEqual(await carried(page), ["Hello[hh ah]", "[l ow]"]);
   });
 
+  it("takes away a syllable that another lyric has left", async () => {
+    await type(page, 1, "さくら");
+    await type(page, 1, "love");
+    assert.deepEqual(await carried(page), ["love[l ah v]", "[k u]", "[r a]"]);
+    await type(page, 3, "");
+    assert.deepEqual(await carried(page), ["love[l ah v]", "[k u]"]);
+    await noteAt(page, 2).click();
+    await page.keyboard.press("Tab");
+    await page.keyboard.press("Escape");
+    assert.deepEqual(await carried(page), ["love[l ah v]", "[k u]"]);
+  });
+
   it("empties a note", async () => {
     await type(page, 1, "love");
     await type(page, 1, "");
@@ -208,6 +220,13 @@ describe("The line under the roll", () => {
     await noteAt(page, 1).click();
     await page.keyboard.press("Enter");
     assert.match(await status(page), /"xyzzy" is not sung/);
+  });
+
+  it("tells of so many words only as it has room for", async () => {
+    await type(page, 1, Array.from("abcdefg", (letter) => `xyzzy${letter}`).join(" "));
+    const said = await status(page);
+    assert.equal(said.match(/is not sung/g).length, 4);
+    assert.match(said, /And 3 more\./);
   });
 
   it("says that the notes ran out", async () => {

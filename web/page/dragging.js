@@ -52,14 +52,15 @@ export class Dragging {
     return this.#roll.tracks[this.#drag.ref.track - 1].at(x, y);
   }
 
-  #goOn({ target, pointerId, clientX: x, clientY: y }) {
+  #goOn({ pointerId, clientX: x, clientY: y }) {
     const drag = this.#drag;
     if (drag === undefined) {
       return;
     }
     if (!drag.isMoving && Math.hypot(x - drag.x, y - drag.y) > SLACK) {
       drag.isMoving = this.#hasDragged = true;
-      target.setPointerCapture(pointerId);
+      // The note itself goes from row to row, and would lose the pointer by that.
+      this.#roll.element.setPointerCapture(pointerId);
       this.#roll.view(drag.ref).element.classList.add("dragged");
     }
     if (drag.isMoving) {

@@ -2,7 +2,7 @@
 import { Mistake } from "./core.js";
 import { say } from "./language.js";
 import { endOf } from "./layout.js";
-import { checkReport, fitReport } from "./reports.js";
+import { checkReport, fitReport, warningsReport } from "./reports.js";
 
 const FIRST_NOTE = { start: 0, length: 1, pitch: 60 };
 
@@ -35,19 +35,24 @@ export class Editing {
       const notes = song.tracks.reduce((sum, track) => sum + track.notes.length, 0);
       this.#message.show(() => [
         { sentence: say("opened", { title: song.title || fileName, notes }) },
-        ...(song.warnings ?? []).map((sentence) => ({ sentence })),
+        ...warningsReport(song.warnings),
       ]);
     });
   }
 
-  /** Types a lyric, or tells of the one that is there. Says whether the note took it. */
+  /** Types a lyric and tells of it. Says whether the note took it. */
   type(ref, text) {
     return this.#attempt(() => {
-      if (text !== this.#roll.note(ref).typed) {
-        const song = this.#core.type(ref, text);
-        this.#edited(song);
-        this.#report(ref, song.check);
-      } else if (text !== "") {
+      const song = this.#core.type(ref, text);
+      this.#edited(song);
+      this.#report(ref, song.check);
+    });
+  }
+
+  /** Tells of the lyric that was typed before. */
+  keep(ref) {
+    return this.#attempt(() => {
+      if (this.#roll.note(ref).typed !== "") {
         this.#report(ref, this.#core.check(ref));
       }
     });

@@ -27,7 +27,7 @@ class Page {
   constructor(core) {
     this.#core = core;
     this.editing = new Editing(core, this.#roll, message, (song) => this.#songChanged(song));
-    this.typing = new Typing(this.#roll, (ref, text) => this.editing.type(ref, text));
+    this.typing = new Typing(this.#roll, this.editing);
     this.playing = new Playing(this.#roll, (isPlaying) => this.#playingChanged(isPlaying));
     this.toolbar = new Toolbar(document, this.#actions());
     const dragging = new Dragging(this.#roll, (ref, note) => this.editing.move(ref, note));

@@ -3,11 +3,13 @@
 // What the extension found, as paragraphs of the message line.
 import { findingSentence, leftSentence, say } from "./language.js";
 
+// What the line under the roll has room for.
+const MOST_FINDINGS = 4;
 const MOST_LEFT = 3;
 
 /** What came of a typed lyric. `type(text)` types another text into the same note. */
 export function checkReport(check, type) {
-  const findings = check.findings.map((finding) => ({
+  const findings = firstOf(check.findings, MOST_FINDINGS, (finding) => ({
     sentence: findingSentence(finding),
     actions: finding.mends.map((mend) => ({
       text: mend,
@@ -20,16 +22,26 @@ export function checkReport(check, type) {
 
 /** What came of fitting the song. `goTo(ref)` goes to a word, `fitByBrackets()` fits the rest. */
 export function fitReport(fit, goTo, fitByBrackets) {
-  const left = fit.left.slice(0, MOST_LEFT).map((word) => ({
+  const left = firstOf(fit.left, MOST_LEFT, (word) => ({
     sentence: leftSentence(word),
     actions: [{ text: say("goToWord", word), run: () => goTo(word) }],
   }));
-  const more = fit.left.length - left.length;
   const totals = {
     sentence: say("fitted", fit),
     actions: fit.notFitted > 0 ? [{ text: say("fitByBrackets"), run: fitByBrackets }] : [],
   };
-  return [totals, ...left, ...(more > 0 ? [{ sentence: say("moreLeft", { count: more }) }] : [])];
+  return [totals, ...left];
+}
+
+/** What was noticed when a song was opened. */
+export function warningsReport(warnings) {
+  return firstOf(warnings, MOST_FINDINGS, (sentence) => ({ sentence }));
+}
+
+function firstOf(items, most, paragraphOf) {
+  const more = items.length - most;
+  const told = items.slice(0, most).map(paragraphOf);
+  return more > 0 ? [...told, { sentence: say("more", { count: more }) }] : told;
 }
 
 // Columns count characters, as the lyric's iterator does.

@@ -103,6 +103,7 @@ export class Roll {
     const rows = new RowLayout(this.#song, lanes, neededQuarter(this.#song));
     this.#song.tracks.forEach((track, i) => this.#tracks[i].show(track, rows, lanes));
     this.choose(this.#chosen);
+    this.element.dispatchEvent(new Event("redrawn"));
   }
 
   #widthChanged() {

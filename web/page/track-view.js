@@ -96,7 +96,10 @@ export class TrackView {
   preview(number, note) {
     const view = this.view(number);
     view.place(note, this.#rows, this.#pitches, (row) => this.#rowViews.get(row)?.lanes);
-    this.#rowViews.get(this.#rows.rowOf(note.start))?.lanes.append(view.element);
+    const lanes = this.#rowViews.get(this.#rows.rowOf(note.start))?.lanes;
+    if (lanes !== undefined && view.element.parentElement !== lanes) {
+      lanes.append(view.element);
+    }
   }
 
   /** Shows a note where it is, after a preview that came to nothing. */

@@ -6,15 +6,19 @@ const LEAST_WIDTH = 150;
 /** The text field that opens over a note. */
 export class Typing {
   #roll;
-  #type;
+  #commands;
   #field = document.createElement("input");
   #hint = document.createElement("span");
   #ref;
+  #before;
 
-  /** `type(ref, text)` is called with what was typed, and says whether the note took it. */
-  constructor(roll, type) {
+  /**
+   * `commands.type(ref, text)` gets what was typed, `commands.keep(ref)` hears that nothing was; each
+   * says whether the field may close.
+   */
+  constructor(roll, commands) {
     this.#roll = roll;
-    this.#type = type;
+    this.#commands = commands;
     this.#field.id = "lyric";
     this.#field.autocomplete = "off";
     this.#field.autocapitalize = "off";
@@ -24,10 +28,10 @@ export class Typing {
     this.#hint.id = "lyric-hint";
     this.#field.addEventListener("keydown", (event) => this.#keyPressed(event));
     this.#field.addEventListener("blur", () => this.#left());
-    window.addEventListener("resize", () => this.#putOverNote());
+    roll.element.addEventListener("redrawn", () => this.#putOverNote());
   }
 
-  /** Opens the field over a note, with the text that was typed there, or empty for a new one. */
+  /** Opens the field over a note, with the text that is there, or empty for a new one. */
   open(ref, { isEmpty = false } = {}) {
     const note = this.#roll.note(ref);
     if (note === undefined) {
@@ -36,7 +40,9 @@ export class Typing {
     this.close();
     this.#ref = ref;
     this.#roll.choose(ref);
-    this.#field.value = isEmpty ? "" : note.typed;
+    // A further syllable was not typed, and can be taken away like what was.
+    this.#before = note.typed || note.lyric;
+    this.#field.value = isEmpty ? "" : this.#before;
     this.#field.setAttribute("aria-label", say("lyricField", { place: this.#roll.placeOf(ref) }));
     this.#hint.textContent = say("lyricHint");
     this.#roll.element.append(this.#field, this.#hint);
@@ -109,7 +115,9 @@ export class Typing {
   }
 
   #commit() {
-    return this.#type(this.#ref, this.#field.value);
+    const { value } = this.#field;
+    return value === this.#before ? this.#commands.keep(this.#ref)
+      : this.#commands.type(this.#ref, value);
   }
 
   #putOverNote() {

@@ -86,6 +86,6 @@ export default {
     "{otherEntries}, with brackets: {brackets}; not fitted: {notFitted}.",
   leftBy: {},
   goToWord: "Go to “{word}”",
-  moreLeft: "And {count} more.",
+  more: "And {count} more.",
   fitByBrackets: "Fit the rest by phonemes in brackets",
 };

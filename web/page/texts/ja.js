@@ -107,6 +107,6 @@ export default {
     "not-reached": "「{word}」には、ハイフンでは伸ばせない音節があります。",
   },
   goToWord: "「{word}」へ移動",
-  moreLeft: "ほかに {count} 語あります。",
+  more: "ほかに {count} 件あります。",
   fitByBrackets: "残りを角括弧の発音記号で合わせる",
 };
