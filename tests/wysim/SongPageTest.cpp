@@ -384,6 +384,18 @@ TEST_F(SongPageTest, SavesTheSongAndItsPicture) {
               "expected the kind musicxml, json or svg, found 'pdf'");
 }
 
+TEST_F(SongPageTest, OpensWhatItSavedAsItWasTyped) {
+    const Texts typed = {"さくら", "", "", "lo-ve", "", "hello", "xyzzy[l a,l i]", "", "la[l a]"};
+    open(songOf({"さくら*", "", "", "lo-ve*", "", "hello*", "xyzzy[l a,l i]*", "", "la[l a]*"}));
+    const auto carried = each(parsed(page.song()), "lyric");
+    for (const auto* const kind : {"json", "musicxml"}) {
+        const auto file = parsed(page.save(kind));
+        const auto song = parsed(page.open(file.at("text"), file.at("name")));
+        EXPECT_EQ(each(song, "lyric"), carried) << kind;
+        EXPECT_EQ(each(song, "typed"), typed) << kind;
+    }
+}
+
 TEST_F(SongPageTest, NamesAFileOfASongWithoutATitle) {
     auto song = songOf({});
     song.title = " . ";

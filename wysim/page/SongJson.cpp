@@ -15,7 +15,6 @@
 #include <cstdint>
 #include <iterator>
 #include <string_view>
-#include <utility>
 
 namespace wybeta::wysim::page {
 
@@ -25,102 +24,64 @@ using nlohmann::ordered_json;
 
 // A song is told after each edit. Its JSON is written straight to the text, since a tree of a few
 // thousand notes takes longer to build than all the rest of an edit.
-class JsonText {
-public:
-    // Opens an object or a list, as a member or as an element.
-    void open(std::string_view before) {
-        separate();
-        text_ += before;
-        isFirst_ = true;
-    }
-    void close(char bracket) {
-        text_ += bracket;
-        isFirst_ = false;
-    }
 
-    void member(std::string_view name, std::string_view value) {
-        startMember(name);
-        addQuoted(value);
-    }
-    void member(std::string_view name, double value) {
-        startMember(name);
-        addNumber(value);
-    }
-    void flag(std::string_view name, bool value) {
-        startMember(name);
-        text_ += value ? "true" : "false";
-    }
-
-    std::string take() { return std::move(text_); }
-
-private:
-    void separate() {
-        if (!isFirst_) {
-            text_ += ',';
+// The texts of a song hold no control characters.
+void addQuoted(std::string& json, std::string_view text) {
+    json += '"';
+    if (text.find_first_of("\"\\") == std::string_view::npos) {
+        json += text;
+    } else {
+        for (const char character : text) {
+            json.append(character == '"' || character == '\\' ? 1 : 0, '\\') += character;
         }
-        isFirst_ = false;
     }
-    void startMember(std::string_view name) {
-        separate();
-        text_ += '"';
-        text_ += name;
-        text_ += "\":";
-    }
-    // The texts of a song hold no control characters.
-    void addQuoted(std::string_view value) {
-        text_ += '"';
-        for (const char character : value) {
-            if (character == '"' || character == '\\') {
-                text_ += '\\';
-            }
-            text_ += character;
-        }
-        text_ += '"';
-    }
-    void addNumber(double value) {
-        char digits[24];
-        constexpr double kMost = 1e9;
-        if (value != std::floor(value) || std::abs(value) > kMost) {
-            text_ += nlohmann::json(value).dump();
-            return;
-        }
-        const auto end =
-            std::to_chars(std::begin(digits), std::end(digits), static_cast<std::int64_t>(value));
-        text_.append(digits, end.ptr);
-    }
-
-    std::string text_;
-    bool isFirst_ = true;
-};
-
-void addNote(JsonText& json, const song::SongNote& note, const std::string& typed) {
-    const picture::NoteText text(note.lyric);
-    json.open("{");
-    json.member("start", note.start);
-    json.member("length", note.length);
-    json.member("pitch", note.pitch);
-    json.member("pitchName", song::formatPitch(note.pitch));
-    json.member("lyric", note.lyric);
-    json.member("word", text.lyric);
-    json.member("phonemes", text.syllable);
-    json.member("kind", nameOf(kindOf(note, text)));
-    json.member("typed", typed);
-    json.close('}');
+    json += '"';
 }
 
-void addTracks(JsonText& json, const session::SongInEditor& song) {
-    json.open("\"tracks\":[");
-    for (std::size_t track = 0; track < song.countTracks(); ++track) {
-        json.open("{");
-        json.member("name", song.trackName(track));
-        json.open("\"notes\":[");
-        for (std::size_t index = 0; index < song.countNotes(track); ++index) {
-            addNote(json, song.songNote(track, index), song.typedLyric(track, index));
-        }
-        json.close(']');
-        json.close('}');
+void addNumber(std::string& json, double value) {
+    constexpr double kMost = 1e9;
+    if (value != std::floor(value) || std::abs(value) > kMost) {
+        json += nlohmann::json(value).dump();
+        return;
     }
-    json.close(']');
+    char digits[12];
+    const auto end =
+        std::to_chars(std::begin(digits), std::end(digits), static_cast<std::int32_t>(value));
+    json.append(std::begin(digits), end.ptr);
+}
+
+void addNote(std::string& json, const song::SongNote& note, const std::string& typed) {
+    const picture::NoteText text(note.lyric);
+    json += R"({"start":)";
+    addNumber(json, note.start);
+    json += R"(,"length":)";
+    addNumber(json, note.length);
+    json += R"(,"pitch":)";
+    addNumber(json, note.pitch);
+    json += R"(,"pitchName":)";
+    addQuoted(json, song::formatPitch(note.pitch));
+    json += R"(,"lyric":)";
+    addQuoted(json, note.lyric);
+    json += R"(,"word":)";
+    addQuoted(json, text.lyric);
+    json += R"(,"phonemes":)";
+    addQuoted(json, text.syllable);
+    json += R"(,"kind":)";
+    addQuoted(json, nameOf(kindOf(note, text)));
+    json += R"(,"typed":)";
+    addQuoted(json, typed);
+    json += '}';
+}
+
+void addTrack(std::string& json, const session::SongInEditor& song, std::size_t track) {
+    json += R"({"name":)";
+    addQuoted(json, song.trackName(track));
+    json += R"(,"notes":[)";
+    for (std::size_t index = 0; index < song.countNotes(track); ++index) {
+        json.append(index == 0 ? 0 : 1, ',');
+        addNote(json, song.songNote(track, index), song.typedLyric(track, index));
+    }
+    json += "]}";
 }
 
 std::string withHyphens(std::string name) {
@@ -132,17 +93,23 @@ std::string withHyphens(std::string name) {
 
 std::string songMembers(const session::SongEditing& editing) {
     const auto& song = editing.inEditor();
-    JsonText json;
-    json.member("title", song.frame().title);
-    json.open("\"time\":{");
-    json.member("beats", song.frame().time.beats);
-    json.member("beatType", song.frame().time.beatType);
-    json.close('}');
-    json.member("pickup", song.frame().pickup);
-    json.flag("canUndo", editing.canUndo());
-    json.flag("canRedo", editing.canRedo());
-    addTracks(json, song);
-    return json.take();
+    const auto& frame = song.frame();
+    std::string json = R"("title":)";
+    addQuoted(json, frame.title);
+    json += R"(,"time":{"beats":)";
+    addNumber(json, frame.time.beats);
+    json += R"(,"beatType":)";
+    addNumber(json, frame.time.beatType);
+    json += R"(},"pickup":)";
+    addNumber(json, frame.pickup);
+    json += editing.canUndo() ? R"(,"canUndo":true)" : R"(,"canUndo":false)";
+    json += editing.canRedo() ? R"(,"canRedo":true)" : R"(,"canRedo":false)";
+    json += R"(,"tracks":[)";
+    for (std::size_t track = 0; track < song.countTracks(); ++track) {
+        json.append(track == 0 ? 0 : 1, ',');
+        addTrack(json, song, track);
+    }
+    return json + "]";
 }
 
 std::string checkJson(const session::CheckedLyric& checked, const session::Syllables& syllables,

@@ -4,6 +4,9 @@
 #include "wysim/page/PageFile.h"
 #include "wysim/page/SongJson.h"
 #include "wysim/picture/NoteText.h"
+#include "wysim/session/PlainWord.h"
+#include "wysim/session/ScratchTrack.h"
+#include "wysim/session/SongWords.h"
 #include "wysim/session/TextCheck.h"
 #include "wysim/session/Wording.h"
 #include "wysim/song/BadInput.h"
@@ -16,6 +19,7 @@
 #include <algorithm>
 #include <exception>
 #include <filesystem>
+#include <map>
 #include <new>
 #include <optional>
 #include <utility>
@@ -197,7 +201,22 @@ std::string SongPage::answer(const Work& work) {
 
 void SongPage::show(const song::Song& song) {
     auto next = std::make_unique<OpenSong>(session_.editor(), song);
+    takeBracketsOff(*next);
     song_ = std::move(next);
+}
+
+// A file holds divisions, of which a person typed the words alone.
+void SongPage::takeBracketsOff(const OpenSong& open) {
+    auto project = session_.editor().openProject();
+    session::ScratchTrack scratch(project);
+    std::map<std::pair<std::string, std::size_t>, std::string> known;
+    for (const auto& word : session::wordsOf(open.opened)) {
+        const auto [plain, isNew] = known.try_emplace({word.text, word.notes});
+        if (isNew) {
+            plain->second = plainWord(scratch, word);
+        }
+        open.editing.inEditor().setTypedLyric(word.track - 1, word.note - 1, plain->second);
+    }
 }
 
 SongPage::OpenSong& SongPage::openSong() const {

@@ -71,6 +71,7 @@ private:
     static std::string answer(const Work& work);
 
     void show(const song::Song& song);
+    void takeBracketsOff(const OpenSong& open);
     OpenSong& openSong() const;
     // The editing, for an edit to come.
     session::SongEditing& editing() const;

@@ -46,7 +46,7 @@ SongInEditor::SongInEditor(simulator::Editor& editor, const song::Song& song) {
         addTrack(editor, track, typing);
     }
     for (const auto& word : wordsOf(song)) {
-        note(word.track - 1, word.note - 1).setText(kTypedLyric, word.text);
+        setTypedLyric(word.track - 1, word.note - 1, word.text);
     }
     // The extension divides only what is typed after it has seen the tracks.
     editor.notify();
@@ -99,6 +99,11 @@ song::Song SongInEditor::typedSong() const {
 
 std::string SongInEditor::typedLyric(std::size_t track, std::size_t index) const {
     return note(track, index).text(kTypedLyric);
+}
+
+void SongInEditor::setTypedLyric(std::size_t track, std::size_t index,
+                                 const std::string& lyric) const {
+    note(track, index).setText(kTypedLyric, lyric);
 }
 
 song::Song SongInEditor::song() const {

@@ -37,6 +37,8 @@ public:
     // What was last typed into a note, brackets and all; of a division that the song was opened
     // with, the word with its phonemes in one bracket. Empty where nothing was typed.
     std::string typedLyric(std::size_t track, std::size_t index) const;
+    // For who knows better what was typed into a note of the opened song.
+    void setTypedLyric(std::size_t track, std::size_t index, const std::string& lyric) const;
 
 private:
     void addTrack(simulator::Editor& editor, const song::SongTrack& track,
