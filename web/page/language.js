@@ -29,7 +29,7 @@ export function findingSentence(finding) {
 
 /** Why a word was not fitted, as a sentence. */
 export function leftSentence(word) {
-  return fillIn(texts.leftBy[word.outcome] ?? `“${word.word}”: ${word.reason}`, word);
+  return fillIn(texts.leftBy[word.outcome] ?? `${word.reason}.`, word);
 }
 
 function fillIn(text, values) {

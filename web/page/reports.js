@@ -24,7 +24,7 @@ export function checkReport(check, type) {
 export function fitReport(fit, goTo, fitByBrackets) {
   const left = firstOf(fit.left, MOST_LEFT, (word) => ({
     sentence: leftSentence(word),
-    actions: [{ text: say("goToWord", word), run: () => goTo(word) }],
+    actions: [{ text: word.word, label: say("goToWord", word), run: () => goTo(word) }],
   }));
   const totals = {
     sentence: say("fitted", fit),
