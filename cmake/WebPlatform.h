@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// Included ahead of everything else in the WebAssembly build. The SDK does not know that platform; its
-// choices for Linux suit it.
+// Included ahead of everything else in the WebAssembly build. The SDK does not know that platform;
+// its choices for Linux suit it.
 #pragma once
 
 #include <utility> // which the SDK's headers take for included

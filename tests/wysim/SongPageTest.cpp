@@ -83,13 +83,13 @@ protected:
 
 TEST_F(SongPageTest, TellsOfASongAndItsNotes) {
     auto song = songOf({"さくら*", "", "", "xyzzy*", ""});
-    song.title = "A \"song\"\\";
+    song.title = R"(A "song"\)";
     song.time = {3, 4};
     song.pickup = 0.5;
     song.tracks[0].notes[1].start = 1.75;
     song.tracks[0].notes[1].pitch = 61;
     const auto answer = open(song);
-    EXPECT_EQ(answer.at("title"), "A \"song\"\\");
+    EXPECT_EQ(answer.at("title"), song.title);
     EXPECT_EQ(answer.at("time"), (json{{"beats", 3}, {"beatType", 4}}));
     EXPECT_EQ(answer.at("pickup"), 0.5);
     EXPECT_EQ(answer.at("canUndo"), false);

@@ -31,9 +31,11 @@ std::string fileName(const std::string& title, const std::string& kind) {
 
 std::string fileJson(const std::string& kind, const song::Song& opened, const song::Song& now) {
     const auto file = [&](const char* mime, const std::string& text) {
-        return nlohmann::ordered_json{
-            {"name", fileName(now.title, kind)}, {"mime", mime}, {"text", text}}
-            .dump();
+        auto members = nlohmann::ordered_json::object();
+        members["name"] = fileName(now.title, kind);
+        members["mime"] = mime;
+        members["text"] = text;
+        return members.dump();
     };
     if (kind == "musicxml") {
         return file("application/vnd.recordare.musicxml+xml", musicXmlFromSong(now));

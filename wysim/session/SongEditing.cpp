@@ -4,9 +4,7 @@
 #include "simulator/Event.h"
 #include "simulator/HostObject.h"
 #include "wysim/song/BadInput.h"
-#include "wysim/song/Time.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace wybeta::wysim::session {
