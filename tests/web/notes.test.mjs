@@ -134,6 +134,19 @@ describe("A note", () => {
     await undoesInOneStep(BEFORE);
   });
 
+  it("leaves the focus in the roll when it is gone by an undo", async () => {
+    await noteAt(page, 3).focus();
+    await page.keyboard.press("Shift+Enter");
+    assert.deepEqual(await focusedNote(page), [1, 4]);
+    await page.keyboard.press("Control+z");
+    assert.deepEqual(await focusedNote(page), [1, 3]);
+    for (let i = 0; i < 4; ++i) {
+      await page.keyboard.press("Alt+ArrowUp");
+    }
+    await page.keyboard.press("Control+z");
+    assert.deepEqual(await focusedNote(page), [1, 3]);
+  });
+
   it("can be the first of a track again when all were deleted", async () => {
     await noteAt(page, 1).focus();
     for (let i = 0; i < 3; ++i) {

@@ -37,8 +37,10 @@ export class Roll {
   /** Draws what an edit has changed. */
   update(song) {
     this.#song = song;
-    song.tracks.forEach((track, i) => this.#tracks[i].update(track));
-    this.choose(this.#chosen);
+    this.#keepingFocus(() => {
+      song.tracks.forEach((track, i) => this.#tracks[i].update(track));
+      this.choose(this.#chosen);
+    });
   }
 
   translate() {
@@ -110,9 +112,14 @@ export class Roll {
     if (this.element.clientWidth === this.#width || this.#tracks.length === 0) {
       return;
     }
+    this.#keepingFocus(() => this.#drawAll());
+  }
+
+  // A note that had the focus may be gone, or be another element.
+  #keepingFocus(draw) {
     const hadFocus = this.view(this.#chosen)?.element === document.activeElement;
-    this.#drawAll();
-    if (hadFocus) {
+    draw();
+    if (hadFocus && this.view(this.#chosen)?.element !== document.activeElement) {
       this.focus();
     }
   }
