@@ -26,8 +26,8 @@ quietly() {
     } >&2
 }
 
-# Macros of the SDK and of Emscripten stand for whole functions. Each of the host's interfaces has an ID, also where it
-# derives from another.
+# Macros of the SDK and of Emscripten stand for whole functions. Each of the host's interfaces has an
+# ID, also where it derives from another.
 git ls-files '*.cpp' '*.h' >$database/files
 quietly cppcheck --quiet --error-exitcode=1 --std=c++17 --language=c++ --library=googletest \
     --enable=warning,performance,portability -I src -I . -j "$(nproc)" \

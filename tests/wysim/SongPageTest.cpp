@@ -14,8 +14,10 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+#include <array>
 #include <cstddef>
 #include <limits>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -382,6 +384,49 @@ TEST_F(SongPageTest, SavesTheSongAndItsPicture) {
     EXPECT_EQ(svg.at("text"), wysim::picture::svgPicture(song, saved));
     EXPECT_EQ(errorIn([&] { return page.save("pdf"); }),
               "expected the kind musicxml, json or svg, found 'pdf'");
+}
+
+// Some edit by chance; many of them are mistakes.
+std::string editByChance(wysim::page::SongPage& page, std::mt19937& random) {
+    const auto below = [&](unsigned count) { return static_cast<int>(random() % count); };
+    const auto* const lyric =
+        std::array{"さくら", "hello", "", "light-", "xyzzy", "la[l a,l i]"}.at(random() % 6);
+    switch (below(8)) {
+    case 0:
+        return page.add(1, below(40) * 0.5, 0.5, 60 + below(12));
+    case 1:
+        return page.move(1, 1 + below(9), below(40) * 0.5, 0.5 + below(2), 60 + below(12));
+    case 2:
+        return page.remove(1, 1 + below(9));
+    case 3:
+        return page.undo();
+    case 4:
+        return page.redo();
+    case 5:
+        return page.fit(below(2) == 0);
+    default:
+        return page.type(1, 1 + below(9), lyric);
+    }
+}
+
+TEST_F(SongPageTest, GoesTheSameWayBackAndForth) {
+    for (unsigned seed = 0; seed < 30; ++seed) {
+        std::mt19937 random(seed);
+        open(songOf({"さくら*", "", "", "hello*", "", "", "xyzzy*", ""}));
+        std::vector<std::string> states = {page.song()};
+        for (int i = 0; i < 60; ++i) {
+            editByChance(page, random);
+        }
+        while (parsed(page.song()).at("canUndo")) {
+            states.push_back(parsed(page.song()).at("tracks").dump());
+            page.undo();
+        }
+        ASSERT_EQ(parsed(page.song()).at("tracks"), parsed(states.front()).at("tracks")) << seed;
+        for (; states.size() > 1; states.pop_back()) {
+            page.redo();
+            ASSERT_EQ(parsed(page.song()).at("tracks").dump(), states.back()) << seed;
+        }
+    }
 }
 
 TEST_F(SongPageTest, OpensWhatItSavedAsItWasTyped) {
