@@ -2,7 +2,7 @@
 #
 # The one door to everything. Each target installs what it needs itself.
 
-.PHONY: setup module demo check test bench fuzz lint coverage dist clean
+.PHONY: setup module web demo check test bench fuzz lint coverage dist clean
 
 # All that any target needs; afterwards cmake, ctest and an IDE work by themselves.
 setup:
@@ -12,6 +12,11 @@ module:
 	@tools/setup.sh build windows
 	@tools/build.sh linux wybeta_module
 	@tools/build.sh windows wybeta_module
+
+# The page to try it on: build/web/wy-beta.html.
+web:
+	@tools/setup.sh build web
+	@tools/build.sh web
 
 demo:
 	@tools/setup.sh build windows
@@ -23,10 +28,11 @@ check:
 	@tools/build.sh linux
 	@ctest --preset linux --label-regex 'unit|module|wysim'
 
-# Everything: native, sanitized, under Wine; documents, package, replays of the fuzz targets.
+# Everything: native, sanitized, under Wine, in a browser; documents, package, replays of the fuzz
+# targets.
 test:
-	@tools/setup.sh build windows package tests fuzz
-	@for preset in linux sanitized fuzz windows; do \
+	@tools/setup.sh build windows web package tests fuzz
+	@for preset in linux sanitized fuzz web windows; do \
 	    tools/build.sh $$preset && ctest --preset $$preset || exit; done
 
 bench:

@@ -27,9 +27,11 @@ if(WIN32)
     target_link_options(reproducible INTERFACE LINKER:--no-insert-timestamp)
 endif()
 
-# Exploit mitigations. MinGW's stack protector would need one more DLL.
+# Exploit mitigations. MinGW's stack protector would need one more DLL, and WebAssembly has a stack of
+# its own.
 add_library(hardening INTERFACE)
-if(WIN32)
+if(EMSCRIPTEN)
+elseif(WIN32)
     target_link_options(hardening INTERFACE
         LINKER:--dynamicbase LINKER:--high-entropy-va LINKER:--nxcompat)
 else()
@@ -37,7 +39,7 @@ else()
     target_link_options(hardening INTERFACE
         LINKER:-z,relro LINKER:-z,now LINKER:-z,noexecstack)
 endif()
-if(NOT WIN32 AND CMAKE_BUILD_TYPE STREQUAL "Release")
+if(NOT WIN32 AND NOT EMSCRIPTEN AND CMAKE_BUILD_TYPE STREQUAL "Release")
     # _FORTIFY_SOURCE needs optimisation.
     add_cxx_options(hardening -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2)
 endif()
@@ -61,6 +63,11 @@ endif()
 
 add_library(everywhere INTERFACE)
 target_link_libraries(everywhere INTERFACE reproducible hardening sanitizers)
+if(EMSCRIPTEN)
+    # Off by default there.
+    target_compile_options(everywhere INTERFACE -fexceptions)
+    target_link_options(everywhere INTERFACE -fexceptions)
+endif()
 
 add_library(project_options INTERFACE)
 target_link_libraries(project_options INTERFACE everywhere)

@@ -46,6 +46,10 @@ target_compile_options(vst3sdk
 if(WIN32)
     target_link_libraries(vst3sdk PUBLIC ole32)
 else()
+    if(EMSCRIPTEN)
+        target_compile_options(vst3sdk PUBLIC
+            "SHELL:$<$<COMPILE_LANGUAGE:CXX>:-include ${PROJECT_SOURCE_DIR}/cmake/WebPlatform.h>")
+    endif()
     target_compile_options(vst3sdk PUBLIC
         "SHELL:$<$<COMPILE_LANGUAGE:CXX>:-include ${PROJECT_SOURCE_DIR}/src/host/ComAbi.h>")
 endif()

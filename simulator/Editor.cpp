@@ -46,6 +46,14 @@ Editor::Editor(ExtensionInstance extension)
     extension_->notification().documentOpened(document_.get());
 }
 
+Editor::Editor(const Editor& first, Further /*further*/)
+    : state_(first.state_), document_(makeHandle<Document>(state_)), manager_(first.manager_),
+      host_(first.host_), project_(makeHandle<TreeNode>(state_, "Project", "project")),
+      extension_(first.extension_), isFurther_(true) {
+    manager_->documents.push_back(document_);
+    extension_->notification().documentOpened(document_.get());
+}
+
 Editor::~Editor() {
     if (extension_) {
         terminate();
@@ -114,7 +122,11 @@ void Editor::notify() {
 
 void Editor::terminate() {
     extension_->notification().documentClosing(document_.get());
-    extension_->base().terminate();
+    if (isFurther_) {
+        manager_->close(*document_);
+    } else {
+        extension_->base().terminate();
+    }
     extension_.reset();
 }
 

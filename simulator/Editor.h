@@ -32,10 +32,15 @@ public:
     explicit Editor(Steinberg::IPluginFactory& factory) : Editor(ExtensionInstance(factory)) {}
     // Works with an extension that others may hold as well, and use before and after it.
     explicit Editor(ExtensionInstance extension);
-    // Terminates the extension if that has not happened yet.
+    // Terminates if that has not happened yet.
     ~Editor();
     Editor(const Editor&) = delete;
     Editor& operator=(const Editor&) = delete;
+
+    // Opens a further project in the same editor, which has to outlive it: it has its own history,
+    // and shares the extension, which knows the tracks of the last project that it heard of. Before
+    // the first edit after work on another project comes `notify`.
+    Editor openProject() const { return Editor(*this, Further()); }
 
     const SharedState& state() const { return state_; }
     // The top of the project tree, under which the tracks and folders are.
@@ -60,10 +65,14 @@ public:
     // Tells the extension that the project changed, outside any edit. Not after `terminate`.
     void notify();
 
-    // Closes the document and gives the extension back. The history stays. To be called once.
+    // Closes the document and gives the extension back, which is terminated with the project that
+    // was opened first. The history stays. To be called once.
     void terminate();
 
 private:
+    struct Further {};
+    Editor(const Editor& first, Further further);
+
     struct Edit {
         std::vector<Change> changes;
         EditSteps steps;
@@ -75,6 +84,7 @@ private:
     Handle<ProjectHost> host_;
     Handle<TreeNode> project_;
     std::optional<ExtensionInstance> extension_;
+    bool isFurther_ = false;
     std::vector<Edit> done_;
     std::vector<Edit> undone_;
 };

@@ -80,9 +80,9 @@ struct LoadedModule::Library {
 
 LoadedModule::LoadedModule(const std::filesystem::path& path)
     : library_(std::make_unique<Library>(std::filesystem::absolute(path))) {
-    library_->bind(getPluginFactory_, "GetPluginFactory");
-    library_->bind(initDll_, "InitDll");
-    library_->bind(exitDll_, "ExitDll");
+    library_->bind(exports_.getPluginFactory, "GetPluginFactory");
+    library_->bind(exports_.initDll, "InitDll");
+    library_->bind(exports_.exitDll, "ExitDll");
 }
 
 LoadedModule::~LoadedModule() = default;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "simulator/ModuleExports.h"
+
 #include "pluginterfaces/base/ipluginbase.h"
 
 #include <filesystem>
@@ -18,18 +20,18 @@ public:
     LoadedModule(const LoadedModule&) = delete;
     LoadedModule& operator=(const LoadedModule&) = delete;
 
-    // The exports themselves. The factory comes with a reference.
-    Steinberg::IPluginFactory* getPluginFactory() const { return getPluginFactory_(); }
-    bool initDll() const { return initDll_(); }
-    bool exitDll() const { return exitDll_(); }
+    // Good as long as this.
+    const ModuleExports& exports() const { return exports_; }
+
+    Steinberg::IPluginFactory* getPluginFactory() const { return exports_.getPluginFactory(); }
+    bool initDll() const { return exports_.initDll(); }
+    bool exitDll() const { return exports_.exitDll(); }
 
 private:
     struct Library;
 
     std::unique_ptr<Library> library_;
-    Steinberg::IPluginFactory*(PLUGIN_API* getPluginFactory_)() = nullptr;
-    bool (*initDll_)() = nullptr;
-    bool (*exitDll_)() = nullptr;
+    ModuleExports exports_{};
 };
 
 } // namespace wybeta::simulator

@@ -43,6 +43,12 @@ void* Document::interfaceFor(const Steinberg::TUID id) {
                                                      : nullptr;
 }
 
+void ProjectManager::close(const Document& document) {
+    documents.erase(
+        std::find_if(documents.begin(), documents.end(),
+                     [&document](const auto& other) { return other.get() == &document; }));
+}
+
 Steinberg::int32 ProjectManager::countDocuments() {
     return enter("IProjectManager.countDocuments") == Answer::Refuse
                ? 0

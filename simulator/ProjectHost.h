@@ -42,6 +42,8 @@ public:
 
     // Null in the list is handed out as null.
     std::vector<Handle<Document>> documents;
+    // Takes a document off the list.
+    void close(const Document& document);
 
     const std::vector<host::IProjectNotification3*>& sinks() const { return sinks_; }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "simulator/RunningModule.h"
 
-#include "simulator/HostObject.h"
+#include "simulator/EditorSession.h"
 
 #include <exception>
 #include <stdexcept>
@@ -9,12 +9,19 @@
 
 namespace wybeta::simulator {
 
-RunningModule::RunningModule(const std::filesystem::path& path) : module_(path) {
-    if (!module_.initDll()) {
+RunningModule::RunningModule(const std::filesystem::path& path)
+    : RunningModule(std::make_unique<LoadedModule>(path)) {}
+
+RunningModule::RunningModule(std::unique_ptr<LoadedModule> file) : RunningModule(file->exports()) {
+    file_ = std::move(file);
+}
+
+RunningModule::RunningModule(const ModuleExports& exports) : exports_(exports) {
+    if (!exports_.initDll()) {
         throw std::runtime_error("expected InitDll to succeed, it did not");
     }
     isRunning_ = true;
-    factory_ = Steinberg::owned(module_.getPluginFactory());
+    factory_ = Steinberg::owned(exports_.getPluginFactory());
 }
 
 RunningModule::~RunningModule() {
@@ -22,21 +29,14 @@ RunningModule::~RunningModule() {
 }
 
 void RunningModule::use(const std::function<void(Editor&)>& work) const {
-    SharedState state;
+    EditorSession session(factory());
     std::exception_ptr failure;
-    {
-        Editor editor(factory());
-        state = editor.state();
-        try {
-            work(editor);
-        } catch (...) {
-            failure = std::current_exception();
-        }
+    try {
+        work(session.editor());
+    } catch (...) {
+        failure = std::current_exception();
     }
-    if (!state->ledger.isBalanced()) {
-        throw std::runtime_error("expected the module to give back all that it took, found:\n" +
-                                 state->ledger.report());
-    }
+    session.end();
     if (failure) {
         std::rethrow_exception(failure);
     }
@@ -50,7 +50,7 @@ void RunningModule::stop() {
 
 bool RunningModule::exit() {
     factory_ = nullptr;
-    return !std::exchange(isRunning_, false) || module_.exitDll();
+    return !std::exchange(isRunning_, false) || exports_.exitDll();
 }
 
 } // namespace wybeta::simulator

@@ -3,21 +3,25 @@
 
 #include "simulator/Editor.h"
 #include "simulator/LoadedModule.h"
+#include "simulator/ModuleExports.h"
 
 #include "pluginterfaces/base/ipluginbase.h"
 #include "pluginterfaces/base/smartpointer.h"
 
 #include <filesystem>
 #include <functional>
+#include <memory>
 
 namespace wybeta::simulator {
 
-// A loaded module between InitDll and ExitDll, whose factory is held meanwhile. The destructor
-// gives everything back, whatever was thrown.
+// A module between InitDll and ExitDll, whose factory is held meanwhile. The destructor gives
+// everything back, whatever was thrown.
 class RunningModule {
 public:
-    // Throws std::runtime_error when the file is no module or InitDll fails.
+    // Loads the module. Throws std::runtime_error when the file is no module or InitDll fails.
     explicit RunningModule(const std::filesystem::path& path);
+    // Runs a module that is in the program already. Throws std::runtime_error when InitDll fails.
+    explicit RunningModule(const ModuleExports& exports);
     ~RunningModule();
     RunningModule(const RunningModule&) = delete;
     RunningModule& operator=(const RunningModule&) = delete;
@@ -32,9 +36,11 @@ public:
     void stop();
 
 private:
+    explicit RunningModule(std::unique_ptr<LoadedModule> file);
     bool exit();
 
-    LoadedModule module_;
+    std::unique_ptr<LoadedModule> file_; // null for a module that was not loaded here
+    ModuleExports exports_;
     Steinberg::IPtr<Steinberg::IPluginFactory> factory_;
     bool isRunning_ = false;
 };

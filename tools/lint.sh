@@ -26,12 +26,12 @@ quietly() {
     } >&2
 }
 
-# Macros of the SDK stand for whole functions. Each of the host's interfaces has an ID, also where it
-# derives from another.
+# Macros of the SDK and of Emscripten stand for whole functions. Each of the host's interfaces has an
+# ID, also where it derives from another.
 git ls-files '*.cpp' '*.h' >$database/files
 quietly cppcheck --quiet --error-exitcode=1 --std=c++17 --language=c++ --library=googletest \
     --enable=warning,performance,portability -I src -I . -j "$(nproc)" \
-    '-DOBJ_METHODS(a, b)=' '-DREFCOUNT_METHODS(a)=' \
+    '-DOBJ_METHODS(a, b)=' '-DREFCOUNT_METHODS(a)=' '-DEMSCRIPTEN_BINDINGS(a)=void a()' \
     --suppress=duplInheritedMember --file-list=$database/files
 
 quietly run-clang-tidy-19 -quiet -p $database "^$PWD/($(IFS='|'; echo "${*:-[a-z]+}"))/.*\.cpp$"

@@ -18,13 +18,23 @@ readonly -A packages=(
     [fuzz]="clang-14 libclang-rt-14-dev"
     [lint]="clang-format clang-tidy-19 cppcheck"
     [coverage]="gcovr"
+    [web]="emscripten nodejs npm chromium"
 )
+
+# Node.js from elsewhere than Debian brings npm with it, and does not go together with Debian's package.
+isThereWithoutPackage() {
+    case $1 in
+    nodejs) command -v node ;;
+    npm) command -v npm ;;
+    *) false ;;
+    esac >/dev/null
+}
 
 missingPackages() {
     local installed package
     installed=$(dpkg-query -W -f '${db:Status-Status} ${Package}\n' | sed -n 's/^installed //p')
     for package in $(for group in "${groups[@]}"; do echo "${packages[$group]}"; done); do
-        grep -qx "$package" <<<"$installed" || echo "$package"
+        grep -qx "$package" <<<"$installed" || isThereWithoutPackage "$package" || echo "$package"
     done
 }
 

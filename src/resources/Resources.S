@@ -5,6 +5,12 @@
 
 #ifdef _WIN32
     .section .rdata, "dr"
+#elif defined(__wasm__)
+    .section .rodata.resources, "", @
+    .hidden wybetaDictionaryText
+    .hidden wybetaDictionaryTextSize
+    .type wybetaDictionaryText, @object
+    .type wybetaDictionaryTextSize, @object
 #else
     .section .rodata, "a", @progbits
     .hidden wybetaDictionaryText
@@ -21,6 +27,12 @@ dictionaryTextEnd:
     .balign 4
 wybetaDictionaryTextSize:
     .long dictionaryTextEnd - wybetaDictionaryText
+
+#ifdef __wasm__
+    .size wybetaDictionaryText, dictionaryTextEnd - wybetaDictionaryText + 1
+    .size dictionaryTextEnd, 1
+    .size wybetaDictionaryTextSize, 4
+#endif
 
 #ifdef __ELF__
     .section .note.GNU-stack, "", @progbits

@@ -56,7 +56,7 @@ NoteList mergeNotes(const NoteList& list, const NoteChanges& changes) {
 void removeNotes(NoteList& list, const NoteChanges& changes) {
     for (const auto& change : changes) {
         if (change.position < list.size()) {
-            list.value(change.position) = kDeletionMark;
+            list.value(static_cast<std::size_t>(change.position)) = kDeletionMark;
         }
     }
     list.removeIf([](const NoteRecord& record) { return record.value == kDeletionMark; });

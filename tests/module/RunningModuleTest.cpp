@@ -59,6 +59,13 @@ TEST_F(RunningModule, HasAFactoryAndLetsAnEditorWork) {
     running.stop();
 }
 
+TEST_F(RunningModule, RunsWhatIsInTheProgramAlready) {
+    simulator::RunningModule running(module.exports());
+    EXPECT_EQ(running.factory().countClasses(), 1);
+    running.use([](Editor& editor) { editor.notify(); });
+    running.stop();
+}
+
 TEST_F(RunningModule, GivesEverythingBackByItself) {
     const simulator::RunningModule running(modulePath());
     running.use([](Editor&) {});

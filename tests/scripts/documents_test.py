@@ -12,6 +12,8 @@ import tempfile
 import unittest
 from pathlib import Path
 
+from example_tables import CODE, examples
+
 PROJECT = Path(__file__).resolve().parents[2]
 BUILD = PROJECT / "build/linux"
 WYSIM = "build/linux/wysim/wysim"
@@ -19,9 +21,6 @@ VERSION = re.search(r"project\(\w+ VERSION ([\d.]+)", (PROJECT / "CMakeLists.txt
 GUIDES = ["README.md", "README.ja.md", "CONTRIBUTING.md"]
 DOCUMENTS = [*GUIDES, "docs/architecture.md", "CHANGELOG.md"]
 
-# A row of code alone: what is typed into a note, and what the notes then carry.
-EXAMPLE = re.compile(r"^\| `([^`]+)` \| ((?:`[^`]+` )+)\|$", re.MULTILINE)
-CODE = re.compile(r"`([^`\n]+)`")
 LINK = re.compile(r"\]\(([^)]+)\)")
 TEST_NAME = re.compile(r"`([A-Z]\w*\.[A-Z]\w*)`")
 PROMPT = "wysim> "
@@ -29,11 +28,6 @@ PROMPT = "wysim> "
 
 def read(document: str) -> str:
     return (PROJECT / document).read_text(encoding="utf-8")
-
-
-def examples(document: str) -> list[tuple[str, list[str]]]:
-    """Returns the rows of the example tables: a typed lyric, and the lyrics that come of it."""
-    return [(typed, CODE.findall(carried)) for typed, carried in EXAMPLE.findall(read(document))]
 
 
 def shown_blocks() -> list[list[str]]:

@@ -4,7 +4,6 @@
 #include "simulator/Editor.h"
 #include "simulator/RunningModule.h"
 #include "wysim/program/CommandLine.h"
-#include "wysim/program/Example.h"
 #include "wysim/program/TextFile.h"
 #include "wysim/session/CheckReport.h"
 #include "wysim/session/Comparison.h"
@@ -13,6 +12,7 @@
 #include "wysim/session/TextCheck.h"
 #include "wysim/session/Wording.h"
 #include "wysim/song/BadInput.h"
+#include "wysim/song/Example.h"
 #include "wysim/song/Song.h"
 #include "wysim/song/SongFile.h"
 #include "wysim/terminal/Console.h"
@@ -181,7 +181,7 @@ void expectOtherFiles(const CommandLine& line) {
 
 song::Song openSong(const CommandLine& line, terminal::Progress& progress, std::ostream& err) {
     if (line.file.empty()) {
-        return exampleSong();
+        return song::exampleSong();
     }
     auto opened = song::readSongFile(std::filesystem::u8path(line.file), line.verse, progress);
     for (const auto& warning : opened.warnings) {

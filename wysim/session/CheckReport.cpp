@@ -66,12 +66,6 @@ std::string adviceOn(const Finding& finding) {
     return "Write " + listed(finding.mends) + (isSung(finding.reason) ? " if not meant" : "");
 }
 
-std::string sentenceOn(const Finding& finding) {
-    return "column " + std::to_string(finding.column) + ": " + inDoubleQuotes(finding.word) +
-           (isSung(finding.reason) ? " is sung, but " : " is not sung: ") +
-           explanationOf(finding.reason).why + ". " + adviceOn(finding) + ".";
-}
-
 struct Totals {
     std::size_t lines = 0;
     std::size_t syllables = 0;
@@ -110,7 +104,8 @@ std::string checkReport(const std::vector<CheckedLyric>& lines) {
                       ? "\n"
                       : padded(line.syllables, kWidth) + "  " + line.text + "\n";
         for (const auto& finding : line.findings) {
-            report += std::string(kWidth + 4, ' ') + sentenceOn(finding) + "\n";
+            report += std::string(kWidth + 4, ' ') + "column " + std::to_string(finding.column) +
+                      ": " + sentenceOn(finding) + "\n";
         }
     }
     const auto totals = totalsOf(lines);
@@ -143,6 +138,12 @@ std::string checkJson(const std::vector<CheckedLyric>& lines) {
                                  {"notSung", totals.unsung},
                                  {"toLookAt", totals.toLookAt}};
     return report.dump(2) + "\n";
+}
+
+std::string sentenceOn(const Finding& finding) {
+    return inDoubleQuotes(finding.word) +
+           (isSung(finding.reason) ? " is sung, but " : " is not sung: ") +
+           explanationOf(finding.reason).why + ". " + adviceOn(finding) + ".";
 }
 
 std::string nameOf(Reason reason) {

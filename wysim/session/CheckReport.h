@@ -16,6 +16,9 @@ std::string checkReport(const std::vector<CheckedLyric>& lines);
 // The same for programs.
 std::string checkJson(const std::vector<CheckedLyric>& lines);
 
+// What there is to say of a finding, without its place.
+std::string sentenceOn(const Finding& finding);
+
 // A name for programs, such as "kana-pair".
 std::string nameOf(Reason reason);
 

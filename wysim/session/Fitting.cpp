@@ -16,26 +16,6 @@ namespace wybeta::wysim::session {
 
 namespace {
 
-std::string nameOf(Outcome outcome) {
-    switch (outcome) {
-    case Outcome::AsItIs:
-        return "as it is";
-    case Outcome::Hyphens:
-        return "hyphens";
-    case Outcome::OtherEntry:
-        return "other entry";
-    case Outcome::Brackets:
-        return "brackets";
-    case Outcome::Unknown:
-        return "unknown";
-    case Outcome::DividedOtherwise:
-        return "divided otherwise";
-    case Outcome::NotReached:
-        break;
-    }
-    return "not reached";
-}
-
 std::string outcomeOf(const FittedWord& fitted) {
     return fitted.reason.empty() ? nameOf(fitted.outcome)
                                  : nameOf(fitted.outcome) + ": " + fitted.reason;
@@ -85,9 +65,42 @@ std::string fittedPicture(simulator::Editor& editor, const song::Song& fitted) {
     return picture::svgPicture(fitted, SongInEditor(editor, fitted).song());
 }
 
+std::map<Outcome, std::size_t> countOutcomes(const std::vector<FittedSongWord>& words) {
+    std::map<Outcome, std::size_t> counts;
+    for (const auto& word : words) {
+        ++counts[word.fitted.outcome];
+    }
+    return counts;
+}
+
+std::size_t countNotFitted(const std::vector<FittedSongWord>& words) {
+    return static_cast<std::size_t>(std::count_if(words.begin(), words.end(), [](const auto& word) {
+        return !isFitted(word.fitted.outcome);
+    }));
+}
+
+std::string nameOf(Outcome outcome) {
+    switch (outcome) {
+    case Outcome::AsItIs:
+        return "as it is";
+    case Outcome::Hyphens:
+        return "hyphens";
+    case Outcome::OtherEntry:
+        return "other entry";
+    case Outcome::Brackets:
+        return "brackets";
+    case Outcome::Unknown:
+        return "unknown";
+    case Outcome::DividedOtherwise:
+        return "divided otherwise";
+    case Outcome::NotReached:
+        break;
+    }
+    return "not reached";
+}
+
 bool areAllFitted(const std::vector<FittedSongWord>& words) {
-    return std::all_of(words.begin(), words.end(),
-                       [](const auto& word) { return isFitted(word.fitted.outcome); });
+    return countNotFitted(words) == 0;
 }
 
 std::string fittingTable(const std::vector<FittedSongWord>& words) {
@@ -102,18 +115,14 @@ std::string fittingTable(const std::vector<FittedSongWord>& words) {
 }
 
 std::string fittingTotals(const std::vector<FittedSongWord>& words) {
-    std::map<Outcome, std::size_t> counts;
-    for (const auto& word : words) {
-        ++counts[word.fitted.outcome];
-    }
+    auto counts = countOutcomes(words);
     const auto count = [&counts](Outcome outcome) { return std::to_string(counts[outcome]); };
-    const auto notFitted =
-        counts[Outcome::Unknown] + counts[Outcome::DividedOtherwise] + counts[Outcome::NotReached];
     return "words: " + std::to_string(words.size()) + "; as they are: " + count(Outcome::AsItIs) +
            ", with hyphens: " + count(Outcome::Hyphens) +
            ", with other entries: " + count(Outcome::OtherEntry) +
            ", with brackets: " + count(Outcome::Brackets) +
-           "; not fitted: " + std::to_string(notFitted) + " (unknown: " + count(Outcome::Unknown) +
+           "; not fitted: " + std::to_string(countNotFitted(words)) +
+           " (unknown: " + count(Outcome::Unknown) +
            ", divided otherwise: " + count(Outcome::DividedOtherwise) +
            ", not reached: " + count(Outcome::NotReached) + ")\n";
 }

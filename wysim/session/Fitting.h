@@ -7,6 +7,8 @@
 #include "wysim/song/Song.h"
 #include "wysim/terminal/Progress.h"
 
+#include <cstddef>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -27,6 +29,14 @@ song::Song fittedSong(song::Song song, const std::vector<FittedSongWord>& words)
 
 // The fitted song as it is typed beside how the editor divides it, in SVG.
 std::string fittedPicture(simulator::Editor& editor, const song::Song& fitted);
+
+// How many words there are of each outcome.
+std::map<Outcome, std::size_t> countOutcomes(const std::vector<FittedSongWord>& words);
+// Those that could not be fitted.
+std::size_t countNotFitted(const std::vector<FittedSongWord>& words);
+
+// Such as "divided otherwise".
+std::string nameOf(Outcome outcome);
 
 bool areAllFitted(const std::vector<FittedSongWord>& words);
 

@@ -7,7 +7,7 @@ namespace wybeta::wysim::session {
 
 namespace {
 
-constexpr std::size_t kFirstNotes = 64;
+constexpr std::size_t kFirstNotes = 16;
 
 } // namespace
 

@@ -79,7 +79,7 @@ const std::vector<Session::Command> Session::kCommands = {
 
 Session::Session(simulator::Editor& editor, const song::Song& song, std::filesystem::path file,
                  std::ostream& out)
-    : editor_(editor), opened_(song), file_(std::move(file)), song_(editor, song), out_(out) {}
+    : editor_(editor), opened_(song), file_(std::move(file)), editing_(editor, song), out_(out) {}
 
 void Session::run(std::string_view line) {
     line = trimmed(line);
@@ -95,7 +95,7 @@ void Session::run(std::string_view line) {
 }
 
 std::string Session::picture() const {
-    return picture::svgPicture(opened_, song_.song());
+    return picture::svgPicture(opened_, inEditor().song());
 }
 
 std::string Session::recalled(std::string_view line) const {
@@ -120,7 +120,7 @@ void Session::perform(std::string_view line) {
         (this->*command->perform)(line);
         return;
     }
-    const SongChanges changes(song_);
+    const SongChanges changes(inEditor());
     (this->*command->perform)(line);
     const auto lines = changes.lines();
     for (const auto& change : lines) {
@@ -135,7 +135,7 @@ void Session::show(Arguments arguments) {
     const auto from = takeWord(arguments);
     const auto to = takeWord(arguments);
     expectNothing(arguments);
-    const auto count = song_.countNotes(track_);
+    const auto count = inEditor().countNotes(track_);
     const std::size_t first = from.empty() ? 0 : noteIndex(from);
     std::size_t end = from.empty() ? count : first + 1;
     if (!to.empty()) {
@@ -146,7 +146,7 @@ void Session::show(Arguments arguments) {
     }
     terminal::TextTable table({"note", "start", "length", "pitch", "lyric"});
     for (std::size_t i = first; i < end; ++i) {
-        const auto note = song_.songNote(track_, i);
+        const auto note = inEditor().songNote(track_, i);
         table.add({std::to_string(i + 1), song::formatNumber(note.start),
                    song::formatNumber(note.length), song::formatPitch(note.pitch), note.lyric});
     }
@@ -155,12 +155,12 @@ void Session::show(Arguments arguments) {
 
 void Session::tracks(Arguments arguments) {
     if (!arguments.empty()) {
-        track_ = indexFrom(arguments, song_.countTracks(), "a track");
+        track_ = indexFrom(arguments, inEditor().countTracks(), "a track");
     }
     terminal::TextTable table({"track", "notes", "name"});
-    for (std::size_t i = 0; i < song_.countTracks(); ++i) {
+    for (std::size_t i = 0; i < inEditor().countTracks(); ++i) {
         table.add({std::to_string(i + 1) + (i == track_ ? " *" : ""),
-                   std::to_string(song_.countNotes(i)), song_.trackName(i)});
+                   std::to_string(inEditor().countNotes(i)), inEditor().trackName(i)});
     }
     out_ << table.text();
 }
@@ -170,10 +170,7 @@ void Session::type(Arguments arguments) {
     if (arguments.empty()) {
         throw song::BadInput::expectedFound("a text behind the note (\"\" for none)", "nothing");
     }
-    const auto lyric = lyricFrom(arguments);
-    song::checkText(lyric);
-    editor_.type(song_.note(track_, index), lyric);
-    ++edits_;
+    editing_.type(track_, index, lyricFrom(arguments));
 }
 
 void Session::add(Arguments arguments) {
@@ -187,57 +184,21 @@ void Session::add(Arguments arguments) {
     }
     note.pitch = *pitch;
     note.lyric = lyricFrom(arguments);
-    song::checkNote(note);
-    std::size_t index = 0;
-    while (index < song_.countNotes(track_) && song_.songNote(track_, index).start < note.start) {
-        ++index;
-    }
-    expectFree(index, note);
-    const auto event = makeNote(editor_.state(), note);
-    std::vector<simulator::Change> changes = {
-        simulator::insertion(song_.part(track_), index, event)};
-    if (!note.lyric.empty()) {
-        changes.push_back(simulator::typingChange(*event, note.lyric));
-    }
-    editor_.edit(std::move(changes));
-    ++edits_;
-}
-
-void Session::expectFree(std::size_t index, const song::SongNote& note) const {
-    const auto refuse = [](std::size_t other) {
-        throw song::BadInput::expectedFound("a time at which no other note sounds",
-                                            "one at which note " + std::to_string(other + 1) +
-                                                " does");
-    };
-    if (index > 0 && overlap(song_.songNote(track_, index - 1), note)) {
-        refuse(index - 1);
-    }
-    if (index < song_.countNotes(track_) && overlap(note, song_.songNote(track_, index))) {
-        refuse(index);
-    }
+    editing_.add(track_, note);
 }
 
 void Session::remove(Arguments arguments) {
-    const auto index = noteIndex(arguments);
-    editor_.remove(song_.part(track_), song_.note(track_, index));
-    ++edits_;
+    editing_.remove(track_, noteIndex(arguments));
 }
 
 void Session::undo(Arguments arguments) {
     expectNothing(arguments);
-    if (edits_ == 0) {
-        throw song::BadInput::expectedFound("an edit to take back", "none");
-    }
-    editor_.undo();
-    --edits_;
+    editing_.undo();
 }
 
 void Session::redo(Arguments arguments) {
     expectNothing(arguments);
-    if (!editor_.redo()) {
-        throw song::BadInput::expectedFound("an undone edit to do again", "none");
-    }
-    ++edits_;
+    editing_.redo();
 }
 
 void Session::notify(Arguments arguments) {
@@ -252,7 +213,7 @@ void Session::save(Arguments arguments) {
     const auto path = std::filesystem::u8path(std::string(arguments));
     song::expectOtherFile(path, file_);
     const auto text =
-        song::endingOf(path) == ".svg" ? picture() : song::songFileText(path, song_.song());
+        song::endingOf(path) == ".svg" ? picture() : song::songFileText(path, inEditor().song());
     song::writeFile(path, text);
     out_ << "wrote " << arguments << "\n";
 }
@@ -281,7 +242,7 @@ void Session::quit(Arguments arguments) {
 }
 
 std::size_t Session::noteIndex(std::string_view number) const {
-    return indexFrom(number, song_.countNotes(track_), "a note");
+    return indexFrom(number, inEditor().countNotes(track_), "a note");
 }
 
 } // namespace wybeta::wysim::session

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "simulator/Editor.h"
+#include "wysim/session/SongEditing.h"
 #include "wysim/session/SongInEditor.h"
 #include "wysim/song/Song.h"
 
@@ -57,18 +58,16 @@ private:
     void help(Arguments arguments);
     void quit(Arguments arguments);
 
-    // Throws BadInput unless the note fits before the note at the index.
-    void expectFree(std::size_t index, const song::SongNote& note) const;
+    const SongInEditor& inEditor() const { return editing_.inEditor(); }
     std::size_t noteIndex(std::string_view number) const;
 
     simulator::Editor& editor_;
     song::Song opened_;
     std::filesystem::path file_;
-    SongInEditor song_;
+    SongEditing editing_;
     std::ostream& out_;
     std::size_t track_ = 0; // that commands are about
     std::vector<std::string> history_;
-    std::size_t edits_ = 0; // of the session that undo can take back; opening is none
     bool isOver_ = false;
 };
 

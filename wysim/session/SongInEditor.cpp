@@ -2,6 +2,7 @@
 #include "wysim/session/SongInEditor.h"
 
 #include "simulator/Track.h"
+#include "wysim/session/SongWords.h"
 
 #include <utility>
 
@@ -9,21 +10,8 @@ namespace wybeta::wysim::session {
 
 namespace {
 
-simulator::Handle<simulator::Part> makePart(const simulator::SharedState& state,
-                                            const song::SongTrack& track,
-                                            std::vector<simulator::Change>& typing) {
-    auto part = simulator::makeHandle<simulator::Part>(state);
-    for (const auto& note : track.notes) {
-        const auto event = makeNote(state, note);
-        if (note.typed) {
-            typing.push_back(simulator::typingChange(*event, note.lyric));
-        } else {
-            event->setLyric(note.lyric);
-        }
-        part->add(event);
-    }
-    return part;
-}
+// An attribute of the editor's own, which the extension does not ask for.
+constexpr auto kTypedLyric = "typed lyric";
 
 } // namespace
 
@@ -36,17 +24,29 @@ simulator::Handle<simulator::Event> makeNote(const simulator::SharedState& state
     return event;
 }
 
+simulator::Change typing(simulator::Event& note, const std::string& lyric) {
+    const simulator::Handle<simulator::Event> event(&note);
+    auto change = simulator::typingChange(note, lyric);
+    return {[event, lyric, apply = std::move(change.apply)] {
+                apply();
+                event->setText(kTypedLyric, lyric);
+            },
+            [event, old = note.text(kTypedLyric), revert = std::move(change.revert)] {
+                revert();
+                event->setText(kTypedLyric, old);
+            }};
+}
+
 SongInEditor::SongInEditor(simulator::Editor& editor, const song::Song& song) {
     frame_.title = song.title;
     frame_.time = song.time;
     frame_.pickup = song.pickup;
     std::vector<simulator::Change> typing;
-    for (const auto& songTrack : song.tracks) {
-        frame_.tracks.push_back({songTrack.name, {}});
-        parts_.push_back(makePart(editor.state(), songTrack, typing));
-        const auto track = simulator::makeVoiceTrack(editor.state());
-        track->add(parts_.back());
-        editor.project().add(track);
+    for (const auto& track : song.tracks) {
+        addTrack(editor, track, typing);
+    }
+    for (const auto& word : wordsOf(song)) {
+        setTypedLyric(word.track - 1, word.note - 1, word.text);
     }
     // The extension divides only what is typed after it has seen the tracks.
     editor.notify();
@@ -55,13 +55,55 @@ SongInEditor::SongInEditor(simulator::Editor& editor, const song::Song& song) {
     }
 }
 
+void SongInEditor::addTrack(simulator::Editor& editor, const song::SongTrack& track,
+                            std::vector<simulator::Change>& typing) {
+    frame_.tracks.push_back({track.name, {}});
+    const auto part = simulator::makeHandle<simulator::Part>(editor.state());
+    for (const auto& note : track.notes) {
+        const auto event = makeNote(editor.state(), note);
+        if (note.typed) {
+            typing.push_back(simulator::typingChange(*event, note.lyric));
+        } else {
+            event->setLyric(note.lyric);
+        }
+        if (note.beginsSyllable) {
+            syllableBegins_.insert(event.get());
+        }
+        part->add(event);
+    }
+    parts_.push_back(part);
+    const auto voice = simulator::makeVoiceTrack(editor.state());
+    voice->add(part);
+    editor.project().add(voice);
+}
+
 simulator::Event& SongInEditor::note(std::size_t track, std::size_t index) const {
     return dynamic_cast<simulator::Event&>(*parts_[track]->items().at(index));
 }
 
 song::SongNote SongInEditor::songNote(std::size_t track, std::size_t index) const {
     const auto& event = note(track, index);
-    return {event.startInPart, event.duration, event.pitch, event.lyric(), event.flagged};
+    return {event.startInPart, event.duration, event.pitch,
+            event.lyric(),     event.flagged,  syllableBegins_.count(&event) != 0};
+}
+
+song::Song SongInEditor::typedSong() const {
+    auto typed = song();
+    for (std::size_t track = 0; track < countTracks(); ++track) {
+        for (std::size_t index = 0; index < countNotes(track); ++index) {
+            typed.tracks[track].notes[index].lyric = typedLyric(track, index);
+        }
+    }
+    return typed;
+}
+
+std::string SongInEditor::typedLyric(std::size_t track, std::size_t index) const {
+    return note(track, index).text(kTypedLyric);
+}
+
+void SongInEditor::setTypedLyric(std::size_t track, std::size_t index,
+                                 const std::string& lyric) const {
+    note(track, index).setText(kTypedLyric, lyric);
 }
 
 song::Song SongInEditor::song() const {

@@ -9,6 +9,7 @@
 
 #include <cstddef>
 #include <string>
+#include <unordered_set>
 #include <vector>
 
 namespace wybeta::wysim::session {
@@ -20,6 +21,8 @@ public:
     // outlive this.
     SongInEditor(simulator::Editor& editor, const song::Song& song);
 
+    // The song without its notes.
+    const song::Song& frame() const { return frame_; }
     std::size_t countTracks() const { return parts_.size(); }
     const std::string& trackName(std::size_t track) const { return frame_.tracks[track].name; }
     simulator::Part& part(std::size_t track) const { return *parts_[track]; }
@@ -29,14 +32,30 @@ public:
     // The song as its notes are now.
     song::Song song() const;
     song::SongNote songNote(std::size_t track, std::size_t index) const;
+    // The song with what was typed into its notes, not yet divided.
+    song::Song typedSong() const;
+    // What was last typed into a note, brackets and all; of a division that the song was opened
+    // with, the word with its phonemes in one bracket. Empty where nothing was typed.
+    std::string typedLyric(std::size_t track, std::size_t index) const;
+    // For who knows better what was typed into a note of the opened song.
+    void setTypedLyric(std::size_t track, std::size_t index, const std::string& lyric) const;
 
 private:
+    void addTrack(simulator::Editor& editor, const song::SongTrack& track,
+                  std::vector<simulator::Change>& typing);
+
     song::Song frame_; // without the notes
     std::vector<simulator::Handle<simulator::Part>> parts_;
+    // The notes at which the score that was opened begins a syllable. They live as long as this:
+    // those that are removed are kept by the history.
+    std::unordered_set<const simulator::Event*> syllableBegins_;
 };
 
 // A note for the editor, without its lyric.
 simulator::Handle<simulator::Event> makeNote(const simulator::SharedState& state,
                                              const song::SongNote& note);
+
+// What typing a lyric into a note of a song changes.
+simulator::Change typing(simulator::Event& note, const std::string& lyric);
 
 } // namespace wybeta::wysim::session

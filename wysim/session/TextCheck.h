@@ -30,6 +30,9 @@ public:
     // Throws BadInput when it is no line of text or too long.
     CheckedLyric checkLyric(const std::string& lyric);
 
+    // The phonemes of the lyric's syllables.
+    Syllables syllablesOf(const std::string& lyric) { return scratch_.divide(lyric); }
+
     // Each line as a lyric. Throws BadInput, saying which line.
     std::vector<CheckedLyric> checkLines(const std::vector<std::string>& lines,
                                          terminal::Progress& progress);

@@ -20,6 +20,12 @@ namespace {
 
 namespace fs = std::filesystem;
 
+void expectSize(std::uintmax_t size) {
+    if (size > kLargestSongFile) {
+        throw BadInput::expectedFound("a file of at most 256 MiB", std::to_string(size) + " bytes");
+    }
+}
+
 std::string readBytes(const fs::path& path) {
     std::error_code error;
     if (fs::is_directory(path, error)) {
@@ -30,10 +36,10 @@ std::string readBytes(const fs::path& path) {
         throw BadInput::expectedFound("a file that can be read", "none");
     }
     const auto size = static_cast<std::streamoff>(file.tellg());
-    if (size < 0 || static_cast<std::uintmax_t>(size) > kLargestSongFile) {
-        throw BadInput::expectedFound("a file of at most 256 MiB",
-                                      size < 0 ? "no size" : std::to_string(size) + " bytes");
+    if (size < 0) {
+        throw BadInput::expectedFound("a file of at most 256 MiB", "no size");
     }
+    expectSize(static_cast<std::uintmax_t>(size));
     std::string bytes(static_cast<std::size_t>(size), '\0');
     file.seekg(0);
     if (!file.read(bytes.data(), static_cast<std::streamsize>(size))) {
@@ -44,6 +50,25 @@ std::string readBytes(const fs::path& path) {
 
 bool isMusicXml(const std::string& ending) {
     return ending == ".musicxml" || ending == ".xml";
+}
+
+// Runs the reading of a song by the ending of its file's name. What it finds wrong is told with the
+// name.
+template <class Read>
+OpenedSong readNamed(const fs::path& name, Read read) {
+    try {
+        const auto ending = endingOf(name);
+        if (ending != ".json" && ending != ".mxl" && !isMusicXml(ending)) {
+            throw BadInput::expectedFound("a name that ends in .musicxml, .xml, .mxl or .json",
+                                          inQuotes(ending, "no ending"));
+        }
+        return read(ending);
+    } catch (const BadInput& error) {
+        throw BadInput(name.u8string() + ": " + error.what());
+    } catch (const std::bad_alloc&) {
+        throw BadInput(name.u8string() +
+                       ": expected a song that fits into memory, found a larger one");
+    }
 }
 
 // The file that a symbolic link leads to; any other path as it is.
@@ -90,19 +115,17 @@ OpenedSong songFromBytes(const std::string& bytes, const std::string& ending,
 
 OpenedSong readSongFile(const fs::path& path, std::optional<int> verse,
                         terminal::Progress& progress) {
-    try {
-        const auto ending = endingOf(path);
-        if (ending != ".json" && ending != ".mxl" && !isMusicXml(ending)) {
-            throw BadInput::expectedFound("a name that ends in .musicxml, .xml, .mxl or .json",
-                                          inQuotes(ending, "no ending"));
-        }
+    return readNamed(path, [&](const std::string& ending) {
         return songFromBytes(readBytes(path), ending, verse, progress);
-    } catch (const BadInput& error) {
-        throw BadInput(path.u8string() + ": " + error.what());
-    } catch (const std::bad_alloc&) {
-        throw BadInput(path.u8string() +
-                       ": expected a song that fits into memory, found a larger one");
-    }
+    });
+}
+
+OpenedSong songFromFile(const fs::path& name, const std::string& bytes, std::optional<int> verse,
+                        terminal::Progress& progress) {
+    return readNamed(name, [&](const std::string& ending) {
+        expectSize(bytes.size());
+        return songFromBytes(bytes, ending, verse, progress);
+    });
 }
 
 std::string songFileText(const fs::path& path, const Song& song) {

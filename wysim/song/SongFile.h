@@ -26,6 +26,10 @@ OpenedSong songFromBytes(const std::string& bytes, const std::string& ending,
 OpenedSong readSongFile(const std::filesystem::path& path, std::optional<int> verse,
                         terminal::Progress& progress);
 
+// The same from the bytes of a file of that name, wherever it is.
+OpenedSong songFromFile(const std::filesystem::path& name, const std::string& bytes,
+                        std::optional<int> verse, terminal::Progress& progress);
+
 // What is written to a file of that name: JSON for .json, MusicXML for .musicxml and .xml. Throws
 // BadInput for any other ending.
 std::string songFileText(const std::filesystem::path& path, const Song& song);

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "wysim/program/Example.h"
+#include "wysim/song/Example.h"
 
 #include "wysim/song/JsonSong.h"
 
-namespace wybeta::wysim::program {
+namespace wybeta::wysim::song {
 
 namespace {
 
@@ -27,10 +27,32 @@ constexpr auto kExample = R"({
   ]
 })";
 
+constexpr auto kJapaneseExample = R"({
+  "format": "wysim song 1",
+  "title": "さくら",
+  "beats": 4,
+  "beatType": 4,
+  "pickup": 0.0,
+  "tracks": [
+    {"name": "歌", "notes": [
+      {"start": 0.0, "length": 1.0, "pitch": 69, "lyric": "さくら", "typed": true},
+      {"start": 1.0, "length": 1.0, "pitch": 69, "lyric": "", "typed": false},
+      {"start": 2.0, "length": 2.0, "pitch": 71, "lyric": "", "typed": false},
+      {"start": 4.0, "length": 1.0, "pitch": 69, "lyric": "さくら", "typed": true},
+      {"start": 5.0, "length": 1.0, "pitch": 69, "lyric": "", "typed": false},
+      {"start": 6.0, "length": 2.0, "pitch": 71, "lyric": "", "typed": false}
+    ]}
+  ]
+})";
+
 } // namespace
 
-song::Song exampleSong() {
-    return song::songFromJson(kExample);
+Song exampleSong() {
+    return songFromJson(kExample);
 }
 
-} // namespace wybeta::wysim::program
+Song japaneseExampleSong() {
+    return songFromJson(kJapaneseExample);
+}
+
+} // namespace wybeta::wysim::song

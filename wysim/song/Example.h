@@ -3,9 +3,11 @@
 
 #include "wysim/song/Song.h"
 
-namespace wybeta::wysim::program {
+namespace wybeta::wysim::song {
 
 // Two bars to try things on, for who has no song at hand yet.
-song::Song exampleSong();
+Song exampleSong();
+// The same for who reads Japanese.
+Song japaneseExampleSong();
 
-} // namespace wybeta::wysim::program
+} // namespace wybeta::wysim::song

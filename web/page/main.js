@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Puts the page together.
+import { Core } from "./core.js";
+import { Dragging } from "./dragging.js";
+import { Editing } from "./editing.js";
+import { download, Files } from "./files.js";
+import { language, say, switchLanguage } from "./language.js";
+import { Message } from "./message.js";
+import { Playing } from "./playing.js";
+import { Roll, refOf } from "./roll.js";
+import { RollKeys } from "./roll-keys.js";
+import { Toolbar } from "./toolbar.js";
+import { Typing } from "./typing.js";
+
+const NEW_NOTE_GRID = 0.5; // in quarter notes
+
+const find = (selector) => document.querySelector(selector);
+const message = new Message(find("[role=status]"));
+
+/** What can be done on the page, once the extension is there. */
+class Page {
+  #core;
+  #roll = new Roll(find("#roll"));
+  #title = "";
+
+  constructor(core) {
+    this.#core = core;
+    this.editing = new Editing(core, this.#roll, message, (song) => this.#songChanged(song));
+    this.typing = new Typing(this.#roll, this.editing);
+    this.playing = new Playing(this.#roll, (isPlaying) => this.#playingChanged(isPlaying));
+    this.toolbar = new Toolbar(document, this.#actions());
+    const dragging = new Dragging(this.#roll, (ref, note) => this.editing.move(ref, note));
+    new RollKeys(this.#roll, this.editing, this.typing, this.playing);
+    new Files(find("#open-file"), (bytes, name) => this.editing.open(bytes, name),
+      (name) => message.show(() => [{ sentence: say("fileUnreadable", { name }) }]));
+    this.#listenToClicks(dragging);
+    this.#listenToHistoryKeys();
+    this.#playingChanged(false);
+    this.#translate();
+    this.editing.openExample(language());
+  }
+
+  #actions() {
+    const chosen = () => this.#roll.chosen;
+    return {
+      open: () => find("#open-file").click(),
+      saveScore: () => this.#save("musicxml"),
+      saveProject: () => this.#save("json"),
+      savePicture: () => this.#save("svg"),
+      undo: () => this.editing.undo(),
+      redo: () => this.editing.redo(),
+      play: () => this.playing.play(),
+      stop: () => this.playing.stop(),
+      fit: () => this.editing.fit(),
+      addNote: () => this.editing.addAfter(chosen()),
+      deleteNote: () => this.editing.remove(chosen()),
+      switchLanguage: () => {
+        switchLanguage();
+        this.#translate();
+      },
+    };
+  }
+
+  #save(kind) {
+    const file = this.#core.save(kind);
+    download(file);
+    message.show(() => [{ sentence: say("saved", file) }]);
+  }
+
+  #songChanged(song) {
+    this.playing.stop();
+    this.typing.close();
+    this.toolbar.enable("undo", song.canUndo);
+    this.toolbar.enable("redo", song.canRedo);
+    this.#title = song.title;
+    this.#showTitle();
+  }
+
+  #showTitle() {
+    find("#title").textContent = this.#title || say("untitled");
+  }
+
+  #playingChanged(isPlaying) {
+    this.toolbar?.enable("stop", isPlaying);
+  }
+
+  #translate() {
+    this.toolbar.translate();
+    this.#roll.translate();
+    this.#showTitle();
+    message.translate();
+  }
+
+  #listenToClicks(dragging) {
+    const roll = this.#roll.element;
+    roll.addEventListener("click", ({ target }) => {
+      const ref = refOf(target);
+      if (ref !== undefined && !dragging.hasDragged) {
+        this.typing.open(ref);
+      }
+    });
+    roll.addEventListener("dblclick", ({ target, clientX, clientY }) => {
+      const place = this.#roll.at(clientX, clientY);
+      if (place !== undefined && refOf(target) === undefined) {
+        this.#addAt(place);
+      }
+    });
+  }
+
+  // As long as a quarter note, or as there is room.
+  #addAt({ track, time, pitch }) {
+    const start = Math.max(Math.floor(time / NEW_NOTE_GRID) * NEW_NOTE_GRID, 0);
+    const next = this.#roll.tracks[track - 1].notes.find((note) => note.start > start);
+    const length = Math.min(1, (next?.start ?? Infinity) - start);
+    this.editing.add(track, { start, length, pitch });
+  }
+
+  // In the text field these keys are the field's own.
+  #listenToHistoryKeys() {
+    document.addEventListener("keydown", (event) => {
+      const key = event.key.toLowerCase();
+      if (!(event.ctrlKey || event.metaKey) || event.altKey || event.target.id === "lyric") {
+        return;
+      }
+      if (key === "y" || (key === "z" && event.shiftKey)) {
+        event.preventDefault();
+        this.editing.redo();
+      } else if (key === "z") {
+        event.preventDefault();
+        this.editing.undo();
+      }
+    });
+  }
+}
+
+async function start() {
+  message.show(() => [{ sentence: say("loading") }]);
+  try {
+    new Page(new Core(await globalThis.createWyBeta()));
+  } catch (error) {
+    message.show(() => [{ sentence: say("cannotLoad", { error: error.message }) }]);
+    throw error;
+  }
+}
+
+start();

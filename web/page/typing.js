@@ -1,0 +1,136 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import { say } from "./language.js";
+
+const LEAST_WIDTH = 150;
+
+/** The text field that opens over a note. */
+export class Typing {
+  #roll;
+  #commands;
+  #field = document.createElement("input");
+  #hint = document.createElement("span");
+  #ref;
+  #before;
+
+  /**
+   * `commands.type(ref, text)` gets what was typed, `commands.keep(ref)` hears that nothing was; each
+   * says whether the field may close.
+   */
+  constructor(roll, commands) {
+    this.#roll = roll;
+    this.#commands = commands;
+    this.#field.id = "lyric";
+    this.#field.autocomplete = "off";
+    this.#field.autocapitalize = "off";
+    this.#field.spellcheck = false;
+    this.#field.enterKeyHint = "done";
+    this.#field.setAttribute("aria-describedby", "lyric-hint");
+    this.#hint.id = "lyric-hint";
+    this.#field.addEventListener("keydown", (event) => this.#keyPressed(event));
+    this.#field.addEventListener("blur", () => this.#left());
+    roll.element.addEventListener("redrawn", () => this.#putOverNote());
+  }
+
+  /** Opens the field over a note, with the text that is there, or empty for a new one. */
+  open(ref, { isEmpty = false } = {}) {
+    const note = this.#roll.note(ref);
+    if (note === undefined) {
+      return;
+    }
+    this.close();
+    this.#ref = ref;
+    this.#roll.choose(ref);
+    // A further syllable was not typed, and can be taken away like what was.
+    this.#before = note.typed || note.lyric;
+    this.#field.value = isEmpty ? "" : this.#before;
+    this.#field.setAttribute("aria-label", say("lyricField", { place: this.#roll.placeOf(ref) }));
+    this.#hint.textContent = say("lyricHint");
+    this.#roll.element.append(this.#field, this.#hint);
+    this.#putOverNote();
+    this.#field.focus();
+    this.#field.select();
+    this.#field.scrollIntoView({ block: "nearest" });
+  }
+
+  /** Leaves the field without typing. */
+  close() {
+    this.#ref = undefined;
+    this.#field.remove();
+    this.#hint.remove();
+  }
+
+  // Keys that end the composition of an input method are not for the field.
+  #keyPressed(event) {
+    const isComposing = event.isComposing || event.keyCode === 229;
+    if (isComposing || event.ctrlKey || event.altKey || event.metaKey) {
+      return;
+    }
+    const act = { Enter: () => this.#enter(), Escape: () => this.#escape(), Tab: () => this.#tab(event) };
+    if (act[event.key]) {
+      event.stopPropagation();
+      act[event.key]();
+      if (event.key !== "Tab") {
+        event.preventDefault();
+      }
+    }
+  }
+
+  #enter() {
+    const ref = this.#ref;
+    if (this.#commit()) {
+      this.close();
+      this.#roll.focus(ref);
+    }
+  }
+
+  #escape() {
+    const ref = this.#ref;
+    this.close();
+    this.#roll.focus(ref);
+  }
+
+  // Beyond the last note, the Tab key goes on to what follows the roll.
+  #tab(event) {
+    const { track, note } = this.#ref;
+    if (!this.#commit()) {
+      event.preventDefault();
+      return;
+    }
+    const next = { track, note: note + (event.shiftKey ? -1 : 1) };
+    this.close();
+    if (this.#roll.note(next) === undefined) {
+      this.#roll.focus({ track, note });
+    } else {
+      event.preventDefault();
+      this.open(next);
+    }
+  }
+
+  // A field that loses the focus to another window stays open.
+  #left() {
+    if (this.#ref !== undefined && document.activeElement !== this.#field) {
+      this.#commit();
+      this.close();
+    }
+  }
+
+  #commit() {
+    const { value } = this.#field;
+    return value === this.#before ? this.#commands.keep(this.#ref)
+      : this.#commands.type(this.#ref, value);
+  }
+
+  #putOverNote() {
+    if (this.#ref === undefined) {
+      return;
+    }
+    const roll = this.#roll.element.getBoundingClientRect();
+    const note = this.#roll.view(this.#ref).element.getBoundingClientRect();
+    const width = Math.min(Math.max(note.width, LEAST_WIDTH), roll.width);
+    const left = Math.min(note.left - roll.left, roll.width - width);
+    this.#field.style.width = `${width}px`;
+    this.#field.style.left = this.#hint.style.left = `${left}px`;
+    this.#field.style.top = `${note.top - roll.top - 6}px`;
+    this.#hint.style.top = `${note.bottom - roll.top + 8}px`;
+  }
+}

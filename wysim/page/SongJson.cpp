@@ -1,0 +1,165 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "wysim/page/SongJson.h"
+
+#include "wysim/page/NoteKind.h"
+#include "wysim/picture/NoteText.h"
+#include "wysim/session/CheckReport.h"
+#include "wysim/song/Pitch.h"
+#include "wysim/song/Song.h"
+
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <cstdint>
+#include <iterator>
+#include <string_view>
+
+namespace wybeta::wysim::page {
+
+namespace {
+
+using nlohmann::ordered_json;
+
+// A song is told after each edit. Its JSON is written straight to the text, since a tree of a few
+// thousand notes takes longer to build than all the rest of an edit.
+
+// The texts of a song hold no control characters.
+void addQuoted(std::string& json, std::string_view text) {
+    json += '"';
+    if (text.find_first_of("\"\\") == std::string_view::npos) {
+        json += text;
+    } else {
+        for (const char character : text) {
+            json.append(character == '"' || character == '\\' ? 1 : 0, '\\') += character;
+        }
+    }
+    json += '"';
+}
+
+void addNumber(std::string& json, double value) {
+    constexpr double kMost = 1e9;
+    if (value != std::floor(value) || std::abs(value) > kMost) {
+        json += nlohmann::json(value).dump();
+        return;
+    }
+    char digits[12];
+    const auto end =
+        std::to_chars(std::begin(digits), std::end(digits), static_cast<std::int32_t>(value));
+    json.append(std::begin(digits), end.ptr);
+}
+
+void addPlace(std::string& json, const song::SongNote& note, const std::string& pitchName) {
+    json += R"("start":)";
+    addNumber(json, note.start);
+    json += R"(,"length":)";
+    addNumber(json, note.length);
+    json += R"(,"pitch":)";
+    addNumber(json, note.pitch);
+    json += R"(,"pitchName":)";
+    addQuoted(json, pitchName);
+}
+
+void addTexts(std::string& json, const song::SongNote& note, const picture::NoteText& text,
+              const std::string& typed) {
+    json += R"(,"lyric":)";
+    addQuoted(json, note.lyric);
+    json += R"(,"word":)";
+    addQuoted(json, text.lyric);
+    json += R"(,"phonemes":)";
+    addQuoted(json, text.syllable);
+    json += R"(,"kind":)";
+    addQuoted(json, nameOf(kindOf(note, text)));
+    json += R"(,"typed":)";
+    addQuoted(json, typed);
+}
+
+// The functions above have no objects to destroy: in WebAssembly, each call with such an object in
+// sight is several times as slow.
+void addNote(std::string& json, const song::SongNote& note, const std::string& typed) {
+    json += '{';
+    addPlace(json, note, song::formatPitch(note.pitch));
+    addTexts(json, note, picture::NoteText(note.lyric), typed);
+    json += '}';
+}
+
+void addTrack(std::string& json, const session::SongInEditor& song, std::size_t track) {
+    json += R"({"name":)";
+    addQuoted(json, song.trackName(track));
+    json += R"(,"notes":[)";
+    for (std::size_t index = 0; index < song.countNotes(track); ++index) {
+        json.append(index == 0 ? 0 : 1, ',');
+        addNote(json, song.songNote(track, index), song.typedLyric(track, index));
+    }
+    json += "]}";
+}
+
+std::string withHyphens(std::string name) {
+    std::replace(name.begin(), name.end(), ' ', '-');
+    return name;
+}
+
+} // namespace
+
+std::string songMembers(const session::SongEditing& editing) {
+    const auto& song = editing.inEditor();
+    const auto& frame = song.frame();
+    std::string json = R"("title":)";
+    addQuoted(json, frame.title);
+    json += R"(,"time":{"beats":)";
+    addNumber(json, frame.time.beats);
+    json += R"(,"beatType":)";
+    addNumber(json, frame.time.beatType);
+    json += R"(},"pickup":)";
+    addNumber(json, frame.pickup);
+    json += editing.canUndo() ? R"(,"canUndo":true)" : R"(,"canUndo":false)";
+    json += editing.canRedo() ? R"(,"canRedo":true)" : R"(,"canRedo":false)";
+    json += R"(,"tracks":[)";
+    for (std::size_t track = 0; track < song.countTracks(); ++track) {
+        json.append(track == 0 ? 0 : 1, ',');
+        addTrack(json, song, track);
+    }
+    return json + "]";
+}
+
+std::string checkJson(const session::CheckedLyric& checked, const session::Syllables& syllables,
+                      std::size_t lost) {
+    auto findings = ordered_json::array();
+    for (const auto& finding : checked.findings) {
+        findings.push_back({{"reason", session::nameOf(finding.reason)},
+                            {"sung", isSung(finding.reason)},
+                            {"word", finding.word},
+                            {"column", finding.column},
+                            {"sentence", session::sentenceOn(finding)},
+                            {"mends", finding.mends}});
+    }
+    const ordered_json check = {
+        {"lyric", checked.text}, {"syllables", syllables}, {"lost", lost}, {"findings", findings}};
+    return check.dump();
+}
+
+std::string fitJson(const std::vector<session::FittedSongWord>& words) {
+    using session::Outcome;
+    auto left = ordered_json::array();
+    for (const auto& [word, fitted] : words) {
+        if (!isFitted(fitted.outcome)) {
+            left.push_back({{"track", word.track},
+                            {"note", word.note},
+                            {"word", word.text},
+                            {"outcome", withHyphens(nameOf(fitted.outcome))},
+                            {"reason", fitted.reason}});
+        }
+    }
+    auto counts = countOutcomes(words);
+    const ordered_json fit = {{"words", words.size()},
+                              {"asTheyAre", counts[Outcome::AsItIs]},
+                              {"hyphens", counts[Outcome::Hyphens]},
+                              {"otherEntries", counts[Outcome::OtherEntry]},
+                              {"brackets", counts[Outcome::Brackets]},
+                              {"notFitted", countNotFitted(words)},
+                              {"left", left}};
+    return fit.dump();
+}
+
+} // namespace wybeta::wysim::page

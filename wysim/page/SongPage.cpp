@@ -1,0 +1,267 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "wysim/page/SongPage.h"
+
+#include "wysim/page/PageFile.h"
+#include "wysim/page/SongJson.h"
+#include "wysim/picture/NoteText.h"
+#include "wysim/session/PlainWord.h"
+#include "wysim/session/ScratchTrack.h"
+#include "wysim/session/SongWords.h"
+#include "wysim/session/TextCheck.h"
+#include "wysim/session/Wording.h"
+#include "wysim/song/BadInput.h"
+#include "wysim/song/Example.h"
+#include "wysim/song/SongFile.h"
+#include "wysim/terminal/Progress.h"
+
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <exception>
+#include <filesystem>
+#include <map>
+#include <new>
+#include <optional>
+#include <utility>
+
+namespace wybeta::wysim::page {
+
+namespace {
+
+std::size_t indexOf(int number, std::size_t count, const std::string& what) {
+    if (count == 0) {
+        throw song::BadInput::expectedFound(what, "none");
+    }
+    if (number < 1 || static_cast<std::size_t>(number) > count) {
+        throw song::BadInput::expectedFound(what + " from 1 to " + std::to_string(count),
+                                            std::to_string(number));
+    }
+    return static_cast<std::size_t>(number) - 1;
+}
+
+std::string errorOf(const std::string& sentence) {
+    constexpr auto kWithReplacements = nlohmann::json::error_handler_t::replace;
+    return nlohmann::json{{"error", sentence}}.dump(-1, ' ', false, kWithReplacements);
+}
+
+song::SongNote noteOf(double start, double length, int pitch) {
+    song::SongNote note;
+    note.start = start;
+    note.length = length;
+    note.pitch = pitch;
+    return note;
+}
+
+// Up to the next note into which something was typed.
+std::size_t countNotesFrom(const session::SongInEditor& song, std::size_t track, std::size_t note) {
+    std::size_t end = note + 1;
+    while (end < song.countNotes(track) && !song.note(track, end).flagged) {
+        ++end;
+    }
+    return end - note;
+}
+
+// Whether the notes of a word carry the syllables that typing gives them.
+bool carries(const session::SongInEditor& song, const session::SongWord& word,
+             const session::Syllables& syllables) {
+    for (std::size_t i = 0; i < syllables.size(); ++i) {
+        const auto note = song.songNote(word.track - 1, word.note - 1 + i);
+        if (picture::NoteText(note.lyric).syllable != syllables[i]) {
+            return false;
+        }
+    }
+    return true;
+}
+
+} // namespace
+
+SongPage::SongPage(const simulator::ModuleExports& module)
+    : module_(module), session_(module_.factory()) {}
+
+void SongPage::close() {
+    song_.reset();
+    session_.end();
+    module_.stop();
+}
+
+std::string SongPage::openExample(const std::string& language) {
+    return answer([&] {
+        if (language != "en" && language != "ja") {
+            throw song::BadInput::expectedFound("the language en or ja",
+                                                session::inQuotes(language));
+        }
+        show(language == "en" ? song::exampleSong() : song::japaneseExampleSong());
+        return songAlone();
+    });
+}
+
+std::string SongPage::open(const std::string& bytes, const std::string& fileName) {
+    return answer([&] {
+        terminal::Progress progress;
+        const auto opened =
+            song::songFromFile(std::filesystem::u8path(fileName), bytes, std::nullopt, progress);
+        show(opened.song);
+        return songAnd("warnings", nlohmann::json(opened.warnings).dump());
+    });
+}
+
+std::string SongPage::song() {
+    return answer([&] { return songAlone(); });
+}
+
+std::string SongPage::type(int track, int note, const std::string& text) {
+    return answer([&] {
+        const auto trackPlace = trackIndex(track);
+        const auto place = noteIndex(trackPlace, note);
+        const auto check = checkOf(trackPlace, place, text);
+        editing().type(trackPlace, place, text);
+        return songAnd("check", check);
+    });
+}
+
+std::string SongPage::add(int track, double start, double length, int pitch) {
+    return answer([&] {
+        const auto index = editing().add(trackIndex(track), noteOf(start, length, pitch));
+        return songAnd("note", std::to_string(index + 1));
+    });
+}
+
+std::string SongPage::move(int track, int note, double start, double length, int pitch) {
+    return answer([&] {
+        const auto trackPlace = trackIndex(track);
+        const auto index =
+            editing().move(trackPlace, noteIndex(trackPlace, note), noteOf(start, length, pitch));
+        return songAnd("note", std::to_string(index + 1));
+    });
+}
+
+std::string SongPage::remove(int track, int note) {
+    return answer([&] {
+        const auto trackPlace = trackIndex(track);
+        editing().remove(trackPlace, noteIndex(trackPlace, note));
+        return songAlone();
+    });
+}
+
+std::string SongPage::undo() {
+    return answer([&] {
+        editing().undo();
+        return songAlone();
+    });
+}
+
+std::string SongPage::redo() {
+    return answer([&] {
+        editing().redo();
+        return songAlone();
+    });
+}
+
+std::string SongPage::check(int track, int note) {
+    return answer([&] {
+        const auto trackPlace = trackIndex(track);
+        const auto place = noteIndex(trackPlace, note);
+        return checkOf(trackPlace, place,
+                       openSong().editing.inEditor().typedLyric(trackPlace, place));
+    });
+}
+
+std::string SongPage::fit(bool usesBrackets) {
+    return answer([&] {
+        const auto words = fitted(usesBrackets);
+        const auto& song = openSong().editing.inEditor();
+        std::vector<session::TypedLyric> lyrics;
+        for (const auto& [word, found] : words) {
+            const bool isDone = found.text == word.text && carries(song, word, found.carried);
+            if (isFitted(found.outcome) && !isDone) {
+                lyrics.push_back({word.track - 1, word.note - 1, found.text});
+            }
+        }
+        editing().typeAll(lyrics);
+        return songAnd("fit", fitJson(words));
+    });
+}
+
+std::string SongPage::save(const std::string& kind) {
+    return answer([&] {
+        const auto& open = openSong();
+        return fileJson(kind, open.opened, open.editing.inEditor().song());
+    });
+}
+
+std::string SongPage::answer(const Work& work) {
+    try {
+        return work();
+    } catch (const std::bad_alloc&) {
+        return errorOf("expected enough memory, found that it has run out");
+    } catch (const std::exception& error) {
+        return errorOf(error.what());
+    }
+}
+
+void SongPage::show(const song::Song& song) {
+    auto next = std::make_unique<OpenSong>(session_.editor(), song);
+    takeBracketsOff(*next);
+    song_ = std::move(next);
+}
+
+// A file holds divisions, of which a person typed the words alone.
+void SongPage::takeBracketsOff(const OpenSong& open) {
+    auto project = session_.editor().openProject();
+    session::ScratchTrack scratch(project);
+    std::map<std::pair<std::string, std::size_t>, std::string> known;
+    for (const auto& word : session::wordsOf(open.opened)) {
+        const auto [plain, isNew] = known.try_emplace({word.text, word.notes});
+        if (isNew) {
+            plain->second = plainWord(scratch, word);
+        }
+        open.editing.inEditor().setTypedLyric(word.track - 1, word.note - 1, plain->second);
+    }
+}
+
+SongPage::OpenSong& SongPage::openSong() const {
+    if (!song_) {
+        throw song::BadInput::expectedFound("an open song", "none");
+    }
+    return *song_;
+}
+
+// Lyrics may have been tried in another project since the last edit.
+session::SongEditing& SongPage::editing() const {
+    openSong().editor.notify();
+    return openSong().editing;
+}
+
+std::size_t SongPage::trackIndex(int track) const {
+    return indexOf(track, openSong().editing.inEditor().countTracks(), "a track");
+}
+
+std::size_t SongPage::noteIndex(std::size_t track, int note) const {
+    return indexOf(note, openSong().editing.inEditor().countNotes(track), "a note");
+}
+
+std::string SongPage::songAnd(std::string_view name, const std::string& value) const {
+    return "{" + songMembers(openSong().editing) + ",\"" + std::string(name) + "\":" + value + "}";
+}
+
+std::string SongPage::songAlone() const {
+    return "{" + songMembers(openSong().editing) + "}";
+}
+
+std::string SongPage::checkOf(std::size_t track, std::size_t note, const std::string& lyric) {
+    auto project = session_.editor().openProject();
+    session::TextCheck check(project);
+    const auto checked = check.checkLyric(lyric);
+    const auto syllables = check.syllablesOf(lyric);
+    const auto notes = countNotesFrom(openSong().editing.inEditor(), track, note);
+    return checkJson(checked, syllables, syllables.size() - std::min(notes, syllables.size()));
+}
+
+std::vector<session::FittedSongWord> SongPage::fitted(bool usesBrackets) {
+    auto project = session_.editor().openProject();
+    terminal::Progress progress;
+    return session::fitWords(project, openSong().editing.inEditor().typedSong(), usesBrackets,
+                             progress);
+}
+
+} // namespace wybeta::wysim::page

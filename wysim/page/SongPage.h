@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "simulator/Editor.h"
+#include "simulator/EditorSession.h"
+#include "simulator/ModuleExports.h"
+#include "simulator/RunningModule.h"
+#include "wysim/session/Fitting.h"
+#include "wysim/session/SongEditing.h"
+#include "wysim/song/Song.h"
+
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace wybeta::wysim::page {
+
+// A person's work on one song after another, for a program that draws them: it is asked for edits
+// and answers in JSON. Tracks and notes are counted from 1, times in quarter notes from 0, pitches
+// in semitones.
+//
+// Each answer is the song as it is then, with what there is to say of the edit, unless said
+// otherwise. A mistake is answered by an "error" with its sentence, and then nothing has changed.
+class SongPage {
+public:
+    // Throws std::runtime_error when the module does not start.
+    explicit SongPage(const simulator::ModuleExports& module);
+    // Gives the module back. Throws std::runtime_error when the module has kept anything. To be
+    // called once.
+    void close();
+
+    // For "en" or "ja".
+    std::string openExample(const std::string& language);
+    // The bytes of a file of that name; answers with "warnings". The song that was open goes.
+    std::string open(const std::string& bytes, const std::string& fileName);
+    std::string song();
+
+    // Answers with the "check" of the text.
+    std::string type(int track, int note, const std::string& text);
+    // These two answer with the number that the "note" then has.
+    std::string add(int track, double start, double length, int pitch);
+    std::string move(int track, int note, double start, double length, int pitch);
+    std::string remove(int track, int note);
+    std::string undo();
+    std::string redo();
+
+    // Answers with what there is to say of the lyric that was last typed into the note.
+    std::string check(int track, int note);
+    // Types what brings each word onto its notes, in one edit; answers with how it went as "fit".
+    std::string fit(bool usesBrackets);
+    // Answers with the "name", the "mime" type and the "text" of a file of the kind "musicxml",
+    // "json" or "svg".
+    std::string save(const std::string& kind);
+
+private:
+    // A song in a project of its own.
+    struct OpenSong {
+        OpenSong(const simulator::Editor& first, const song::Song& song)
+            : editor(first.openProject()), opened(song), editing(editor, song) {}
+
+        simulator::Editor editor;
+        song::Song opened; // as it was before the first edit
+        session::SongEditing editing;
+    };
+
+    // What runs in the place of a method; gives its answer.
+    using Work = std::function<std::string()>;
+    static std::string answer(const Work& work);
+
+    void show(const song::Song& song);
+    void takeBracketsOff(const OpenSong& open);
+    OpenSong& openSong() const;
+    // The editing, for an edit to come.
+    session::SongEditing& editing() const;
+    std::size_t trackIndex(int track) const;
+    std::size_t noteIndex(std::size_t track, int note) const;
+    // The song, with further members of the answer, each a JSON text behind its name.
+    std::string songAnd(std::string_view name, const std::string& value) const;
+    std::string songAlone() const;
+
+    std::string checkOf(std::size_t track, std::size_t note, const std::string& lyric);
+    std::vector<session::FittedSongWord> fitted(bool usesBrackets);
+
+    simulator::RunningModule module_;
+    simulator::EditorSession session_;
+    std::unique_ptr<OpenSong> song_; // null until one is opened
+};
+
+} // namespace wybeta::wysim::page

@@ -1,0 +1,140 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "wysim/session/SongEditing.h"
+
+#include "simulator/Event.h"
+#include "simulator/HostObject.h"
+#include "wysim/song/BadInput.h"
+
+#include <utility>
+
+namespace wybeta::wysim::session {
+
+namespace {
+
+using simulator::Change;
+using simulator::Event;
+using simulator::Handle;
+
+// The notes of a track as one note among them sees them: it counts as gone.
+class OtherNotes {
+public:
+    OtherNotes(const SongInEditor& song, std::size_t track, const Event* except)
+        : song_(song), track_(track), except_(except) {}
+
+    // Where a note goes. Throws BadInput when another sounds at its time.
+    std::size_t placeFor(const song::SongNote& note) const {
+        std::size_t place = 0;
+        for (std::size_t i = 0; i < song_.countNotes(track_); ++i) {
+            const auto& event = song_.note(track_, i);
+            if (&event == except_) {
+                continue;
+            }
+            song::SongNote other;
+            other.start = event.startInPart;
+            other.length = event.duration;
+            const bool isFirst = other.start < note.start;
+            if (isFirst ? overlap(other, note) : overlap(note, other)) {
+                throw song::BadInput::expectedFound("a time at which no other note sounds",
+                                                    "one at which note " + std::to_string(i + 1) +
+                                                        " does");
+            }
+            place += isFirst ? 1 : 0;
+        }
+        return place;
+    }
+
+private:
+    const SongInEditor& song_;
+    std::size_t track_;
+    const Event* except_;
+};
+
+Change placing(Event& note, const song::SongNote& place) {
+    const Handle<Event> event(&note);
+    const auto change = [event](double start, double length, int pitch) {
+        return [event, start, length, pitch] {
+            event->startInPart = start;
+            event->duration = length;
+            event->pitch = pitch;
+        };
+    };
+    return {change(place.start, place.length, place.pitch),
+            change(note.startInPart, note.duration, note.pitch)};
+}
+
+bool isThere(const Event& note, const song::SongNote& place) {
+    return note.startInPart == place.start && note.duration == place.length &&
+           note.pitch == place.pitch;
+}
+
+} // namespace
+
+void SongEditing::type(std::size_t track, std::size_t note, const std::string& lyric) {
+    typeAll({{track, note, lyric}});
+}
+
+void SongEditing::typeAll(const std::vector<TypedLyric>& lyrics) {
+    std::vector<Change> changes;
+    for (const auto& [track, note, text] : lyrics) {
+        song::checkText(text);
+        changes.push_back(typing(song_.note(track, note), text));
+    }
+    if (!changes.empty()) {
+        edit(std::move(changes));
+    }
+}
+
+std::size_t SongEditing::add(std::size_t track, const song::SongNote& note) {
+    song::checkNote(note);
+    const auto index = OtherNotes(song_, track, nullptr).placeFor(note);
+    const auto event = makeNote(editor_.state(), note);
+    std::vector<Change> changes = {simulator::insertion(song_.part(track), index, event)};
+    if (!note.lyric.empty()) {
+        changes.push_back(typing(*event, note.lyric));
+    }
+    edit(std::move(changes));
+    return index;
+}
+
+std::size_t SongEditing::move(std::size_t track, std::size_t note, const song::SongNote& place) {
+    song::checkNote(place);
+    auto& event = song_.note(track, note);
+    const auto index = OtherNotes(song_, track, &event).placeFor(place);
+    if (isThere(event, place)) {
+        return note;
+    }
+    std::vector<Change> changes = {placing(event, place)};
+    if (index != note) {
+        changes.push_back(simulator::removal(song_.part(track), event));
+        changes.push_back(
+            simulator::insertion(song_.part(track), index, simulator::Handle<Event>(&event)));
+    }
+    edit(std::move(changes));
+    return index;
+}
+
+void SongEditing::remove(std::size_t track, std::size_t note) {
+    edit({simulator::removal(song_.part(track), song_.note(track, note))});
+}
+
+void SongEditing::undo() {
+    if (!canUndo()) {
+        throw song::BadInput::expectedFound("an edit to take back", "none");
+    }
+    editor_.undo();
+    --edits_;
+}
+
+void SongEditing::redo() {
+    if (!editor_.redo()) {
+        throw song::BadInput::expectedFound("an undone edit to do again", "none");
+    }
+    ++edits_;
+}
+
+void SongEditing::edit(std::vector<Change> changes) {
+    editor_.edit(std::move(changes));
+    ++edits_;
+}
+
+} // namespace wybeta::wysim::session
