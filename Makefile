@@ -58,7 +58,7 @@ coverage:
 	@tools/coverage.sh
 
 dist:
-	@tools/setup.sh build windows package
+	@tools/setup.sh build windows web package
 	@tools/dist.sh
 
 clean:

@@ -49,12 +49,15 @@ TARGETS = {
 # Targets that hold more than what they are named after.
 ALSO_IN = {"minizip": ["zlib"]}
 
-# What the compiler and the maker of the setup program add of their own, and a file that comes with it.
+# What the compilers and the maker of the setup program add of their own, and a file that comes with it.
 TOOLS = {
     "libstdc++": (Material("GNU C++ library and libgcc", "GPL-3.0-or-later WITH GCC-exception-3.1"),
                   "libstdc++.a"),
     "mingw-w64": (Material("MinGW-w64 runtime", "ZPL-2.1 AND MIT"), "libmingw32.a"),
     "winpthreads": (Material("winpthreads", "MIT AND BSD-3-Clause"), "libwinpthread.a"),
+    "emscripten": (Material("Emscripten runtime with musl, libc++ and dlmalloc",
+                            "MIT AND (Apache-2.0 WITH LLVM-exception) AND CC0-1.0"),
+                   "/usr/share/emscripten/emcc.py"),
     "nsis": (Material("NSIS", "Zlib"), "/usr/bin/makensis"),
 }  # fmt: skip
 

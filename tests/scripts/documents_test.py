@@ -177,8 +177,10 @@ class Names(unittest.TestCase):
             self.assertEqual(packages, {f"{name}.zip", f"{name}-setup.exe"})
 
     def test_in_links_lead_to_files(self) -> None:
+        # In a release, the page lies beside the documents.
         links = [(PROJECT / document).parent / link
-                 for document in DOCUMENTS for link in LINK.findall(read(document))]
+                 for document in DOCUMENTS for link in LINK.findall(read(document))
+                 if link != "try-wy-beta.html"]
         self.assertTrue(links)
         self.assertEqual([link for link in links if not link.is_file()], [])
 

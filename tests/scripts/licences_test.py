@@ -13,7 +13,7 @@ LICENCE_LINE = "SPDX-License-" + "Identifier: GPL-3.0-or-later"
 # Texts for people, data, and formats that have no comments; .reuse/dep5 tells of them.
 WITHOUT_LINE = [
     ".reuse/dep5", "LICENSE", "LICENSES/*", "THIRD-PARTY-NOTICES", "*.md", "*.svg",
-    "*.json", "src/resources/cmudict-0.7b-utf8-spll", "tools/divisions.tsv", "wysim/songs/*",
+    "*.json", "*.png", "web/.npmrc", "src/resources/cmudict-0.7b-utf8-spll", "tools/divisions.tsv", "wysim/songs/*",
     "tests/wysim/data/*", "fuzz/corpus/*", "fuzz/found/*",
 ]  # fmt: skip
 
