@@ -47,7 +47,7 @@ SongWord wordOf(const std::string& text, const std::string& notes) {
     return divided(text, ofSyllables);
 }
 
-std::string nameOf(Outcome outcome) {
+std::string described(Outcome outcome) {
     static const std::map<Outcome, std::string> names = {
         {Outcome::AsItIs, "as it is"},        {Outcome::Hyphens, "hyphens"},
         {Outcome::OtherEntry, "other entry"}, {Outcome::Brackets, "brackets"},
@@ -59,7 +59,7 @@ std::string nameOf(Outcome outcome) {
 
 // How it is fitted, the text, what the notes carry, and the reason why not.
 std::string described(const FittedWord& fitted) {
-    std::string text = nameOf(fitted.outcome) + ": " + fitted.text;
+    std::string text = described(fitted.outcome) + ": " + fitted.text;
     for (const auto& syllable : fitted.carried) {
         text += " [" + syllable + "]";
     }
