@@ -107,6 +107,7 @@ if(WYBETA_BUILD_TESTING)
     add_subdirectory(${GOOGLETEST_SOURCE_DIR} ${PROJECT_BINARY_DIR}/googletest EXCLUDE_FROM_ALL SYSTEM)
     target_link_libraries(gtest PUBLIC everywhere)
     target_compile_options(gtest PRIVATE -w)
+    set_target_properties(gtest PROPERTIES UNITY_BUILD OFF)
 endif()
 
 if(WYBETA_BUILD_BENCHMARKS)

@@ -383,7 +383,7 @@ TEST_F(SongPageTest, SavesTheSongAndItsPicture) {
     EXPECT_EQ(svg.at("mime"), "image/svg+xml");
     EXPECT_EQ(svg.at("text"), wysim::picture::svgPicture(song, saved));
     EXPECT_EQ(errorIn([&] { return page.save("pdf"); }),
-              "expected the kind musicxml, Json or svg, found 'pdf'");
+              "expected the kind musicxml, json or svg, found 'pdf'");
 }
 
 // Some edit by chance; many of them are mistakes.
