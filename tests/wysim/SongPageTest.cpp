@@ -63,7 +63,7 @@ protected:
 
     json open(const Song& song) { return parsed(page.open(jsonFromSong(song), "song.json")); }
     json openScore(const std::string& syllables) {
-        return parsed(page.open(scoreOf(syllables), "score.musicxml"));
+        return parsed(page.open(scoreOfSyllables(syllables), "score.musicxml"));
     }
 
     // Expects that the answer is an error, and that the song is as it was; gives the sentence.
