@@ -116,14 +116,14 @@ TEST_F(FitCommand, TakesTheVerse) {
     EXPECT_NE(run.out.find("  second "), std::string::npos) << run.out;
 }
 
-TEST_F(FitCommand, CountsNoWordsInASongWithout) {
-    const auto song = folder.write("silent.json",
-                                   R"({"format": "wysim song 1", "title": "", "beats": 4,
-        "beatType": 4, "pickup": 0, "tracks": [{"name": "", "notes": [
-        {"start": 0, "length": 1, "pitch": 60, "lyric": "", "typed": false}]}]})");
-    const auto run = runProgram({"fit", song.u8string()});
-    EXPECT_EQ(run.status, 0);
-    EXPECT_EQ(lastLineOf(run.out).substr(0, 10), "words: 0; ");
+TEST_F(FitCommand, RefusesASongWithoutWords) {
+    const auto run = fit("_ _", {"--save", path("fitted.json"), "--svg", path("fitted.svg")});
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.out, path("score.musicxml") + ": 1 track, 2 notes\n");
+    EXPECT_EQ(run.err, "wysim: expected a song with words to fit, found none; type them first, in "
+                       "a session: 'wysim SONG'.\n");
+    EXPECT_FALSE(std::filesystem::exists(folder.file("fitted.json")));
+    EXPECT_FALSE(std::filesystem::exists(folder.file("fitted.svg")));
 }
 
 TEST_F(FitCommand, WritesNothingOverTheSong) {
