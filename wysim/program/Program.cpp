@@ -8,6 +8,7 @@
 #include "wysim/session/CheckReport.h"
 #include "wysim/session/Comparison.h"
 #include "wysim/session/Fitting.h"
+#include "wysim/session/PlainWord.h"
 #include "wysim/session/Session.h"
 #include "wysim/session/SongWords.h"
 #include "wysim/session/TextCheck.h"
@@ -145,7 +146,8 @@ void expectWords(const song::Song& song) {
 int runFit(const CommandLine& line, const song::Song& song, simulator::Editor& editor,
            terminal::Progress& progress, std::ostream& out) {
     expectWords(song);
-    const auto words = session::fitWords(editor, song, line.usesBrackets, progress);
+    const auto words = session::fitWords(editor, session::withPlainWords(editor, song),
+                                         line.usesBrackets, progress);
     out << session::fittingTable(words);
     const auto fitted = session::fittedSong(song, words);
     if (!line.save.empty()) {
