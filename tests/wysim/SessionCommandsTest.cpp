@@ -53,6 +53,36 @@ TEST(SessionCommands, TypeTellsTheOldAndTheNewLyricOfEachNote) {
                                         "\"twinkle love[t w ih ng]\"\n");
 }
 
+TEST(SessionCommands, TypeSaysWhatOfTheLyricIsNotSung) {
+    expectAnswer("type 4 love, xyzzy me",
+                 "> type 4 love, xyzzy me\n"
+                 "note 4: \"love[l ah v]\" -> \"love, xyzzy me[m iy]\"\n"
+                 "\"love,\" is not sung: a mark sticks to it. Write \"love\".\n"
+                 "\"xyzzy\" is not sung: the dictionary does not have it. Write its phonemes in "
+                 "brackets behind it.\n");
+    expectAnswer("type 4 xyzzy\nundo\nredo",
+                 "> type 4 xyzzy\n"
+                 "note 4: \"love[l ah v]\" -> \"xyzzy\"\n"
+                 "\"xyzzy\" is not sung: the dictionary does not have it. Write its phonemes in "
+                 "brackets behind it.\n"
+                 "> undo\nnote 4: \"xyzzy\" -> \"love[l ah v]\"\n"
+                 "> redo\nnote 4: \"love[l ah v]\" -> \"xyzzy\"\n");
+    expectAnswer("add 5 1 C4 love?",
+                 "> add 5 1 C4 love?\nnote 5 is new: \"love?\"\n\"love?\" is not "
+                 "sung: a mark sticks to it. Write \"love\".\n");
+}
+
+TEST(SessionCommands, TypeSaysNothingOfHyphensThatHold) {
+    expectAnswer("type 3 lo-ve", "> type 3 lo-ve\n"
+                                 "note 3: \"[r a]\" -> \"lo-ve[l ah]\"\n");
+}
+
+TEST(SessionCommands, TypeTakesLyricsThatAreTooLongToCheck) {
+    const std::string lyric(1'001, 'x');
+    expectAnswer("type 4 " + lyric,
+                 "> type 4 " + lyric + "\nnote 4: \"love[l ah v]\" -> \"" + lyric + "\"\n");
+}
+
 TEST(SessionCommands, TypeEmptiesANoteWithTwoQuotationMarks) {
     expectAnswer("type 4 \"\"", "> type 4 \"\"\nnote 4: \"love[l ah v]\" -> \"\"\n");
 }

@@ -3,6 +3,7 @@
 
 #include "wysim/picture/SongPicture.h"
 #include "wysim/session/SongChanges.h"
+#include "wysim/session/UnsungParts.h"
 #include "wysim/session/Wording.h"
 #include "wysim/song/BadInput.h"
 #include "wysim/song/NumberText.h"
@@ -116,19 +117,30 @@ void Session::perform(std::string_view line) {
     if (command == kCommands.end()) {
         throw song::BadInput::expectedFound("a command ('help' lists them)", inQuotes(name));
     }
-    if (!command->changesNotes) {
+    if (command->changesNotes) {
+        change(*command, line);
+    } else {
         (this->*command->perform)(line);
-        return;
     }
+}
+
+void Session::change(const Command& command, std::string_view arguments) {
+    remarks_.clear();
     const SongChanges changes(inEditor());
-    (this->*command->perform)(line);
-    const auto lines = changes.lines();
-    for (const auto& change : lines) {
-        out_ << change << "\n";
-    }
+    (this->*command.perform)(arguments);
+    auto lines = changes.lines();
     if (lines.empty()) {
-        out_ << "no lyric changed\n";
+        lines.emplace_back("no lyric changed");
     }
+    lines.insert(lines.end(), remarks_.begin(), remarks_.end());
+    for (const auto& line : lines) {
+        out_ << line << "\n";
+    }
+}
+
+void Session::checkLyric(const std::string& lyric) {
+    remarks_ = sentencesOnUnsungParts(editor_, lyric);
+    editor_.notify();
 }
 
 void Session::show(Arguments arguments) {
@@ -170,7 +182,9 @@ void Session::type(Arguments arguments) {
     if (arguments.empty()) {
         throw song::BadInput::expectedFound("a text behind the note (\"\" for none)", "nothing");
     }
-    editing_.type(track_, index, lyricFrom(arguments));
+    const auto lyric = lyricFrom(arguments);
+    checkLyric(lyric);
+    editing_.type(track_, index, lyric);
 }
 
 void Session::add(Arguments arguments) {
@@ -184,6 +198,7 @@ void Session::add(Arguments arguments) {
     }
     note.pitch = *pitch;
     note.lyric = lyricFrom(arguments);
+    checkLyric(note.lyric);
     editing_.add(track_, note);
 }
 

@@ -44,6 +44,10 @@ private:
 
     std::string recalled(std::string_view line) const;
     void perform(std::string_view line);
+    // Performs a command that may change notes, and tells what it has changed.
+    void change(const Command& command, std::string_view arguments);
+    // Finds out what of a lyric that is about to be typed is not sung.
+    void checkLyric(const std::string& lyric);
 
     void show(Arguments arguments);
     void tracks(Arguments arguments);
@@ -68,6 +72,7 @@ private:
     std::ostream& out_;
     std::size_t track_ = 0; // that commands are about
     std::vector<std::string> history_;
+    std::vector<std::string> remarks_; // on the lyric of the last command
     bool isOver_ = false;
 };
 
