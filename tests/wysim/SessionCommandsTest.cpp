@@ -227,6 +227,19 @@ TEST(SessionCommands, HelpNamesEveryCommand) {
     }
 }
 
+TEST(SessionCommands, HelpTellsOfOneCommand) {
+    expectAnswer("help undo", "> help undo\n"
+                              "  command  what it does\n"
+                              "  undo     take the last edit back\n");
+    expectAnswer("help type",
+                 "> help type\n"
+                 "  command         what it does\n"
+                 "  type NOTE TEXT  type a lyric into a note: all up to the end of the line, "
+                 "without quotation marks\n"
+                 "                  (\"\" alone empties it); a hyphen holds a syllable over one "
+                 "more note: type 1 Glo-ria\n");
+}
+
 TEST(SessionCommands, QuitEndsTheScript) {
     expectAnswer("quit\nbogus", "> quit\n");
 }
@@ -277,6 +290,7 @@ INSTANTIATE_TEST_SUITE_P(
                 "a time at which no other note sounds, found one at which note 3 does"},
         Mistake{"delete 99999999999", "a note from 1 to 4, found '99999999999'"},
         Mistake{"redo", "an undone edit to do again, found none"},
+        Mistake{"help sing", "a command ('help' lists them), found 'sing'"},
         Mistake{"undo now", "the command alone, found 'now' behind it"},
         Mistake{"tracks 2", "a track from 1 to 1, found '2'"},
         Mistake{"save", "the name of a file, found nothing"},

@@ -64,7 +64,10 @@ std::string lyricFrom(std::string_view text) {
 const std::vector<Session::Command> Session::kCommands = {
     {"show", "[FROM [TO]]", "list the notes of the track", &Session::show, false},
     {"tracks", "[NUMBER]", "list the tracks, or go to one", &Session::tracks, false},
-    {"type", "NOTE TEXT", "type a lyric into a note; \"\" empties it", &Session::type, true},
+    {"type", "NOTE TEXT",
+     "type a lyric into a note: all up to the end of the line, without quotation marks\n"
+     "(\"\" alone empties it); a hyphen holds a syllable over one more note: type 1 Glo-ria",
+     &Session::type, true},
     {"add", "START LENGTH PITCH [TEXT]", "add a note, such as: add 4 1 C4 love", &Session::add,
      true},
     {"delete", "NOTE", "delete a note", &Session::remove, true},
@@ -74,7 +77,7 @@ const std::vector<Session::Command> Session::kCommands = {
     {"save", "FILE", "write the song (.json, .musicxml, .xml) or its picture (.svg)",
      &Session::save, false},
     {"history", "", "list the commands so far; !3 runs the third again", &Session::history, false},
-    {"help", "", "show this list", &Session::help, false},
+    {"help", "[COMMAND]", "show this list, or tell of one command", &Session::help, false},
     {"quit", "", "end the session", &Session::quit, false},
 };
 
@@ -110,18 +113,22 @@ std::string Session::recalled(std::string_view line) const {
 }
 
 void Session::perform(std::string_view line) {
-    const auto name = takeWord(line);
+    const auto& command = commandNamed(takeWord(line));
+    if (command.changesNotes) {
+        change(command, line);
+    } else {
+        (this->*command.perform)(line);
+    }
+}
+
+const Session::Command& Session::commandNamed(std::string_view name) {
     const auto command =
         std::find_if(kCommands.begin(), kCommands.end(),
                      [name](const auto& candidate) { return candidate.name == name; });
     if (command == kCommands.end()) {
         throw song::BadInput::expectedFound("a command ('help' lists them)", inQuotes(name));
     }
-    if (command->changesNotes) {
-        change(*command, line);
-    } else {
-        (this->*command->perform)(line);
-    }
+    return *command;
 }
 
 void Session::change(const Command& command, std::string_view arguments) {
@@ -241,14 +248,26 @@ void Session::history(Arguments arguments) {
 }
 
 void Session::help(Arguments arguments) {
-    expectNothing(arguments);
-    terminal::TextTable table({"command", "what it does"});
-    for (const auto& command : kCommands) {
-        table.add({std::string(command.name) + " " + std::string(command.arguments),
-                   std::string(command.help)});
+    if (!arguments.empty()) {
+        out_ << helpOn({commandNamed(arguments)});
+        return;
     }
-    out_ << table.text()
+    out_ << helpOn(kCommands)
          << "Notes are counted from 1 within the track, times in quarter notes from 0.\n";
+}
+
+std::string Session::helpOn(const std::vector<Command>& commands) {
+    terminal::TextTable table({"command", "what it does"});
+    for (const auto& command : commands) {
+        auto call = std::string(command.name) + " " + std::string(command.arguments);
+        for (auto rest = command.help; !rest.empty();) {
+            const auto line = rest.substr(0, rest.find('\n'));
+            table.add({call, std::string(line)});
+            call.clear();
+            rest.remove_prefix(std::min(line.size() + 1, rest.size()));
+        }
+    }
+    return table.text();
 }
 
 void Session::quit(Arguments arguments) {

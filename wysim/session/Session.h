@@ -36,11 +36,14 @@ private:
     struct Command {
         std::string_view name;
         std::string_view arguments;
-        std::string_view help;
+        std::string_view help; // of one line or more
         void (Session::*perform)(Arguments);
         bool changesNotes;
     };
     static const std::vector<Command> kCommands;
+
+    static const Command& commandNamed(std::string_view name);
+    static std::string helpOn(const std::vector<Command>& commands);
 
     std::string recalled(std::string_view line) const;
     void perform(std::string_view line);
