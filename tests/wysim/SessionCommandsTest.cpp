@@ -36,11 +36,33 @@ TEST(SessionCommands, ShowListsTheNotes) {
                          "  1     0      1       C4     さくら[s a]\n"
                          "  2     1      1       D4     [k u]\n"
                          "  3     2      1       E4     [r a]\n"
-                         "  4     3      1       F4     love[l ah v]\n");
+                         "  4     3      1       F4     love[l ah v]\n"
+                         "every note carries a lyric\n");
     expectAnswer("show 2 3", "> show 2 3\n"
                              "  note  start  length  pitch  lyric\n"
                              "  2     1      1       D4     [k u]\n"
                              "  3     2      1       E4     [r a]\n");
+}
+
+// What "show" ends with on a melody of which these notes carry a lyric.
+std::string lastShown(std::size_t notes, const std::string& commands) {
+    const TemporaryFolder folder;
+    std::string melody;
+    for (std::size_t i = 0; i < notes; ++i) {
+        melody += noteOf("C4", 1);
+    }
+    const auto song = folder.write("melody.musicxml", scoreOf({melody}));
+    const auto out = runScript(song, commands + "show").out;
+    return out.substr(out.rfind('\n', out.size() - 2) + 1);
+}
+
+TEST(SessionCommands, ShowEndsWithTheNotesWithoutALyric) {
+    EXPECT_EQ(lastShown(2, "type 1 hello\n"), "every note carries a lyric\n");
+    EXPECT_EQ(lastShown(3, "type 1 hello\n"), "notes without a lyric: 1 (note 3)\n");
+    EXPECT_EQ(lastShown(5, "type 2 hello\n"), "notes without a lyric: 3 (notes 1, 4, 5)\n");
+    EXPECT_EQ(lastShown(6, ""), "notes without a lyric: 6 (notes 1, 2, 3, 4, 5, 6)\n");
+    EXPECT_EQ(lastShown(9, "type 1 hello\n"),
+              "notes without a lyric: 7 (notes 3, 4, 5, 6, 7, 8, ...)\n");
 }
 
 TEST(SessionCommands, TypeTellsTheOldAndTheNewLyricOfEachNote) {

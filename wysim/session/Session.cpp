@@ -54,6 +54,27 @@ double time(std::string_view text, const char* what) {
     return *value;
 }
 
+// Says which notes of a track carry no lyric. They may be many: the first few are named.
+std::string notesWithoutLyric(const SongInEditor& song, std::size_t track) {
+    constexpr std::size_t kMostNamed = 6;
+    std::size_t count = 0;
+    std::string numbers;
+    for (std::size_t i = 0; i < song.countNotes(track); ++i) {
+        if (!song.note(track, i).lyric().empty()) {
+            continue;
+        }
+        if (count < kMostNamed) {
+            numbers += (count == 0 ? "" : ", ") + std::to_string(i + 1);
+        }
+        ++count;
+    }
+    if (count == 0) {
+        return "every note carries a lyric";
+    }
+    return "notes without a lyric: " + std::to_string(count) +
+           (count == 1 ? " (note " : " (notes ") + numbers + (count > kMostNamed ? ", ...)" : ")");
+}
+
 // Two quotation marks stand for an empty lyric.
 std::string lyricFrom(std::string_view text) {
     return text == "\"\"" ? std::string() : std::string(text);
@@ -170,6 +191,9 @@ void Session::show(Arguments arguments) {
                    song::formatNumber(note.length), song::formatPitch(note.pitch), note.lyric});
     }
     out_ << table.text();
+    if (from.empty() && count > 0) {
+        out_ << notesWithoutLyric(inEditor(), track_) << "\n";
+    }
 }
 
 void Session::tracks(Arguments arguments) {
