@@ -144,6 +144,15 @@ TEST(Program, NamesTheArgumentsThatItDoesNotKnow) {
               refusal("--help' shows them, found --svg: 1 required FILE missing"));
 }
 
+TEST(Program, TellsHowAMelodyGetsItsWords) {
+    const auto help = runProgram({"--help"}).out;
+    for (const auto* const text : {"type 1 Glo-ria", "save song.musicxml", "WyBeta.vst3 beside"}) {
+        EXPECT_NE(help.find(text), std::string::npos) << text;
+    }
+    EXPECT_NE(runProgram({"fit", "--help"}).out.find("a melody gets them in a session"),
+              std::string::npos);
+}
+
 TEST(Program, ShowsTheOptionsOfACommand) {
     const auto run = runProgram({"fit", "--help"});
     EXPECT_EQ(run.status, 0);
