@@ -342,6 +342,20 @@ TEST_F(SongPageTest, FitsByBracketsWhenAskedTo) {
     EXPECT_EQ(each(song, "typed"), (Texts{"さくら[s a,k u r a]", ""}));
 }
 
+TEST_F(SongPageTest, OpensAHeldVowelThatItSavedAsItWasTyped) {
+    open(songOf({"hel-lo*", "", ""}));
+    const auto file = parsed(page.save("musicxml"));
+    const auto song = parsed(page.open(file.at("text"), file.at("name")));
+    EXPECT_EQ(each(song, "typed"), (Texts{"hel-lo", "", ""}));
+}
+
+TEST_F(SongPageTest, FitsNothingInASongWithoutWords) {
+    open(songOf({"", ""}));
+    const auto song = parsed(page.fit(true));
+    EXPECT_EQ(song.at("fit").at("words"), 0);
+    EXPECT_EQ(song.at("canUndo"), false);
+}
+
 TEST_F(SongPageTest, MakesNoEditOfAFitThatFindsAllInPlace) {
     open(songOf({"hello*", ""}));
     const auto song = parsed(page.fit(false));

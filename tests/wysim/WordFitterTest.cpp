@@ -167,8 +167,9 @@ INSTANTIATE_TEST_SUITE_P(
                             "divided otherwise: hello [hh ah]: 2 syllables for 1 note"},
                     FitCase{"NotReached", "fiasco", "1+1+2",
                             "not reached: fiasco [f iy] [ae] [s k ow]: no hyphen holds syllable 3"},
-                    FitCase{"BracketsThatAreTooShort", "la[l a]", "=2",
-                            "not reached: la[l a] [l a]: no hyphen holds syllable 1"}),
+                    FitCase{
+                        "BracketsThatAreTooShort", "la[l a]", "=2",
+                        "not reached: la[l a] [l a]: its brackets give 1 syllable for 2 notes"}),
     [](const auto& test) { return std::string(test.param.name); });
 
 std::string repeated(const std::string& text, std::size_t count) {
