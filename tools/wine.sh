@@ -31,4 +31,11 @@ mkdir -p "$WINEPREFIX"
         touch "$WINEPREFIX/.filled"
     fi
 } 9>"$WINEPREFIX/.lock"
-exec "$loader" "$@"
+[ ! -t 1 ] || exec "$loader" "$@"
+
+# Processes that Wine starts for its own use keep the outputs of the program open long after it has
+# ended, and who reads them by a pipe would wait.
+output=$(mktemp)
+errors=$(mktemp)
+trap 'cat "$output"; cat "$errors" >&2; rm -f "$output" "$errors"' EXIT
+"$loader" "$@" >"$output" 2>"$errors"
