@@ -3,8 +3,8 @@ import assert from "node:assert/strict";
 import { readFile } from "node:fs/promises";
 import { before, describe, it } from "node:test";
 import {
-  AXE_FILE, button, carried, emptyNotes, focusedNote, noteAt, openPage, openSong, songOf, status, type,
-  useBrowser,
+  AXE_FILE, button, carried, chooseFile, emptyNotes, focusedNote, noteAt, openPage, openSong, PROJECT,
+  songOf, status, type, useBrowser,
 } from "./browser.mjs";
 
 const AXE = await readFile(AXE_FILE, "utf8");
@@ -44,6 +44,9 @@ describe("The checker of accessibility", () => {
       await showEverything(page);
       assert.deepEqual(await objections(page), []);
       await noteAt(page, 1).click();
+      assert.deepEqual(await objections(page), []);
+      await chooseFile(page, `${PROJECT}wysim/songs/gloria.musicxml`);
+      assert.equal(await page.getByRole("dialog").count(), 1);
       assert.deepEqual(await objections(page), []);
     });
   }

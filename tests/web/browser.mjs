@@ -72,11 +72,24 @@ export async function openSong(page, song, name = "song.json") {
   await openFile(page, { name, mimeType: "application/octet-stream", buffer });
 }
 
-/** Opens a file, by its path or as it is; ends when the page has told what came of it. */
+/**
+ * Opens a file, by its path or as it is, and lets go of a song with changes; ends when the page has
+ * told what came of it.
+ */
 export async function openFile(page, file) {
+  await chooseFile(page, file);
+  if (await page.locator("dialog").isVisible()) {
+    await button(page, "Open without saving").or(button(page, "保存せずに開く")).click();
+  }
+  await page.waitForFunction(() => document.querySelector("[role=status]").textContent !== "");
+}
+
+/** Chooses a file to open; ends when the page has told or asked something. */
+export async function chooseFile(page, file) {
   await page.evaluate(() => document.querySelector("[role=status]").replaceChildren());
   await page.locator("#open-file").setInputFiles(file);
-  await page.waitForFunction(() => document.querySelector("[role=status]").textContent !== "");
+  await page.waitForFunction(() =>
+    document.querySelector("[role=status]").textContent !== "" || document.querySelector("dialog[open]"));
 }
 
 export function noteAt(page, note, track = 1) {

@@ -13,7 +13,10 @@ export class Editing {
   #message;
   #changed;
 
-  /** `changed(song)` is called with the song after each edit, before it is drawn. */
+  /**
+   * `changed(song, isOpened)` is called with the song after each edit, and with one that was opened,
+   * before it is drawn.
+   */
   constructor(core, roll, message, changed) {
     this.#core = core;
     this.#roll = roll;
@@ -119,12 +122,12 @@ export class Editing {
   }
 
   #opened(song) {
-    this.#changed(song);
+    this.#changed(song, true);
     this.#roll.show(song);
   }
 
   #edited(song) {
-    this.#changed(song);
+    this.#changed(song, false);
     this.#roll.update(song);
   }
 

@@ -52,11 +52,24 @@ export class Typing {
     this.#field.scrollIntoView({ block: "nearest" });
   }
 
+  /** Whether something stands in the field that was not typed into its note yet. */
+  get isUnfinished() {
+    return this.#ref !== undefined && this.#field.value !== this.#before;
+  }
+
   /** Leaves the field without typing. */
   close() {
     this.#ref = undefined;
     this.#field.remove();
     this.#hint.remove();
+  }
+
+  /** Types what stands in the field and leaves it, if one is open. */
+  finish() {
+    if (this.#ref !== undefined) {
+      this.#commit();
+      this.close();
+    }
   }
 
   // Keys that end the composition of an input method are not for the field.
@@ -108,9 +121,8 @@ export class Typing {
 
   // A field that loses the focus to another window stays open.
   #left() {
-    if (this.#ref !== undefined && document.activeElement !== this.#field) {
-      this.#commit();
-      this.close();
+    if (document.activeElement !== this.#field) {
+      this.finish();
     }
   }
 

@@ -26,6 +26,11 @@ export default {
   tools: "Tools",
   song: "Song",
   untitled: "Untitled",
+  unsaved: "unsaved",
+  unsavedQuestion: "This song has changes that are not saved. Open another song all the same?",
+  saveFirst: "Save the project first",
+  discard: "Open without saving",
+  cancel: "Cancel",
   dropHere: "Drop the song here",
 
   legend: "What the notes mean",

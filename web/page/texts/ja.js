@@ -27,6 +27,11 @@ export default {
   tools: "ツール",
   song: "曲",
   untitled: "無題",
+  unsaved: "未保存",
+  unsavedQuestion: "この曲には保存していない変更があります。それでも別の曲を開きますか。",
+  saveFirst: "先にプロジェクトを保存する",
+  discard: "保存せずに開く",
+  cancel: "キャンセル",
   dropHere: "ここに曲をドロップしてください",
 
   legend: "音符の見分け方",
