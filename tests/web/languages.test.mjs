@@ -61,8 +61,9 @@ describe("The page", () => {
       ["桜", "「桜」は漢字なので歌われません。"],
       ["Hello, さくら", "「Hello,」は記号が付いているので歌われません。"],
       ["loveキャンディ", "かながすぐ後に続くので歌われません。"],
-      ["light-", "ハイフンの分だけ後の音符に音が伸びます。"],
+      ["light-", "「light-」は音符ごとにこう歌われます: l ay · - t\n\n「light-」のハイフンは、その分だけ"],
       ["ス0", "直前の音を消すか、休みになります。"],
+      ["さくらさくら", "音符が足りないので歌われません: k u · r a。"],
     ]) {
       await type(page, 1, lyric);
       assert.ok((await status(page)).includes(said), `${lyric}: ${await status(page)}`);
@@ -101,5 +102,6 @@ describe("The two languages", () => {
     const reasons = [...source.matchAll(/\{Reason::\w+, "([a-z-]+)"/g)].map(([, name]) => name);
     assert.ok(reasons.length > 10);
     assert.deepEqual(Object.keys(ja.findings).sort(), reasons.sort());
+    assert.ok(Object.keys(en.findings).every((reason) => reasons.includes(reason)));
   });
 });

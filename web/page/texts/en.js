@@ -78,11 +78,16 @@ export default {
   stopped: "Stopped.",
 
   emptied: "The note has no lyric now.",
-  sung: "“{lyric}” is sung: {syllables}",
+  sung: "“{lyric}” is sung, note by note: {syllables}",
+  sungInPart: "Sung of “{lyric}”, note by note: {syllables}",
   notSung: "“{lyric}” gives nothing to sing.",
-  lost: "The notes ran out: for {count} more there was none. Add notes and type it again.",
-  // The extension's own sentences are English.
-  findings: {},
+  lost: "Not sung, as the notes ran out: {syllables}. Add notes and type it again.",
+  // The extension's own sentences are English. On the page, these come behind what is sung.
+  findings: {
+    "hyphen-holds":
+      "The hyphens in “{word}” hold a syllable over more notes. If you did not mean that, take:",
+    "zero": "The 0 in “{word}” takes away the sound before it, or makes a rest.",
+  },
   typeMend: "Type “{mend}”",
 
   fitting: "Fitting …",
