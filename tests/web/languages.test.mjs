@@ -74,8 +74,8 @@ describe("The page", () => {
     const page = await openPage(JAPANESE);
     await openFile(page, `${PROJECT}wysim/songs/gloria.musicxml`);
     await button(page, "楽譜に合わせる").click();
-    await page.waitForFunction(() =>
-      /^単語: \d/.test(document.querySelector("[role=status]").textContent));
+    await page.waitForFunction(() => document.querySelector("[role=status]").textContent ===
+      "合わせました: ハイフンで 2 語、別の発音で 1 語。2 語は、もともと音符に合っています。");
     await button(page, "元に戻す").click();
     assert.equal(await status(page), "元に戻しました。");
   });
@@ -93,6 +93,8 @@ describe("The two languages", () => {
     for (const [name, text] of Object.entries(en)) {
       if (typeof text === "string") {
         assert.deepEqual(placesIn(ja[name]), placesIn(text), name);
+      } else if (text.other !== undefined) {
+        assert.deepEqual(placesIn(ja[name].other), placesIn(text.other), name);
       }
     }
   });

@@ -117,7 +117,8 @@ export class Editing {
       const song = this.#core.fit(usesBrackets);
       this.#edited(song);
       this.#message.show(() =>
-        fitReport(song.fit, (ref) => this.#roll.focus(ref), () => this.fit(true)));
+        fitReport(song.fit, (ref) => this.#roll.focus(ref),
+          usesBrackets ? undefined : () => this.fit(true)));
     }));
   }
 

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // What the extension found, as paragraphs of the message line.
-import { findingSentence, leftSentence, say } from "./language.js";
+import { findingSentence, leftSentence, say, sayCount } from "./language.js";
 
 // What the line under the roll has room for.
 const MOST_FINDINGS = 4;
 const MOST_LEFT = 3;
+
+const WAYS_TO_FIT = ["hyphens", "otherEntries", "brackets"];
 
 /**
  * What came of a typed lyric: what is not sung first, then what each note carries, and then what might
@@ -30,17 +32,37 @@ export function checkReport(check, type) {
   ];
 }
 
-/** What came of fitting the song. `goTo(ref)` goes to a word, `fitByBrackets()` fits the rest. */
+/**
+ * What came of fitting the song. `goTo(ref)` goes to a word; `fitByBrackets()` fits the rest, if that
+ * was not tried yet.
+ */
 export function fitReport(fit, goTo, fitByBrackets) {
   const left = firstOf(fit.left, MOST_LEFT, (word) => ({
     sentence: leftSentence(word),
     actions: [{ text: word.word, label: say("goToWord", word), run: () => goTo(word) }],
   }));
+  const mayHelp = fitByBrackets && fit.left.some(({ outcome }) => outcome !== "unknown");
   const totals = {
-    sentence: say("fitted", fit),
-    actions: fit.notFitted > 0 ? [{ text: say("fitByBrackets"), run: fitByBrackets }] : [],
+    sentence: fitTotals(fit).join(say("betweenSentences")),
+    actions: mayHelp ? [{ text: say("fitByBrackets"), run: fitByBrackets }] : [],
   };
   return [totals, ...left];
+}
+
+function fitTotals(fit) {
+  if (fit.words === 0) {
+    return [say("noWords")];
+  }
+  if (fit.asTheyAre === fit.words) {
+    return [sayCount("allInPlace", fit.words)];
+  }
+  const ways = WAYS_TO_FIT.filter((way) => fit[way] > 0).map((way) => sayCount(way, fit[way]));
+  const told = (name) => (fit[name] > 0 ? [sayCount(name, fit[name])] : []);
+  return [
+    ...(ways.length > 0 ? [say("fitted", { list: ways.join(say("listComma")) })] : []),
+    ...told("asTheyAre"),
+    ...told("notFitted"),
+  ];
 }
 
 /** What was noticed when a song was opened. */

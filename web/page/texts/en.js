@@ -91,10 +91,23 @@ export default {
   typeMend: "Type “{mend}”",
 
   fitting: "Fitting …",
-  fitted:
-    "Words: {words}; as they are: {asTheyAre}, with hyphens: {hyphens}, with other entries: " +
-    "{otherEntries}, with brackets: {brackets}; not fitted: {notFitted}.",
-  leftBy: {},
+  betweenSentences: " ",
+  listComma: ", ",
+  fitted: "Fitted: {list}.",
+  hyphens: { one: "1 word by hyphens", other: "{count} words by hyphens" },
+  otherEntries: {
+    one: "1 word by another pronunciation", other: "{count} words by another pronunciation",
+  },
+  brackets: { one: "1 word by brackets", other: "{count} words by brackets" },
+  asTheyAre: {
+    one: "1 word was on its notes already.", other: "{count} words were on their notes already.",
+  },
+  notFitted: { one: "Not fitted: 1 word.", other: "Not fitted: {count} words." },
+  allInPlace: { one: "The word is on its notes.", other: "All {count} words are on their notes." },
+  noWords: "There are no words to fit yet.",
+  leftBy: {
+    "unknown": "{reason}, so it can't be fitted. Type it in another way:",
+  },
   goToWord: "Go to “{word}”",
   more: "And {count} more.",
   fitByBrackets: "Fit the rest by phonemes in brackets",

@@ -104,11 +104,18 @@ export default {
   typeMend: "「{mend}」と入力する",
 
   fitting: "合わせています…",
-  fitted:
-    "単語: {words}、そのまま: {asTheyAre}、ハイフン: {hyphens}、別の項目: {otherEntries}、" +
-    "角括弧: {brackets}、合わせられなかったもの: {notFitted}。",
+  betweenSentences: "",
+  listComma: "、",
+  fitted: "合わせました: {list}。",
+  hyphens: { other: "ハイフンで {count} 語" },
+  otherEntries: { other: "別の発音で {count} 語" },
+  brackets: { other: "角括弧で {count} 語" },
+  asTheyAre: { other: "{count} 語は、もともと音符に合っています。" },
+  notFitted: { other: "合わせられなかったもの: {count} 語。" },
+  allInPlace: { other: "{count} 語すべてが音符に合っています。" },
+  noWords: "合わせる単語がまだありません。",
   leftBy: {
-    "unknown": "「{word}」は歌われません。",
+    "unknown": "「{word}」は今の書き方では歌われないので、合わせられません。書き方を変えてください:",
     "divided-otherwise": "「{word}」は音節の分かれ方が楽譜と違います。",
     "not-reached": "「{word}」には、ハイフンでは伸ばせない音節があります。",
   },
