@@ -139,6 +139,15 @@ describe("A song", () => {
     assert.deepEqual(await carried(page), ["さくら[s a]", "[k u]", "[r a]"]);
   });
 
+  it("is called by its file when it has no title, also when it is saved", async () => {
+    await openSong(page, songOf([emptyNotes(2)]), "夜の歌.v2.json");
+    assert.equal(await title(), "夜の歌.v2");
+    assert.match(await status(page), /“夜の歌.v2” is open/);
+    await type(page, 1, "love");
+    assert.equal(await title(), "夜の歌.v2");
+    assert.equal((await saved("Score (.musicxml)")).name, "夜の歌.v2.musicxml");
+  });
+
   it("is saved as a score that opens again", async () => {
     await openFile(page, SCORE);
     const file = await saved("Score (.musicxml)");

@@ -37,7 +37,7 @@ export class Editing {
       this.#opened(song);
       const notes = song.tracks.reduce((sum, track) => sum + track.notes.length, 0);
       this.#message.show(() => [
-        { sentence: say("opened", { title: song.title || fileName, notes }) },
+        { sentence: say("opened", { title: song.name, notes }) },
         ...warningsReport(song.warnings),
       ]);
     });

@@ -115,7 +115,7 @@ class Page {
     this.typing.close();
     this.toolbar.enable("undo", song.canUndo);
     this.toolbar.enable("redo", song.canRedo);
-    this.#title = song.title;
+    this.#title = song.name;
     this.#showTitle();
   }
 
