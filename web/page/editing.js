@@ -3,6 +3,7 @@ import { Mistake } from "./core.js";
 import { say } from "./language.js";
 import { endOf } from "./layout.js";
 import { checkReport, fitReport, warningsReport } from "./reports.js";
+import { UnsungWords } from "./unsung-words.js";
 
 const FIRST_NOTE = { start: 0, length: 1, pitch: 60 };
 
@@ -12,6 +13,7 @@ export class Editing {
   #roll;
   #message;
   #changed;
+  #unsungWords = new UnsungWords();
 
   /**
    * `changed(song, isOpened)` is called with the song after each edit, and with one that was opened,
@@ -47,6 +49,7 @@ export class Editing {
   type(ref, text) {
     return this.#attempt(() => {
       const song = this.#core.type(ref, text);
+      this.#unsungWords.learn(song.check);
       this.#edited(song);
       this.#report(ref, song.check);
     });
@@ -123,11 +126,13 @@ export class Editing {
   }
 
   #opened(song) {
+    this.#unsungWords.mark(song);
     this.#changed(song, true);
     this.#roll.show(song);
   }
 
   #edited(song) {
+    this.#unsungWords.mark(song);
     this.#changed(song, false);
     this.#roll.update(song);
   }
