@@ -106,6 +106,11 @@ describe("The page", () => {
     await tabTo("Save");
     await page.keyboard.press("Enter");
     await page.keyboard.press("Tab");
+    assert.equal(await page.evaluate(() => document.activeElement.textContent), "Project (.json)");
+    const use = await page.evaluate(() =>
+      document.getElementById(document.activeElement.getAttribute("aria-describedby")).textContent);
+    assert.match(use, /opened here or in wysim again/);
+    await page.keyboard.press("Tab");
     assert.equal(await page.evaluate(() => document.activeElement.textContent), "Score (.musicxml)");
     await page.keyboard.press("Escape");
     assert.equal(await button(page, "Save").getAttribute("aria-expanded"), "false");

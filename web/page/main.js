@@ -42,7 +42,6 @@ class Page {
     this.#listenToClicks(dragging);
     this.#listenToHistoryKeys();
     this.#keepUnsaved();
-    this.#playingChanged(false);
     this.#translate();
     this.editing.openExample(language());
   }
@@ -124,8 +123,10 @@ class Page {
     find("#unsaved").hidden = !this.#unsaved.isThere;
   }
 
+  // What an edit says that ends the playing comes after this.
   #playingChanged(isPlaying) {
-    this.toolbar?.enable("stop", isPlaying);
+    this.toolbar.enable("stop", isPlaying);
+    message.show(() => [{ sentence: say(isPlaying ? "playing" : "stopped") }]);
   }
 
   #translate() {
