@@ -9,12 +9,12 @@ cd "$(dirname "$0")/.."
 
 git ls-files -z '*.h' '*.cpp' | xargs -0 clang-format --dry-run --Werror
 
-# Nothing is built for clang-tidy, but it reads how it would be: without precompiled headers, since
-# those hide what a file includes.
+# Nothing is built for clang-tidy, but it reads how it would be: file by file and without precompiled
+# headers, since both hide what a file includes.
 readonly database=build/lint
 mkdir -p $database
 cmake --preset fuzz -B $database -DWYBETA_BUILD_TESTING=ON -DWYBETA_BUILD_BENCHMARKS=ON \
-    -DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON >$database/cmake.log
+    -DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON -DCMAKE_UNITY_BUILD=OFF >$database/cmake.log
 
 # Prints what a tool said, only when it failed.
 quietly() {

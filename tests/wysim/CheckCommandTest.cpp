@@ -35,8 +35,19 @@ TEST(CheckCommand, TellsOfEachLineItsSyllablesAndWhatIsNotSung) {
         "         column 6: \"xyzzy\" is not sung: the dictionary does not have it. Write its "
         "phonemes in brackets behind it.\n"
         "         column 12: \"桜\" is not sung: kanji are passed over. Write it in kana.\n"
-        "lines: 3; syllables: 7; not sung: 4, to look at: 1\n");
+        "lines: 3; syllables: 7, without the 4 words that are not sung; not sung: 4, to look at: "
+        "1\n");
     EXPECT_EQ(run.err, "");
+}
+
+TEST(CheckCommand, CountsTheSyllablesThatAreSung) {
+    const auto total = [](const std::string& text) {
+        const auto out = runProgram({"check", "-"}, text).out;
+        return out.substr(out.find("lines: "));
+    };
+    EXPECT_EQ(total("love, me"), "lines: 1; syllables: 1, without the 1 word that is not sung; "
+                                 "not sung: 1, to look at: 0\n");
+    EXPECT_EQ(total("love lo-ve"), "lines: 1; syllables: 3; not sung: 0, to look at: 1\n");
 }
 
 TEST(CheckCommand, EndsWithThreeWhenSomethingIsNotSung) {

@@ -116,15 +116,67 @@ TEST_F(FitCommand, TakesTheVerse) {
     EXPECT_NE(run.out.find("  second "), std::string::npos) << run.out;
 }
 
-TEST_F(FitCommand, CountsNoWordsInASongWithout) {
-    const auto song = folder.write("silent.json",
-                                   R"({"format": "wysim song 1", "title": "", "beats": 4,
-        "beatType": 4, "pickup": 0, "tracks": [{"name": "", "notes": [
-        {"start": 0, "length": 1, "pitch": 60, "lyric": "", "typed": false}]}]})");
-    const auto run = runProgram({"fit", song.u8string()});
-    EXPECT_EQ(run.status, 0);
-    EXPECT_EQ(lastLineOf(run.out).substr(0, 10), "words: 0; ");
+TEST_F(FitCommand, RefusesASongWithoutWords) {
+    const auto run = fit("_ _", {"--save", path("fitted.json"), "--svg", path("fitted.svg")});
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.out, path("score.musicxml") + ": 1 track, 2 notes\n");
+    EXPECT_EQ(run.err, "wysim: expected a song with words to fit, found none; type them first, in "
+                       "a session: 'wysim SONG'.\n");
+    EXPECT_FALSE(std::filesystem::exists(folder.file("fitted.json")));
+    EXPECT_FALSE(std::filesystem::exists(folder.file("fitted.svg")));
 }
+
+// What a session on a melody of so many notes saves.
+class FitOfASavedSession : public FitCommand, public testing::WithParamInterface<const char*> {
+protected:
+    tests::Run fitSession(const std::string& melody, const std::string& commands,
+                          const std::vector<std::string>& options = {}) {
+        const auto score = folder.write("melody.musicxml", scoreOfSyllables(melody));
+        const auto saved = path(std::string("saved") + GetParam());
+        runScript(score, commands + "\nsave " + saved);
+        std::vector<std::string> arguments = {"fit", saved};
+        arguments.insert(arguments.end(), options.begin(), options.end());
+        return runProgram(arguments);
+    }
+};
+
+TEST_P(FitOfASavedSession, TakesTheWordThatWasTypedForItsDivision) {
+    const auto run =
+        fitSession("_ _ _ _ _", "type 1 Gloria\ntype 5 our", {"--save", path("fitted.json")});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(
+        run.out.substr(run.out.find('\n')),
+        "\n"
+        "  track  note  word    notes  type     the notes then carry       fitted by\n"
+        "  1      1     Gloria  4      Gloria-  [g l ao] [r iy] [ah] [- ]  hyphens\n"
+        "  1      5     our     1      our(1)   [aw r]                     other entry\n"
+        "wrote " +
+            path("fitted.json") +
+            "\nwords: 2; as they are: 0, with hyphens: 1, with other entries: 1, with "
+            "brackets: 0; not fitted: 0 (unknown: 0, divided otherwise: 0, not reached: 0)\n");
+    EXPECT_EQ(linesOf(readSong(folder.file("fitted.json"))),
+              (std::vector<std::string>{"0 1 C4 Gloria-*", "1 1 C4 ", "2 1 C4 ", "3 1 C4 ",
+                                        "4 1 C4 our(1)*"}));
+}
+
+TEST_P(FitOfASavedSession, TakesBracketsOfAPersonsOwnAsTheyAre) {
+    const auto run = fitSession("_ _ _ _ _ _", "type 1 Gloria[g l ao, r iy, a]\ntype 5 la[l a]");
+    EXPECT_EQ(run.status, 3);
+    for (const auto* const part :
+         {"Gloria[g l ao,r iy,a] ", "not reached: its brackets give 3 syllables for 4 notes\n",
+          "not reached: its brackets give 1 syllable for 2 notes\n"}) {
+        EXPECT_NE(run.out.find(part), std::string::npos) << run.out;
+    }
+}
+
+TEST_P(FitOfASavedSession, LeavesADivisionThatIsRightAsItIs) {
+    const auto run = fitSession("_ _ _ _ _", "type 1 Glo-ria\ntype 5 la[l i]");
+    EXPECT_EQ(lastLineOf(run.out).substr(0, 27), "words: 2; as they are: 2, w") << run.out;
+    EXPECT_NE(run.out.find("  Glo-ria  4 "), std::string::npos) << run.out;
+}
+
+INSTANTIATE_TEST_SUITE_P(Saved, FitOfASavedSession, testing::Values(".musicxml", ".json"),
+                         [](const auto& test) { return std::string(test.param).substr(1); });
 
 TEST_F(FitCommand, WritesNothingOverTheSong) {
     for (const auto* const option : {"--save", "--svg"}) {

@@ -129,6 +129,30 @@ TEST(Program, SaysWhichOptionACommandDoesNotHave) {
               "wysim: expected one song, found several ('wysim --help' tells more).\n");
 }
 
+TEST(Program, NamesTheArgumentsThatItDoesNotKnow) {
+    const auto song = dataFile("plain.musicxml").u8string();
+    const auto refusal = [](const std::string& rest) {
+        return "wysim: expected arguments as 'wysim " + rest + ".\n";
+    };
+    EXPECT_EQ(runProgram({"--help-all"}).err,
+              refusal("--help' shows them, found --help-all, which it does not know"));
+    EXPECT_EQ(runProgram({song, "--sing", "more"}).err,
+              refusal("--help' shows them, found --sing more, which it does not know"));
+    EXPECT_EQ(runProgram({"fit", song, "--json"}).err,
+              refusal("fit --help' shows them, found --json, which it does not know"));
+    EXPECT_EQ(runProgram({song, "--svg"}).err,
+              refusal("--help' shows them, found --svg: 1 required FILE missing"));
+}
+
+TEST(Program, TellsHowAMelodyGetsItsWords) {
+    const auto help = runProgram({"--help"}).out;
+    for (const auto* const text : {"type 1 Glo-ria", "save song.musicxml", "WyBeta.vst3 beside"}) {
+        EXPECT_NE(help.find(text), std::string::npos) << text;
+    }
+    EXPECT_NE(runProgram({"fit", "--help"}).out.find("a melody gets them in a session"),
+              std::string::npos);
+}
+
 TEST(Program, ShowsTheOptionsOfACommand) {
     const auto run = runProgram({"fit", "--help"});
     EXPECT_EQ(run.status, 0);

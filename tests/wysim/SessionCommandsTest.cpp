@@ -36,11 +36,33 @@ TEST(SessionCommands, ShowListsTheNotes) {
                          "  1     0      1       C4     さくら[s a]\n"
                          "  2     1      1       D4     [k u]\n"
                          "  3     2      1       E4     [r a]\n"
-                         "  4     3      1       F4     love[l ah v]\n");
+                         "  4     3      1       F4     love[l ah v]\n"
+                         "every note carries a lyric\n");
     expectAnswer("show 2 3", "> show 2 3\n"
                              "  note  start  length  pitch  lyric\n"
                              "  2     1      1       D4     [k u]\n"
                              "  3     2      1       E4     [r a]\n");
+}
+
+// What "show" ends with on a melody of which these notes carry a lyric.
+std::string lastShown(std::size_t notes, const std::string& commands) {
+    const TemporaryFolder folder;
+    std::string melody;
+    for (std::size_t i = 0; i < notes; ++i) {
+        melody += noteOf("C4", 1);
+    }
+    const auto song = folder.write("melody.musicxml", scoreOf({melody}));
+    const auto out = runScript(song, commands + "show").out;
+    return out.substr(out.rfind('\n', out.size() - 2) + 1);
+}
+
+TEST(SessionCommands, ShowEndsWithTheNotesWithoutALyric) {
+    EXPECT_EQ(lastShown(2, "type 1 hello\n"), "every note carries a lyric\n");
+    EXPECT_EQ(lastShown(3, "type 1 hello\n"), "notes without a lyric: 1 (note 3)\n");
+    EXPECT_EQ(lastShown(5, "type 2 hello\n"), "notes without a lyric: 3 (notes 1, 4, 5)\n");
+    EXPECT_EQ(lastShown(6, ""), "notes without a lyric: 6 (notes 1, 2, 3, 4, 5, 6)\n");
+    EXPECT_EQ(lastShown(9, "type 1 hello\n"),
+              "notes without a lyric: 7 (notes 3, 4, 5, 6, 7, 8, ...)\n");
 }
 
 TEST(SessionCommands, TypeTellsTheOldAndTheNewLyricOfEachNote) {
@@ -51,6 +73,36 @@ TEST(SessionCommands, TypeTellsTheOldAndTheNewLyricOfEachNote) {
     expectAnswer("type 4 twinkle love", "> type 4 twinkle love\n"
                                         "note 4: \"love[l ah v]\" -> "
                                         "\"twinkle love[t w ih ng]\"\n");
+}
+
+TEST(SessionCommands, TypeSaysWhatOfTheLyricIsNotSung) {
+    expectAnswer("type 4 love, xyzzy me",
+                 "> type 4 love, xyzzy me\n"
+                 "note 4: \"love[l ah v]\" -> \"love, xyzzy me[m iy]\"\n"
+                 "\"love,\" is not sung: a mark sticks to it. Write \"love\".\n"
+                 "\"xyzzy\" is not sung: the dictionary does not have it. Write its phonemes in "
+                 "brackets behind it.\n");
+    expectAnswer("type 4 xyzzy\nundo\nredo",
+                 "> type 4 xyzzy\n"
+                 "note 4: \"love[l ah v]\" -> \"xyzzy\"\n"
+                 "\"xyzzy\" is not sung: the dictionary does not have it. Write its phonemes in "
+                 "brackets behind it.\n"
+                 "> undo\nnote 4: \"xyzzy\" -> \"love[l ah v]\"\n"
+                 "> redo\nnote 4: \"love[l ah v]\" -> \"xyzzy\"\n");
+    expectAnswer("add 5 1 C4 love?",
+                 "> add 5 1 C4 love?\nnote 5 is new: \"love?\"\n\"love?\" is not "
+                 "sung: a mark sticks to it. Write \"love\".\n");
+}
+
+TEST(SessionCommands, TypeSaysNothingOfHyphensThatHold) {
+    expectAnswer("type 3 lo-ve", "> type 3 lo-ve\n"
+                                 "note 3: \"[r a]\" -> \"lo-ve[l ah]\"\n");
+}
+
+TEST(SessionCommands, TypeTakesLyricsThatAreTooLongToCheck) {
+    const std::string lyric(1'001, 'x');
+    expectAnswer("type 4 " + lyric,
+                 "> type 4 " + lyric + "\nnote 4: \"love[l ah v]\" -> \"" + lyric + "\"\n");
 }
 
 TEST(SessionCommands, TypeEmptiesANoteWithTwoQuotationMarks) {
@@ -197,6 +249,19 @@ TEST(SessionCommands, HelpNamesEveryCommand) {
     }
 }
 
+TEST(SessionCommands, HelpTellsOfOneCommand) {
+    expectAnswer("help undo", "> help undo\n"
+                              "  command  what it does\n"
+                              "  undo     take the last edit back\n");
+    expectAnswer("help type",
+                 "> help type\n"
+                 "  command         what it does\n"
+                 "  type NOTE TEXT  type a lyric into a note: all up to the end of the line, "
+                 "without quotation marks\n"
+                 "                  (\"\" alone empties it); a hyphen holds a syllable over one "
+                 "more note: type 1 Glo-ria\n");
+}
+
 TEST(SessionCommands, QuitEndsTheScript) {
     expectAnswer("quit\nbogus", "> quit\n");
 }
@@ -247,6 +312,7 @@ INSTANTIATE_TEST_SUITE_P(
                 "a time at which no other note sounds, found one at which note 3 does"},
         Mistake{"delete 99999999999", "a note from 1 to 4, found '99999999999'"},
         Mistake{"redo", "an undone edit to do again, found none"},
+        Mistake{"help sing", "a command ('help' lists them), found 'sing'"},
         Mistake{"undo now", "the command alone, found 'now' behind it"},
         Mistake{"tracks 2", "a track from 1 to 1, found '2'"},
         Mistake{"save", "the name of a file, found nothing"},

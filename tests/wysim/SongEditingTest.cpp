@@ -215,7 +215,7 @@ TEST_F(SongEditingTest, TakesADivisionOfTheOpenedSongAsOneTypedBracket) {
 }
 
 TEST_F(SongEditingTest, KeepsWhereTheScoreBeginsSyllables) {
-    const auto score = songFrom(scoreOf("Glo- _ _ ri- a"));
+    const auto score = songFrom(scoreOfSyllables("Glo- _ _ ri- a"));
     edit(score, [](SongEditing& editing) {
         const auto syllables = [&] {
             return wysim::session::wordsOf(editing.inEditor().typedSong())[0].notesOfSyllables;

@@ -25,17 +25,17 @@ namespace wybeta::tests {
 
 namespace {
 
-using nlohmann::json;
+using Json = nlohmann::json;
 using wysim::song::Song;
 
 using Texts = std::vector<std::string>;
 
-json parsed(const std::string& answer) {
-    return json::parse(answer);
+Json parsed(const std::string& answer) {
+    return Json::parse(answer);
 }
 
 // One member of each note of a track.
-Texts each(const json& song, const char* member, std::size_t track = 0) {
+Texts each(const Json& song, const char* member, std::size_t track = 0) {
     Texts texts;
     for (const auto& note : song.at("tracks").at(track).at("notes")) {
         texts.push_back(note.at(member));
@@ -61,9 +61,9 @@ class SongPageTest : public testing::Test {
 protected:
     void TearDown() override { page.close(); }
 
-    json open(const Song& song) { return parsed(page.open(jsonFromSong(song), "song.json")); }
-    json openScore(const std::string& syllables) {
-        return parsed(page.open(scoreOf(syllables), "score.musicxml"));
+    Json open(const Song& song) { return parsed(page.open(jsonFromSong(song), "song.json")); }
+    Json openScore(const std::string& syllables) {
+        return parsed(page.open(scoreOfSyllables(syllables), "score.musicxml"));
     }
 
     // Expects that the answer is an error, and that the song is as it was; gives the sentence.
@@ -92,12 +92,12 @@ TEST_F(SongPageTest, TellsOfASongAndItsNotes) {
     song.tracks[0].notes[1].pitch = 61;
     const auto answer = open(song);
     EXPECT_EQ(answer.at("title"), song.title);
-    EXPECT_EQ(answer.at("time"), (json{{"beats", 3}, {"beatType", 4}}));
+    EXPECT_EQ(answer.at("time"), (Json{{"beats", 3}, {"beatType", 4}}));
     EXPECT_EQ(answer.at("pickup"), 0.5);
     EXPECT_EQ(answer.at("canUndo"), false);
     EXPECT_EQ(answer.at("canRedo"), false);
     EXPECT_EQ(answer.at("tracks").at(0).at("name"), "Singer");
-    EXPECT_EQ(answer.at("tracks").at(0).at("notes").at(1), (json{{"start", 1.75},
+    EXPECT_EQ(answer.at("tracks").at(0).at("notes").at(1), (Json{{"start", 1.75},
                                                                  {"length", 1},
                                                                  {"pitch", 61},
                                                                  {"pitchName", "C#4"},
@@ -129,11 +129,11 @@ TEST_F(SongPageTest, OpensAnExampleForEachLanguage) {
 }
 
 TEST_F(SongPageTest, OpensEveryKindOfFileWithItsWarnings) {
-    EXPECT_EQ(open(songOf({"la*"})).at("warnings"), json::array());
+    EXPECT_EQ(open(songOf({"la*"})).at("warnings"), Json::array());
     const auto bytes = bytesOf(dataFile("plain.musicxml"));
     const auto expected = openBytes(bytes);
     const auto score = parsed(page.open(bytes, "PLAIN.XML"));
-    EXPECT_EQ(score.at("warnings"), json(expected.warnings));
+    EXPECT_EQ(score.at("warnings"), Json(expected.warnings));
     EXPECT_EQ(each(score, "typed"), (Texts{"さくら", "", "", "love"}));
     const auto two = parsed(page.open(bytesOf(dataFile("two-voices.musicxml")), "x.musicxml"));
     EXPECT_EQ(two.at("tracks").size(), 2u);
@@ -181,7 +181,7 @@ TEST_F(SongPageTest, TypesALyricAndSaysWhatIsNotSung) {
     EXPECT_EQ(each(song, "lyric"), (Texts{"loveキャンディ[ky a]", "[N]", "[d i]"}));
     EXPECT_EQ(each(song, "typed"), (Texts{"loveキャンディ", "", ""}));
     EXPECT_EQ(song.at("canUndo"), true);
-    const json check = {{"lyric", "loveキャンディ"},
+    const Json check = {{"lyric", "loveキャンディ"},
                         {"syllables", {"ky a", "N", "d i"}},
                         {"lost", 0},
                         {"findings",
@@ -207,11 +207,11 @@ TEST_F(SongPageTest, ChecksALyricThatTheSongWasOpenedWith) {
     open(songOf({"", "Hello,*"}));
     const auto check = parsed(page.check(1, 2));
     EXPECT_EQ(check.at("lyric"), "Hello,");
-    EXPECT_EQ(check.at("findings").at(0).at("mends"), json{"Hello"});
-    EXPECT_EQ(parsed(page.check(1, 1)), (json{{"lyric", ""},
-                                              {"syllables", json::array()},
+    EXPECT_EQ(check.at("findings").at(0).at("mends"), Json{"Hello"});
+    EXPECT_EQ(parsed(page.check(1, 1)), (Json{{"lyric", ""},
+                                              {"syllables", Json::array()},
                                               {"lost", 0},
-                                              {"findings", json::array()}}));
+                                              {"findings", Json::array()}}));
 }
 
 TEST_F(SongPageTest, TypesTheSameLyricAgainAfterTryingIt) {
@@ -301,7 +301,7 @@ TEST_F(SongPageTest, ChangesNoNotesByMistake) {
 TEST_F(SongPageTest, FitsAScoreAsFitDoes) {
     openScore("Glo- _ _ ri- a xyzzy");
     const auto song = parsed(page.fit(false));
-    EXPECT_EQ(song.at("fit"), (json{{"words", 2},
+    EXPECT_EQ(song.at("fit"), (Json{{"words", 2},
                                     {"asTheyAre", 0},
                                     {"hyphens", 1},
                                     {"otherEntries", 0},
@@ -340,6 +340,20 @@ TEST_F(SongPageTest, FitsByBracketsWhenAskedTo) {
     EXPECT_EQ(song.at("fit").at("brackets"), 1);
     EXPECT_EQ(each(song, "lyric"), (Texts{"さくら[s a]", "[k u r a]"}));
     EXPECT_EQ(each(song, "typed"), (Texts{"さくら[s a,k u r a]", ""}));
+}
+
+TEST_F(SongPageTest, OpensAHeldVowelThatItSavedAsItWasTyped) {
+    open(songOf({"hel-lo*", "", ""}));
+    const auto file = parsed(page.save("musicxml"));
+    const auto song = parsed(page.open(file.at("text"), file.at("name")));
+    EXPECT_EQ(each(song, "typed"), (Texts{"hel-lo", "", ""}));
+}
+
+TEST_F(SongPageTest, FitsNothingInASongWithoutWords) {
+    open(songOf({"", ""}));
+    const auto song = parsed(page.fit(true));
+    EXPECT_EQ(song.at("fit").at("words"), 0);
+    EXPECT_EQ(song.at("canUndo"), false);
 }
 
 TEST_F(SongPageTest, MakesNoEditOfAFitThatFindsAllInPlace) {

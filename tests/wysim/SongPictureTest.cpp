@@ -93,13 +93,13 @@ TEST(SongPicture, ComesFromASessionWithEveryLyric) {
          {"twinkle", "amazing-grace", "sakura", "hello-sakura", "gloria"}) {
         const auto song = sourceFile(std::string("wysim/songs/") + name + ".musicxml");
         const auto svg = folder.file("song.svg").u8string();
-        const auto json = folder.file("song.json");
+        const auto saved = folder.file("song.json");
         ASSERT_EQ(
-            runProgram({song.u8string(), "--svg", svg, "--script", "-"}, "save " + json.u8string())
+            runProgram({song.u8string(), "--svg", svg, "--script", "-"}, "save " + saved.u8string())
                 .status,
             0);
         const auto texts = textsOf(bytesOf(svg), "//rect/title");
-        for (const auto& track : readSong(json).tracks) {
+        for (const auto& track : readSong(saved).tracks) {
             for (const auto& note : track.notes) {
                 EXPECT_EQ(texts.count(note.lyric) > 0, true) << note.lyric;
             }

@@ -47,7 +47,7 @@ SongWord wordOf(const std::string& text, const std::string& notes) {
     return divided(text, ofSyllables);
 }
 
-std::string nameOf(Outcome outcome) {
+std::string described(Outcome outcome) {
     static const std::map<Outcome, std::string> names = {
         {Outcome::AsItIs, "as it is"},        {Outcome::Hyphens, "hyphens"},
         {Outcome::OtherEntry, "other entry"}, {Outcome::Brackets, "brackets"},
@@ -59,7 +59,7 @@ std::string nameOf(Outcome outcome) {
 
 // How it is fitted, the text, what the notes carry, and the reason why not.
 std::string described(const FittedWord& fitted) {
-    std::string text = nameOf(fitted.outcome) + ": " + fitted.text;
+    std::string text = described(fitted.outcome) + ": " + fitted.text;
     for (const auto& syllable : fitted.carried) {
         text += " [" + syllable + "]";
     }
@@ -167,8 +167,9 @@ INSTANTIATE_TEST_SUITE_P(
                             "divided otherwise: hello [hh ah]: 2 syllables for 1 note"},
                     FitCase{"NotReached", "fiasco", "1+1+2",
                             "not reached: fiasco [f iy] [ae] [s k ow]: no hyphen holds syllable 3"},
-                    FitCase{"BracketsThatAreTooShort", "la[l a]", "=2",
-                            "not reached: la[l a] [l a]: no hyphen holds syllable 1"}),
+                    FitCase{
+                        "BracketsThatAreTooShort", "la[l a]", "=2",
+                        "not reached: la[l a] [l a]: its brackets give 1 syllable for 2 notes"}),
     [](const auto& test) { return std::string(test.param.name); });
 
 std::string repeated(const std::string& text, std::size_t count) {

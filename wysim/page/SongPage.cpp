@@ -5,7 +5,6 @@
 #include "wysim/page/SongJson.h"
 #include "wysim/picture/NoteText.h"
 #include "wysim/session/PlainWord.h"
-#include "wysim/session/ScratchTrack.h"
 #include "wysim/session/SongWords.h"
 #include "wysim/session/TextCheck.h"
 #include "wysim/session/Wording.h"
@@ -19,7 +18,6 @@
 #include <algorithm>
 #include <exception>
 #include <filesystem>
-#include <map>
 #include <new>
 #include <optional>
 #include <utility>
@@ -219,14 +217,8 @@ void SongPage::show(const song::Song& song, const std::string& name) {
 // A file holds divisions, of which a person typed the words alone.
 void SongPage::takeBracketsOff(const OpenSong& open) {
     auto project = session_.editor().openProject();
-    session::ScratchTrack scratch(project);
-    std::map<std::pair<std::string, std::size_t>, std::string> known;
-    for (const auto& word : session::wordsOf(open.opened)) {
-        const auto [plain, isNew] = known.try_emplace({word.text, word.notes});
-        if (isNew) {
-            plain->second = plainWord(scratch, word);
-        }
-        open.editing.inEditor().setTypedLyric(word.track - 1, word.note - 1, plain->second);
+    for (const auto& word : session::wordsOf(session::withPlainWords(project, open.opened))) {
+        open.editing.inEditor().setTypedLyric(word.track - 1, word.note - 1, word.text);
     }
 }
 

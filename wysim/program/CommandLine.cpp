@@ -26,7 +26,11 @@ constexpr auto kDescription =
     "Opens a song in a simulated editor in which WY Beta divides its lyrics.\n\n"
     "A song is a score in MusicXML (.musicxml, .xml, .mxl) or a file of wysim's own (.json).\n"
     "Without a song, an example is opened. Without --script or --svg you type commands at a\n"
-    "prompt; 'help' lists them. The subcommands do one piece of work and end; each has a --help.";
+    "prompt; 'help' lists them. The subcommands do one piece of work and end; each has a\n"
+    "--help.\n\n"
+    "A melody without words gets them in a session. Open it, type each word into its first\n"
+    "note (type 1 Glo-ria: a hyphen holds a syllable over one more note), see with 'show'\n"
+    "what each note carries, and 'save song.musicxml'. 'fit' is for a song that has its words.";
 constexpr auto kExitStatuses =
     "Exit status: 0 done, 3 done but words are left that 'fit' could not fit or that 'check'\n"
     "says are not sung, 2 a mistake in a file, a command or an option, 1 the module could not be\n"
@@ -117,9 +121,10 @@ public:
         } catch (const CLI::CallForVersion& version) {
             line_.help = version.what() + std::string("\n");
             return line_;
+        } catch (const CLI::ExtrasError&) {
+            throw song::BadInput::expectedFound(expectedArguments(), unknownArguments());
         } catch (const CLI::ParseError& error) {
-            throw song::BadInput::expectedFound("arguments as 'wysim --help' shows them",
-                                                error.what());
+            throw song::BadInput::expectedFound(expectedArguments(), error.what());
         }
         takeFile();
         expectOwnOptions();
@@ -128,6 +133,23 @@ public:
     }
 
 private:
+    std::string expectedArguments() const {
+        std::string call = "wysim ";
+        for (const auto* const command : app_.get_subcommands()) {
+            call += command->get_name() + " ";
+        }
+        return "arguments as '" + call + "--help' shows them";
+    }
+
+    std::string unknownArguments() const {
+        constexpr bool kOfCommandsAsWell = true;
+        std::string arguments;
+        for (const auto& argument : app_.remaining(kOfCommandsAsWell)) {
+            arguments += (arguments.empty() ? "" : " ") + argument;
+        }
+        return arguments + ", which it does not know";
+    }
+
     void addCompare() {
         auto& compare =
             addCommand(Command::Compare, "compare", "Compare syllables with notes, word by word");
@@ -138,7 +160,8 @@ private:
     void addFit() {
         auto& fit = addCommand(Command::Fit, "fit",
                                "Find what to type so that each syllable comes out on its notes");
-        addFile(fit, "SONG", "The song whose words are fitted");
+        addFile(fit, "SONG",
+                "The song whose words are fitted; a melody gets them in a session first");
         addVerse(fit);
         fit.add_flag("--brackets", line_.usesBrackets,
                      "Write phonemes in brackets where nothing else fits");
@@ -177,7 +200,8 @@ private:
     }
     void addModule(CLI::App& app) {
         app.add_option("--module", line_.module,
-                       "The module file or folder (default: the one built)")
+                       "The module file or folder (default: the WyBeta.vst3 beside wysim, or "
+                       "the one built)")
             ->type_name("FILE");
     }
 

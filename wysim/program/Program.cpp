@@ -8,7 +8,9 @@
 #include "wysim/session/CheckReport.h"
 #include "wysim/session/Comparison.h"
 #include "wysim/session/Fitting.h"
+#include "wysim/session/PlainWord.h"
 #include "wysim/session/Session.h"
+#include "wysim/session/SongWords.h"
 #include "wysim/session/TextCheck.h"
 #include "wysim/session/Wording.h"
 #include "wysim/song/BadInput.h"
@@ -133,9 +135,19 @@ int runSession(const CommandLine& line, const song::Song& song, simulator::Edito
     return status;
 }
 
+// Without words there is nothing to fit, and nothing to write.
+void expectWords(const song::Song& song) {
+    if (session::wordsOf(song).empty()) {
+        throw song::BadInput::expectedFound("a song with words to fit",
+                                            "none; type them first, in a session: 'wysim SONG'");
+    }
+}
+
 int runFit(const CommandLine& line, const song::Song& song, simulator::Editor& editor,
            terminal::Progress& progress, std::ostream& out) {
-    const auto words = session::fitWords(editor, song, line.usesBrackets, progress);
+    expectWords(song);
+    const auto words = session::fitWords(editor, session::withPlainWords(editor, song),
+                                         line.usesBrackets, progress);
     out << session::fittingTable(words);
     const auto fitted = session::fittedSong(song, words);
     if (!line.save.empty()) {

@@ -85,6 +85,16 @@ Totals totalsOf(const std::vector<CheckedLyric>& lines) {
     return totals;
 }
 
+// Only what is sung has syllables.
+std::string countedSyllables(const Totals& totals) {
+    const auto syllables = "syllables: " + std::to_string(totals.syllables);
+    if (totals.unsung == 0) {
+        return syllables;
+    }
+    return syllables + ", without the " + std::to_string(totals.unsung) +
+           (totals.unsung == 1 ? " word that is" : " words that are") + " not sung";
+}
+
 std::string padded(std::size_t number, std::size_t width) {
     const auto digits = std::to_string(number);
     return std::string(width - std::min(width, digits.size()), ' ') + digits;
@@ -109,8 +119,7 @@ std::string checkReport(const std::vector<CheckedLyric>& lines) {
         }
     }
     const auto totals = totalsOf(lines);
-    return report + "lines: " + std::to_string(totals.lines) +
-           "; syllables: " + std::to_string(totals.syllables) +
+    return report + "lines: " + std::to_string(totals.lines) + "; " + countedSyllables(totals) +
            "; not sung: " + std::to_string(totals.unsung) +
            ", to look at: " + std::to_string(totals.toLookAt) + "\n";
 }

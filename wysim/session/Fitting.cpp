@@ -49,14 +49,9 @@ std::vector<FittedSongWord> fitWords(simulator::Editor& editor, const song::Song
 
 song::Song fittedSong(song::Song song, const std::vector<FittedSongWord>& words) {
     for (const auto& [word, fitted] : words) {
-        if (fitted.text == word.text) {
-            continue;
+        if (fitted.text != word.text) {
+            typeWord(song, word, fitted.text);
         }
-        auto& notes = song.tracks[word.track - 1].notes;
-        const auto first = notes.begin() + static_cast<std::ptrdiff_t>(word.note - 1);
-        first->lyric = fitted.text;
-        std::for_each(first + 1, first + static_cast<std::ptrdiff_t>(word.notes),
-                      [](auto& note) { note.lyric.clear(); });
     }
     return song;
 }

@@ -2,10 +2,26 @@
 #include "wysim/session/PlainWord.h"
 
 #include "wysim/picture/NoteText.h"
+#include "wysim/session/ScratchTrack.h"
+#include "wysim/session/SongWords.h"
+#include "wysim/session/Wording.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <map>
+#include <string>
+#include <utility>
 
 namespace wybeta::wysim::session {
+
+namespace {
+
+// In a bracket, the space of "- " goes, by which a syllable without further consonants is held.
+bool areAlike(const Syllables& some, const Syllables& others) {
+    return std::equal(
+        some.begin(), some.end(), others.begin(), others.end(),
+        [](const auto& one, const auto& other) { return trimmed(one) == trimmed(other); });
+}
 
 std::string plainWord(ScratchTrack& scratch, const SongWord& word) {
     const auto plain = picture::NoteText(word.text).lyric;
@@ -16,7 +32,24 @@ std::string plainWord(ScratchTrack& scratch, const SongWord& word) {
     auto syllables = scratch.divide(plain);
     // Those that the notes had no room for are not in the bracket.
     syllables.resize(std::min(syllables.size(), word.notes));
-    return syllables == carried ? plain : word.text;
+    return areAlike(syllables, carried) ? plain : word.text;
+}
+
+} // namespace
+
+song::Song withPlainWords(simulator::Editor& editor, song::Song song) {
+    ScratchTrack scratch(editor);
+    std::map<std::pair<std::string, std::size_t>, std::string> known;
+    for (const auto& word : wordsOf(song)) {
+        const auto [plain, isNew] = known.try_emplace({word.text, word.notes});
+        if (isNew) {
+            plain->second = plainWord(scratch, word);
+        }
+        if (plain->second != word.text) {
+            typeWord(song, word, plain->second);
+        }
+    }
+    return song;
 }
 
 } // namespace wybeta::wysim::session

@@ -3,6 +3,7 @@
 
 #include "wysim/picture/SongPicture.h"
 #include "wysim/session/SongChanges.h"
+#include "wysim/session/UnsungParts.h"
 #include "wysim/session/Wording.h"
 #include "wysim/song/BadInput.h"
 #include "wysim/song/NumberText.h"
@@ -53,6 +54,27 @@ double time(std::string_view text, const char* what) {
     return *value;
 }
 
+// Says which notes of a track carry no lyric. They may be many: the first few are named.
+std::string notesWithoutLyric(const SongInEditor& song, std::size_t track) {
+    constexpr std::size_t kMostNamed = 6;
+    std::size_t count = 0;
+    std::string numbers;
+    for (std::size_t i = 0; i < song.countNotes(track); ++i) {
+        if (!song.note(track, i).lyric().empty()) {
+            continue;
+        }
+        if (count < kMostNamed) {
+            numbers += (count == 0 ? "" : ", ") + std::to_string(i + 1);
+        }
+        ++count;
+    }
+    if (count == 0) {
+        return "every note carries a lyric";
+    }
+    return "notes without a lyric: " + std::to_string(count) +
+           (count == 1 ? " (note " : " (notes ") + numbers + (count > kMostNamed ? ", ...)" : ")");
+}
+
 // Two quotation marks stand for an empty lyric.
 std::string lyricFrom(std::string_view text) {
     return text == "\"\"" ? std::string() : std::string(text);
@@ -63,7 +85,10 @@ std::string lyricFrom(std::string_view text) {
 const std::vector<Session::Command> Session::kCommands = {
     {"show", "[FROM [TO]]", "list the notes of the track", &Session::show, false},
     {"tracks", "[NUMBER]", "list the tracks, or go to one", &Session::tracks, false},
-    {"type", "NOTE TEXT", "type a lyric into a note; \"\" empties it", &Session::type, true},
+    {"type", "NOTE TEXT",
+     "type a lyric into a note: all up to the end of the line, without quotation marks\n"
+     "(\"\" alone empties it); a hyphen holds a syllable over one more note: type 1 Glo-ria",
+     &Session::type, true},
     {"add", "START LENGTH PITCH [TEXT]", "add a note, such as: add 4 1 C4 love", &Session::add,
      true},
     {"delete", "NOTE", "delete a note", &Session::remove, true},
@@ -73,7 +98,7 @@ const std::vector<Session::Command> Session::kCommands = {
     {"save", "FILE", "write the song (.json, .musicxml, .xml) or its picture (.svg)",
      &Session::save, false},
     {"history", "", "list the commands so far; !3 runs the third again", &Session::history, false},
-    {"help", "", "show this list", &Session::help, false},
+    {"help", "[COMMAND]", "show this list, or tell of one command", &Session::help, false},
     {"quit", "", "end the session", &Session::quit, false},
 };
 
@@ -109,26 +134,41 @@ std::string Session::recalled(std::string_view line) const {
 }
 
 void Session::perform(std::string_view line) {
-    const auto name = takeWord(line);
+    const auto& command = commandNamed(takeWord(line));
+    if (command.changesNotes) {
+        change(command, line);
+    } else {
+        (this->*command.perform)(line);
+    }
+}
+
+const Session::Command& Session::commandNamed(std::string_view name) {
     const auto command =
         std::find_if(kCommands.begin(), kCommands.end(),
                      [name](const auto& candidate) { return candidate.name == name; });
     if (command == kCommands.end()) {
         throw song::BadInput::expectedFound("a command ('help' lists them)", inQuotes(name));
     }
-    if (!command->changesNotes) {
-        (this->*command->perform)(line);
-        return;
-    }
+    return *command;
+}
+
+void Session::change(const Command& command, std::string_view arguments) {
+    remarks_.clear();
     const SongChanges changes(inEditor());
-    (this->*command->perform)(line);
-    const auto lines = changes.lines();
-    for (const auto& change : lines) {
-        out_ << change << "\n";
-    }
+    (this->*command.perform)(arguments);
+    auto lines = changes.lines();
     if (lines.empty()) {
-        out_ << "no lyric changed\n";
+        lines.emplace_back("no lyric changed");
     }
+    lines.insert(lines.end(), remarks_.begin(), remarks_.end());
+    for (const auto& line : lines) {
+        out_ << line << "\n";
+    }
+}
+
+void Session::checkLyric(const std::string& lyric) {
+    remarks_ = sentencesOnUnsungParts(editor_, lyric);
+    editor_.notify();
 }
 
 void Session::show(Arguments arguments) {
@@ -151,6 +191,9 @@ void Session::show(Arguments arguments) {
                    song::formatNumber(note.length), song::formatPitch(note.pitch), note.lyric});
     }
     out_ << table.text();
+    if (from.empty() && count > 0) {
+        out_ << notesWithoutLyric(inEditor(), track_) << "\n";
+    }
 }
 
 void Session::tracks(Arguments arguments) {
@@ -170,7 +213,9 @@ void Session::type(Arguments arguments) {
     if (arguments.empty()) {
         throw song::BadInput::expectedFound("a text behind the note (\"\" for none)", "nothing");
     }
-    editing_.type(track_, index, lyricFrom(arguments));
+    const auto lyric = lyricFrom(arguments);
+    checkLyric(lyric);
+    editing_.type(track_, index, lyric);
 }
 
 void Session::add(Arguments arguments) {
@@ -184,6 +229,7 @@ void Session::add(Arguments arguments) {
     }
     note.pitch = *pitch;
     note.lyric = lyricFrom(arguments);
+    checkLyric(note.lyric);
     editing_.add(track_, note);
 }
 
@@ -226,14 +272,26 @@ void Session::history(Arguments arguments) {
 }
 
 void Session::help(Arguments arguments) {
-    expectNothing(arguments);
-    terminal::TextTable table({"command", "what it does"});
-    for (const auto& command : kCommands) {
-        table.add({std::string(command.name) + " " + std::string(command.arguments),
-                   std::string(command.help)});
+    if (!arguments.empty()) {
+        out_ << helpOn({commandNamed(arguments)});
+        return;
     }
-    out_ << table.text()
+    out_ << helpOn(kCommands)
          << "Notes are counted from 1 within the track, times in quarter notes from 0.\n";
+}
+
+std::string Session::helpOn(const std::vector<Command>& commands) {
+    terminal::TextTable table({"command", "what it does"});
+    for (const auto& command : commands) {
+        auto call = std::string(command.name) + " " + std::string(command.arguments);
+        for (auto rest = command.help; !rest.empty();) {
+            const auto line = rest.substr(0, rest.find('\n'));
+            table.add({call, std::string(line)});
+            call.clear();
+            rest.remove_prefix(std::min(line.size() + 1, rest.size()));
+        }
+    }
+    return table.text();
 }
 
 void Session::quit(Arguments arguments) {

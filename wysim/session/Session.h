@@ -36,14 +36,21 @@ private:
     struct Command {
         std::string_view name;
         std::string_view arguments;
-        std::string_view help;
+        std::string_view help; // of one line or more
         void (Session::*perform)(Arguments);
         bool changesNotes;
     };
     static const std::vector<Command> kCommands;
 
+    static const Command& commandNamed(std::string_view name);
+    static std::string helpOn(const std::vector<Command>& commands);
+
     std::string recalled(std::string_view line) const;
     void perform(std::string_view line);
+    // Performs a command that may change notes, and tells what it has changed.
+    void change(const Command& command, std::string_view arguments);
+    // Finds out what of a lyric that is about to be typed is not sung.
+    void checkLyric(const std::string& lyric);
 
     void show(Arguments arguments);
     void tracks(Arguments arguments);
@@ -68,6 +75,7 @@ private:
     std::ostream& out_;
     std::size_t track_ = 0; // that commands are about
     std::vector<std::string> history_;
+    std::vector<std::string> remarks_; // on the lyric of the last command
     bool isOver_ = false;
 };
 

@@ -3,6 +3,7 @@
 
 #include "wysim/song/ScoreLyric.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace wybeta::wysim::session {
@@ -51,6 +52,14 @@ std::vector<SongWord> wordsOf(const song::Song& song) {
         addWordsOf(song.tracks[track], track + 1, words);
     }
     return words;
+}
+
+void typeWord(song::Song& song, const SongWord& word, const std::string& text) {
+    auto& notes = song.tracks[word.track - 1].notes;
+    const auto first = notes.begin() + static_cast<std::ptrdiff_t>(word.note - 1);
+    first->lyric = text;
+    std::for_each(first + 1, first + static_cast<std::ptrdiff_t>(word.notes),
+                  [](auto& note) { note.lyric.clear(); });
 }
 
 } // namespace wybeta::wysim::session

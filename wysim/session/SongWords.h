@@ -22,4 +22,7 @@ struct SongWord {
 
 std::vector<SongWord> wordsOf(const song::Song& song);
 
+// Puts another text in the place of a word of the song, yet to be divided.
+void typeWord(song::Song& song, const SongWord& word, const std::string& text);
+
 } // namespace wybeta::wysim::session

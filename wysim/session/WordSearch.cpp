@@ -282,6 +282,11 @@ FittedWord WordSearch::notFitted() const {
         return asItIs(Outcome::NotReached,
                       "nothing was found in " + std::to_string(kMaxTries) + " tries");
     }
+    if (unreached_ && holdsBrackets(word_.text)) {
+        return asItIs(Outcome::NotReached, "its brackets give " +
+                                               counted(syllables.size(), "syllable") + " for " +
+                                               counted(word_.notes, "note"));
+    }
     if (unreached_) {
         return asItIs(Outcome::NotReached,
                       "no hyphen holds syllable " + std::to_string(*unreached_ + 1));
