@@ -92,6 +92,8 @@ describe("The page", () => {
     };
     await tabTo("Delete note");
     await page.keyboard.press("Tab");
+    assert.equal(await page.evaluate(() => document.activeElement.ariaLabel), "Close this hint");
+    await page.keyboard.press("Enter");
     assert.deepEqual(await focusedNote(page), [1, 1]);
     await page.keyboard.type("love");
     await page.keyboard.press("Enter");
@@ -158,6 +160,51 @@ describe("The page", () => {
       await page.keyboard.press("Enter");
       assert.equal(await noteAt(page, 8).getAttribute("data-phonemes"), "l ah v");
     }
+  });
+
+  it("keeps its buttons in sight on a telephone, and takes little room for them", async () => {
+    for (const locale of ["en-GB", "ja-JP"]) {
+      page = await openPage({ locale, viewport: PHONE, hasTouch: true, isMobile: true });
+      await openSong(page, songOf([emptyNotes(80)]));
+      await page.evaluate(() => scrollTo(0, 1e6));
+      for (const action of ["open", "stop", "fit", "deleteNote"]) {
+        const isInSight = await page.locator(`[data-action=${action}]`).evaluate((element) => {
+          const { left, right, top, bottom } = element.getBoundingClientRect();
+          return element.contains(document.elementFromPoint((left + right) / 2, (top + bottom) / 2));
+        });
+        assert.ok(isInSight, `${locale}: ${action}`);
+      }
+      const { height } = await page.locator("header").boundingBox();
+      assert.ok(height < PHONE.height / 5, `${locale}: ${height} pixels`);
+    }
+  });
+
+  it("is used by taps on a telephone, with buttons for the text field", async () => {
+    page = await openPage({ viewport: PHONE, hasTouch: true, isMobile: true });
+    assert.match(await page.locator("#intro").innerText(), /^Tap a note/);
+    await button(page, "Close this hint").tap();
+    assert.equal(await page.locator("#intro").count(), 0);
+    await openSong(page, songOf([emptyNotes(4)]));
+    await noteAt(page, 1).tap();
+    await page.keyboard.type("love");
+    await button(page, "Next note").tap();
+    assert.equal(await page.evaluate(() => document.activeElement.id), "lyric");
+    await page.keyboard.type("light");
+    await button(page, "OK").tap();
+    assert.deepEqual(await carried(page), ["love[l ah v]", "light[l ay t]"]);
+    assert.equal(await page.locator("#lyric").count(), 0);
+    await noteAt(page, 3).tap();
+    await page.keyboard.type("song");
+    await button(page, "Cancel").tap();
+    assert.deepEqual(await carried(page), ["love[l ah v]", "light[l ay t]"]);
+  });
+
+  it("has no buttons for the text field where there are keys, and says to click", async () => {
+    page = await openPage();
+    assert.match(await page.locator("#intro").innerText(), /^Click a note/);
+    await noteAt(page, 1).click();
+    assert.ok(await page.locator("#lyric-hint").isVisible());
+    assert.equal(await button(page, "OK").count(), 0);
   });
 
   it("shows the text field in full under the buttons and above the message", async () => {

@@ -60,6 +60,10 @@ class Page {
       fit: () => this.editing.fit(),
       addNote: () => this.editing.addAfter(chosen()),
       deleteNote: () => this.editing.remove(chosen()),
+      closeIntro: () => {
+        find("#intro").remove();
+        this.#roll.focus();
+      },
       switchLanguage: () => {
         switchLanguage();
         this.#translate();

@@ -5,9 +5,12 @@ export default {
   language: "en",
   otherLanguage: "日本語",
   pageTitle: "WY Beta – try it",
-  intro:
-    "Click a note, type a lyric, press Enter: the notes after it fill at once. A hyphen holds a " +
-    "syllable over one more note, as in Glo--ria. Fit finds the hyphens for all words of a score.",
+  intro: "Click a note, type a lyric, press Enter: the notes after it fill at once.",
+  introTouch: "Tap a note, type a lyric, press OK: the notes after it fill at once.",
+  introMore:
+    "A hyphen holds a syllable over one more note, as in Glo--ria. Fit finds the hyphens for all " +
+    "words of a score.",
+  closeIntro: "Close this hint",
 
   open: "Open",
   save: "Save",
@@ -53,6 +56,8 @@ export default {
   noteEmpty: "no lyric, {place}",
   notePlace: "{pitch}, bar {bar}",
   lyricField: "Lyric, {place}",
+  confirm: "OK",
+  goOn: "Next note",
   lyricHint: "Enter: confirm, Tab: next note, Escape: cancel",
 
   help: "Keys and gestures",

@@ -5,10 +5,12 @@ export default {
   language: "ja",
   otherLanguage: "English",
   pageTitle: "WY Beta を試す",
-  intro:
-    "音符をクリックして歌詞を入力し、Enter を押すと、後に続く音符にもすぐに割り当てられます。英単語は " +
-    "Glo--ria のようにハイフン一つで、かなは「ー」一つで、音符一つ分伸びます。「楽譜に合わせる」は、すべての" +
-    "単語について音符に合う書き方を探します。",
+  intro: "音符をクリックして歌詞を入力し、Enter を押すと、後に続く音符にもすぐに割り当てられます。",
+  introTouch: "音符をタップして歌詞を入力し、OK を押すと、後に続く音符にもすぐに割り当てられます。",
+  introMore:
+    "英単語は Glo--ria のようにハイフン一つで、かなは「ー」一つで、音符一つ分伸びます。「楽譜に合わせる」は、" +
+    "すべての単語について音符に合う書き方を探します。",
+  closeIntro: "このヒントを閉じる",
 
   open: "開く",
   save: "保存",
@@ -54,6 +56,8 @@ export default {
   noteEmpty: "歌詞なし、{place}",
   notePlace: "{pitch}、{bar} 小節目",
   lyricField: "歌詞、{place}",
+  confirm: "OK",
+  goOn: "次の音符",
   lyricHint: "Enter: 確定、Tab: 次の音符へ、Esc: 取り消し",
 
   help: "キーとマウスの操作",
