@@ -4,23 +4,13 @@ import { readFile } from "node:fs/promises";
 import { before, describe, it } from "node:test";
 import {
   AXE_FILE, button, carried, chooseFile, emptyNotes, focusedNote, noteAt, openPage, openSong, PROJECT,
-  songOf, status, type, useBrowser,
+  showEverything, songOf, status, type, useBrowser,
 } from "./browser.mjs";
 
 const AXE = await readFile(AXE_FILE, "utf8");
-const PHONE = { width: 360, height: 640 };
-
-/** All that the page can show at once. */
-async function showEverything(page) {
-  await openSong(page, songOf([emptyNotes(12), [{ start: 0 }, { start: 1000 }]]));
-  await type(page, 1, "Hello xyzzy");
-  await type(page, 4, "xyzzy");
-  await type(page, 5, "the beutiful cat");
-  await page.locator("summary").click();
-  await page.locator("#save").click();
-}
 
 describe("The checker of accessibility", () => {
+  let page;
   useBrowser();
 
   /** What axe objects to, in the light and in the dark. */
@@ -40,16 +30,19 @@ describe("The checker of accessibility", () => {
 
   for (const locale of ["en-GB", "ja-JP"]) {
     it(`objects to nothing, ${locale}`, async () => {
-      const page = await openPage({ locale });
+      page = await openPage({ locale });
       await showEverything(page);
       assert.deepEqual(await objections(page), []);
       await noteAt(page, 1).click();
       assert.deepEqual(await objections(page), []);
-      await chooseFile(page, `${PROJECT}wysim/songs/gloria.musicxml`);
-      assert.equal(await page.getByRole("dialog").count(), 1);
-      assert.deepEqual(await objections(page), []);
     });
   }
+
+  it("objects to nothing in the question about unsaved changes", async () => {
+    await chooseFile(page, `${PROJECT}wysim/songs/gloria.musicxml`);
+    assert.equal(await page.getByRole("dialog").count(), 1);
+    assert.deepEqual(await objections(page), []);
+  });
 });
 
 describe("The page", () => {
@@ -76,6 +69,13 @@ describe("The page", () => {
     }
     await noteAt(page, 2).click();
     assert.equal(await page.getByRole("textbox", { name: "Lyric, C4, bar 1" }).count(), 1);
+  });
+
+  it("says to click where there is a pointer, and has no buttons for the text field", async () => {
+    assert.match(await page.locator("#intro").innerText(), /^Click a note/);
+    await noteAt(page, 1).click();
+    assert.ok(await page.locator("#lyric-hint").isVisible());
+    assert.equal(await button(page, "OK").count(), 0);
   });
 
   it("does all by the keyboard alone", async () => {
@@ -145,66 +145,6 @@ describe("The page", () => {
     assert.equal(await page.evaluate(() => document.activeElement.textContent), "Undo");
     await button(page, "Undo").click({ force: true });
     assert.equal(await status(page), "Undone.");
-  });
-
-  it("has room on a telephone", async () => {
-    for (const locale of ["en-GB", "ja-JP"]) {
-      page = await openPage({ locale, viewport: PHONE, hasTouch: true, isMobile: true });
-      await showEverything(page);
-      const width = await page.evaluate(() => document.documentElement.scrollWidth);
-      assert.ok(width <= PHONE.width, `${locale}: ${width} pixels`);
-      await noteAt(page, 8).tap();
-      const { x, width: wide } = await page.locator("#lyric").boundingBox();
-      assert.ok(x >= 0 && x + wide <= PHONE.width);
-      await page.keyboard.type("love");
-      await page.keyboard.press("Enter");
-      assert.equal(await noteAt(page, 8).getAttribute("data-phonemes"), "l ah v");
-    }
-  });
-
-  it("keeps its buttons in sight on a telephone, and takes little room for them", async () => {
-    for (const locale of ["en-GB", "ja-JP"]) {
-      page = await openPage({ locale, viewport: PHONE, hasTouch: true, isMobile: true });
-      await openSong(page, songOf([emptyNotes(80)]));
-      await page.evaluate(() => scrollTo(0, 1e6));
-      for (const action of ["open", "stop", "fit", "deleteNote"]) {
-        const isInSight = await page.locator(`[data-action=${action}]`).evaluate((element) => {
-          const { left, right, top, bottom } = element.getBoundingClientRect();
-          return element.contains(document.elementFromPoint((left + right) / 2, (top + bottom) / 2));
-        });
-        assert.ok(isInSight, `${locale}: ${action}`);
-      }
-      const { height } = await page.locator("header").boundingBox();
-      assert.ok(height < PHONE.height / 5, `${locale}: ${height} pixels`);
-    }
-  });
-
-  it("is used by taps on a telephone, with buttons for the text field", async () => {
-    page = await openPage({ viewport: PHONE, hasTouch: true, isMobile: true });
-    assert.match(await page.locator("#intro").innerText(), /^Tap a note/);
-    await button(page, "Close this hint").tap();
-    assert.equal(await page.locator("#intro").count(), 0);
-    await openSong(page, songOf([emptyNotes(4)]));
-    await noteAt(page, 1).tap();
-    await page.keyboard.type("love");
-    await button(page, "Next note").tap();
-    assert.equal(await page.evaluate(() => document.activeElement.id), "lyric");
-    await page.keyboard.type("light");
-    await button(page, "OK").tap();
-    assert.deepEqual(await carried(page), ["love[l ah v]", "light[l ay t]"]);
-    assert.equal(await page.locator("#lyric").count(), 0);
-    await noteAt(page, 3).tap();
-    await page.keyboard.type("song");
-    await button(page, "Cancel").tap();
-    assert.deepEqual(await carried(page), ["love[l ah v]", "light[l ay t]"]);
-  });
-
-  it("has no buttons for the text field where there are keys, and says to click", async () => {
-    page = await openPage();
-    assert.match(await page.locator("#intro").innerText(), /^Click a note/);
-    await noteAt(page, 1).click();
-    assert.ok(await page.locator("#lyric-hint").isVisible());
-    assert.equal(await button(page, "OK").count(), 0);
   });
 
   it("shows the text field in full under the buttons and above the message", async () => {

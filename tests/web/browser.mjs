@@ -107,6 +107,16 @@ export async function type(page, note, lyric, track = 1) {
   await page.locator("#lyric").press("Enter");
 }
 
+/** Brings up all that the page can show at once. */
+export async function showEverything(page) {
+  await openSong(page, songOf([emptyNotes(12), [{ start: 0 }, { start: 1000 }]]));
+  await type(page, 1, "Hello xyzzy");
+  await type(page, 4, "xyzzy");
+  await type(page, 5, "the beutiful cat");
+  await page.locator("summary").click();
+  await page.locator("#save").click();
+}
+
 /** What the notes of a track carry, one after the other. */
 export function lyrics(page, track = 1) {
   return page.locator(`[data-track="${track}"][data-note]`)
