@@ -3,24 +3,14 @@ import assert from "node:assert/strict";
 import { readFile } from "node:fs/promises";
 import { before, describe, it } from "node:test";
 import {
-  AXE_FILE, button, carried, emptyNotes, focusedNote, noteAt, openPage, openSong, songOf, status, type,
-  useBrowser,
+  AXE_FILE, button, carried, chooseFile, emptyNotes, focusedNote, noteAt, openPage, openSong, PROJECT,
+  showEverything, songOf, status, type, useBrowser,
 } from "./browser.mjs";
 
 const AXE = await readFile(AXE_FILE, "utf8");
-const PHONE = { width: 360, height: 640 };
-
-/** All that the page can show at once. */
-async function showEverything(page) {
-  await openSong(page, songOf([emptyNotes(12), [{ start: 0 }, { start: 1000 }]]));
-  await type(page, 1, "Hello xyzzy");
-  await type(page, 4, "xyzzy");
-  await type(page, 5, "the beutiful cat");
-  await page.locator("summary").click();
-  await page.locator("#save").click();
-}
 
 describe("The checker of accessibility", () => {
+  let page;
   useBrowser();
 
   /** What axe objects to, in the light and in the dark. */
@@ -40,13 +30,19 @@ describe("The checker of accessibility", () => {
 
   for (const locale of ["en-GB", "ja-JP"]) {
     it(`objects to nothing, ${locale}`, async () => {
-      const page = await openPage({ locale });
+      page = await openPage({ locale });
       await showEverything(page);
       assert.deepEqual(await objections(page), []);
       await noteAt(page, 1).click();
       assert.deepEqual(await objections(page), []);
     });
   }
+
+  it("objects to nothing in the question about unsaved changes", async () => {
+    await chooseFile(page, `${PROJECT}wysim/songs/gloria.musicxml`);
+    assert.equal(await page.getByRole("dialog").count(), 1);
+    assert.deepEqual(await objections(page), []);
+  });
 });
 
 describe("The page", () => {
@@ -75,6 +71,13 @@ describe("The page", () => {
     assert.equal(await page.getByRole("textbox", { name: "Lyric, C4, bar 1" }).count(), 1);
   });
 
+  it("says to click where there is a pointer, and has no buttons for the text field", async () => {
+    assert.match(await page.locator("#intro").innerText(), /^Click a note/);
+    await noteAt(page, 1).click();
+    assert.ok(await page.locator("#lyric-hint").isVisible());
+    assert.equal(await button(page, "OK").count(), 0);
+  });
+
   it("does all by the keyboard alone", async () => {
     await openSong(page, songOf([emptyNotes(4)]));
     const tabTo = async (name) => {
@@ -89,6 +92,8 @@ describe("The page", () => {
     };
     await tabTo("Delete note");
     await page.keyboard.press("Tab");
+    assert.equal(await page.evaluate(() => document.activeElement.ariaLabel), "Close this hint");
+    await page.keyboard.press("Enter");
     assert.deepEqual(await focusedNote(page), [1, 1]);
     await page.keyboard.type("love");
     await page.keyboard.press("Enter");
@@ -102,6 +107,11 @@ describe("The page", () => {
     assert.deepEqual(await carried(page), ["love[l ah v]"]);
     await tabTo("Save");
     await page.keyboard.press("Enter");
+    await page.keyboard.press("Tab");
+    assert.equal(await page.evaluate(() => document.activeElement.textContent), "Project (.json)");
+    const use = await page.evaluate(() =>
+      document.getElementById(document.activeElement.getAttribute("aria-describedby")).textContent);
+    assert.match(use, /opened here or in wysim again/);
     await page.keyboard.press("Tab");
     assert.equal(await page.evaluate(() => document.activeElement.textContent), "Score (.musicxml)");
     await page.keyboard.press("Escape");
@@ -135,21 +145,6 @@ describe("The page", () => {
     assert.equal(await page.evaluate(() => document.activeElement.textContent), "Undo");
     await button(page, "Undo").click({ force: true });
     assert.equal(await status(page), "Undone.");
-  });
-
-  it("has room on a telephone", async () => {
-    for (const locale of ["en-GB", "ja-JP"]) {
-      page = await openPage({ locale, viewport: PHONE, hasTouch: true, isMobile: true });
-      await showEverything(page);
-      const width = await page.evaluate(() => document.documentElement.scrollWidth);
-      assert.ok(width <= PHONE.width, `${locale}: ${width} pixels`);
-      await noteAt(page, 8).tap();
-      const { x, width: wide } = await page.locator("#lyric").boundingBox();
-      assert.ok(x >= 0 && x + wide <= PHONE.width);
-      await page.keyboard.type("love");
-      await page.keyboard.press("Enter");
-      assert.equal(await noteAt(page, 8).getAttribute("data-phonemes"), "l ah v");
-    }
   });
 
   it("shows the text field in full under the buttons and above the message", async () => {

@@ -72,11 +72,24 @@ export async function openSong(page, song, name = "song.json") {
   await openFile(page, { name, mimeType: "application/octet-stream", buffer });
 }
 
-/** Opens a file, by its path or as it is; ends when the page has told what came of it. */
+/**
+ * Opens a file, by its path or as it is, and lets go of a song with changes; ends when the page has
+ * told what came of it.
+ */
 export async function openFile(page, file) {
+  await chooseFile(page, file);
+  if (await page.locator("dialog").isVisible()) {
+    await button(page, "Open without saving").or(button(page, "保存せずに開く")).click();
+  }
+  await page.waitForFunction(() => document.querySelector("[role=status]").textContent !== "");
+}
+
+/** Chooses a file to open; ends when the page has told or asked something. */
+export async function chooseFile(page, file) {
   await page.evaluate(() => document.querySelector("[role=status]").replaceChildren());
   await page.locator("#open-file").setInputFiles(file);
-  await page.waitForFunction(() => document.querySelector("[role=status]").textContent !== "");
+  await page.waitForFunction(() =>
+    document.querySelector("[role=status]").textContent !== "" || document.querySelector("dialog[open]"));
 }
 
 export function noteAt(page, note, track = 1) {
@@ -92,6 +105,16 @@ export async function type(page, note, lyric, track = 1) {
   await noteAt(page, note, track).click();
   await page.locator("#lyric").fill(lyric);
   await page.locator("#lyric").press("Enter");
+}
+
+/** Brings up all that the page can show at once. */
+export async function showEverything(page) {
+  await openSong(page, songOf([emptyNotes(12), [{ start: 0 }, { start: 1000 }]]));
+  await type(page, 1, "Hello xyzzy");
+  await type(page, 4, "xyzzy");
+  await type(page, 5, "the beutiful cat");
+  await page.locator("summary").click();
+  await page.locator("#save").click();
 }
 
 /** What the notes of a track carry, one after the other. */

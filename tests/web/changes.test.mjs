@@ -31,7 +31,9 @@ describe("What has changed between two lists", () => {
 });
 
 describe("A note", () => {
-  const note = { start: 0, length: 1, pitch: 60, lyric: "x", word: "x", phonemes: "", kind: "unsung" };
+  const note = {
+    start: 0, length: 1, pitch: 60, lyric: "x", word: "x", phonemes: "", kind: "unsung", unsungWords: "",
+  };
 
   it("looks the same whatever is not drawn", () => {
     assert.ok(looksSame(note, { ...note, typed: "y" }));

@@ -44,6 +44,8 @@ function crc32(bytes) {
   return ~crc >>> 0;
 }
 
+const BY_BRACKETS = "Fit the rest by phonemes in brackets";
+
 describe("A song", () => {
   let page;
   useBrowser();
@@ -59,6 +61,13 @@ describe("A song", () => {
       [page.waitForEvent("download"), button(page, name).click()]);
     const chunks = await (await download.createReadStream()).toArray();
     return { name: download.suggestedFilename(), text: Buffer.concat(chunks).toString() };
+  }
+
+  /** Fits the song by a button; gives what is said of it. */
+  async function fit(name) {
+    await button(page, name).click();
+    await page.waitForFunction(() => !/Fitting/.test(document.querySelector("[role=status]").textContent));
+    return status(page);
   }
 
   it("is opened by the button", async () => {
@@ -130,6 +139,15 @@ describe("A song", () => {
     assert.deepEqual(await carried(page), ["さくら[s a]", "[k u]", "[r a]"]);
   });
 
+  it("is called by its file when it has no title, also when it is saved", async () => {
+    await openSong(page, songOf([emptyNotes(2)]), "夜の歌.v2.json");
+    assert.equal(await title(), "夜の歌.v2");
+    assert.match(await status(page), /“夜の歌.v2” is open/);
+    await type(page, 1, "love");
+    assert.equal(await title(), "夜の歌.v2");
+    assert.equal((await saved("Score (.musicxml)")).name, "夜の歌.v2.musicxml");
+  });
+
   it("is saved as a score that opens again", async () => {
     await openFile(page, SCORE);
     const file = await saved("Score (.musicxml)");
@@ -151,24 +169,33 @@ describe("A song", () => {
   it("is fitted to the notes of its score, in one edit", async () => {
     await openFile(page, SCORE);
     const before = await lyrics(page);
-    await button(page, "Fit").click();
-    await page.waitForFunction(() => /Words: 5/.test(document.querySelector("[role=status]").textContent));
-    assert.equal(await status(page), "Words: 5; as they are: 2, with hyphens: 2, " +
-      "with other entries: 1, with brackets: 0; not fitted: 0.");
+    assert.equal(await fit("Fit"), "Fitted: 2 words by hyphens, 1 word by another pronunciation. " +
+      "2 words were on their notes already.");
     assert.deepEqual((await lyrics(page)).slice(0, 5),
       ["Glo--ria[g l ao]", "[-]", "[- ]", "[r iy]", "[ah]"]);
+    assert.equal(await fit("Fit"), "All 5 words are on their notes.");
     await button(page, "Undo").click();
     assert.deepEqual(await lyrics(page), before);
   });
 
-  it("tells of words that do not fit, and fits them by brackets when asked", async () => {
+  it("is told to have no words yet when it is fitted without any", async () => {
+    await openSong(page, songOf([emptyNotes(2)]));
+    assert.equal(await fit("Fit"), "There are no words to fit yet.");
+  });
+
+  it("tells of words that are not sung, and goes to them", async () => {
     const score = await readFile(SCORE, "utf8");
     await openSong(page, score.replace(">our<", ">xyzzy<"), "a.musicxml");
-    await button(page, "Fit").click();
+    assert.match(await fit("Fit"), /Not fitted: 1 word\.\s+"xyzzy" is not sung, so it can't be fitted/);
+    assert.equal(await button(page, BY_BRACKETS).count(), 0);
     await button(page, "Go to “xyzzy”").click();
     assert.equal(await page.evaluate(() => document.activeElement.dataset.note), "7");
-    await button(page, "Fit the rest by phonemes in brackets").click();
-    await page.waitForFunction(() => !/Fitting/.test(document.querySelector("[role=status]").textContent));
-    assert.match(await status(page), /with brackets: \d+/);
+  });
+
+  it("is fitted by brackets when asked, where they help", async () => {
+    await openSong(page, songOf([[{ lyric: "さくら", typed: true }, {}]]));
+    assert.match(await fit("Fit"), /^Not fitted: 1 word\./);
+    assert.equal(await fit(BY_BRACKETS), "Fitted: 1 word by brackets.");
+    assert.deepEqual(await lyrics(page), ["さくら[s a]", "[k u r a]"]);
   });
 });

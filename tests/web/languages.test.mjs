@@ -61,8 +61,9 @@ describe("The page", () => {
       ["桜", "「桜」は漢字なので歌われません。"],
       ["Hello, さくら", "「Hello,」は記号が付いているので歌われません。"],
       ["loveキャンディ", "かながすぐ後に続くので歌われません。"],
-      ["light-", "ハイフンの分だけ後の音符に音が伸びます。"],
+      ["light-", "「light-」は音符ごとにこう歌われます: l ay · - t\n\n「light-」のハイフンは、その分だけ"],
       ["ス0", "直前の音を消すか、休みになります。"],
+      ["さくらさくら", "音符が足りないので歌われません: k u · r a。"],
     ]) {
       await type(page, 1, lyric);
       assert.ok((await status(page)).includes(said), `${lyric}: ${await status(page)}`);
@@ -73,8 +74,8 @@ describe("The page", () => {
     const page = await openPage(JAPANESE);
     await openFile(page, `${PROJECT}wysim/songs/gloria.musicxml`);
     await button(page, "楽譜に合わせる").click();
-    await page.waitForFunction(() =>
-      /^単語: \d/.test(document.querySelector("[role=status]").textContent));
+    await page.waitForFunction(() => document.querySelector("[role=status]").textContent ===
+      "合わせました: ハイフンで 2 語、別の発音で 1 語。2 語は、もともと音符に合っています。");
     await button(page, "元に戻す").click();
     assert.equal(await status(page), "元に戻しました。");
   });
@@ -92,6 +93,8 @@ describe("The two languages", () => {
     for (const [name, text] of Object.entries(en)) {
       if (typeof text === "string") {
         assert.deepEqual(placesIn(ja[name]), placesIn(text), name);
+      } else if (text.other !== undefined) {
+        assert.deepEqual(placesIn(ja[name].other), placesIn(text.other), name);
       }
     }
   });
@@ -101,5 +104,6 @@ describe("The two languages", () => {
     const reasons = [...source.matchAll(/\{Reason::\w+, "([a-z-]+)"/g)].map(([, name]) => name);
     assert.ok(reasons.length > 10);
     assert.deepEqual(Object.keys(ja.findings).sort(), reasons.sort());
+    assert.ok(Object.keys(en.findings).every((reason) => reasons.includes(reason)));
   });
 });

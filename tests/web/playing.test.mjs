@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import assert from "node:assert/strict";
 import { before, beforeEach, describe, it } from "node:test";
-import { button, emptyNotes, noteAt, openPage, openSong, songOf, type, useBrowser } from "./browser.mjs";
+import {
+  button, emptyNotes, noteAt, openPage, openSong, songOf, status, type, useBrowser,
+} from "./browser.mjs";
 
 describe("Playing", () => {
   let page;
@@ -34,11 +36,13 @@ describe("Playing", () => {
     await button(page, "Play").click();
     await isLit(1);
     assert.deepEqual(await lit(), ["1/1", "2/1"]);
+    assert.equal(await status(page), "Playing.");
     await isLit(2);
     assert.deepEqual(await lit(), ["1/2", "2/2"]);
     await hasEnded();
     assert.deepEqual(await page.evaluate(() => globalThis.hertz), [440, 262, 880, 262]);
     assert.equal(await button(page, "Stop").getAttribute("aria-disabled"), "true");
+    assert.equal(await status(page), "Stopped.");
   });
 
   it("ends by Stop", async () => {
@@ -65,5 +69,6 @@ describe("Playing", () => {
     await isLit(1);
     await type(page, 1, "love");
     assert.deepEqual(await lit(), []);
+    assert.match(await status(page), /“love” is sung/);
   });
 });

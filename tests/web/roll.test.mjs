@@ -84,7 +84,39 @@ describe("The roll", () => {
     assert.equal(new Set(looks).size, 4, looks.join(", "));
     const samples = await page.locator(".legend .sample")
       .evaluateAll((list) => list.map((sample) => sample.dataset.kind));
-    assert.deepEqual(samples, ["word", "further", "unsung", "empty"]);
+    assert.deepEqual(samples, ["word", "further", "word", "unsung", "empty"]);
+  });
+
+  it("marks a note as long as words of its lyric are not sung", async () => {
+    await openSong(page, songOf([emptyNotes(8)]));
+    const isMarked = async (number) => {
+      const mark = await noteAt(page, number).evaluate((element) =>
+        getComputedStyle(element, "::before").content);
+      const [label, title] = await Promise.all(
+        ["aria-label", "title"].map((name) => noteAt(page, number).getAttribute(name)));
+      assert.equal(mark !== "none", /not sung: excelsis/.test(label));
+      assert.equal(mark !== "none", /\nNot sung: excelsis$/.test(title));
+      return mark !== "none";
+    };
+    await type(page, 1, "love excelsis light");
+    await type(page, 4, "love light");
+    assert.deepEqual([await isMarked(1), await isMarked(2), await isMarked(4)], [true, false, false]);
+    await noteAt(page, 1).focus();
+    await page.keyboard.press("Alt+ArrowUp");
+    assert.ok(await isMarked(1));
+    await page.keyboard.press("Delete");
+    assert.ok(!await isMarked(1));
+    for (let i = 0; i < 2; ++i) {
+      await page.keyboard.press("Control+z");
+      assert.ok(await isMarked(1));
+    }
+    await type(page, 1, "love light");
+    assert.ok(!await isMarked(1));
+    await page.keyboard.press("Control+z");
+    assert.ok(await isMarked(1));
+    await type(page, 1, "excelsis");
+    assert.match(await noteAt(page, 1).getAttribute("aria-label"), /^excelsis, not sung, C4/);
+    assert.equal(await noteAt(page, 1).getAttribute("data-kind"), "unsung");
   });
 
   it("goes from note to note by the arrow keys, and over rows and tracks", async () => {

@@ -189,12 +189,24 @@ describe("The line under the roll", () => {
 
   it("says what is sung", async () => {
     await type(page, 1, "Hello");
-    assert.equal(await status(page), "“Hello” is sung: hh ah · l ow");
+    assert.equal(await status(page), "“Hello” is sung, note by note: hh ah · l ow");
+  });
+
+  it("says what each note carries before it offers the word without its hyphens", async () => {
+    await type(page, 1, "Glo--ria");
+    const paragraphs = await page.locator("[role=status] p").allInnerTexts();
+    assert.equal(paragraphs[0], "“Glo--ria” is sung, note by note: g l ao · - · - · r iy · ah");
+    assert.equal(paragraphs.length, 2);
+    assert.match(paragraphs[1], /^The hyphens in “Glo--ria” hold a syllable over more notes\./);
+    assert.doesNotMatch(paragraphs.join(), /but|not sung/);
+    await button(page, "Type “Gloria”").click();
+    assert.equal((await lyrics(page))[0], "Gloria[g l ao]");
   });
 
   it("says what is not sung and why, and types the mend that is clicked", async () => {
     await type(page, 1, "the beutiful cat");
-    assert.match(await status(page), /"beutiful" is not sung: the dictionary does not have it/);
+    assert.match(await status(page), /^"beutiful" is not sung: the dictionary does not have it/);
+    assert.match(await status(page), /Sung of “the beutiful cat”, note by note: dh ah · k ae t$/);
     await button(page, "Type “beautiful”").click();
     assert.equal((await lyrics(page))[0], "the beautiful cat[dh ah]");
     assert.match(await status(page), /“the beautiful cat” is sung/);
@@ -229,8 +241,11 @@ describe("The line under the roll", () => {
     assert.match(said, /And 3 more\./);
   });
 
-  it("says that the notes ran out", async () => {
+  it("says which syllables were not sung when the notes ran out, and then which were", async () => {
     await type(page, 7, "さくら");
-    assert.match(await status(page), /The notes ran out: for 1 more there was none/);
+    assert.deepEqual(await page.locator("[role=status] p").allInnerTexts(), [
+      "Not sung, as the notes ran out: r a. Add notes and type it again.",
+      "Sung of “さくら”, note by note: s a · k u",
+    ]);
   });
 });

@@ -462,6 +462,20 @@ TEST_F(SongPageTest, NamesAFileOfASongWithoutATitle) {
     EXPECT_EQ(parsed(page.save("svg")).at("name"), "song.svg");
 }
 
+TEST_F(SongPageTest, CallsASongWithoutATitleByItsFile) {
+    auto song = songOf({"hello*", ""});
+    EXPECT_EQ(open(song).at("name"), "Song");
+    song.title = " ";
+    const auto opened = parsed(page.open(jsonFromSong(song), "夜の \"歌\".v2.json"));
+    EXPECT_EQ(opened.at("name"), "夜の \"歌\".v2");
+    EXPECT_EQ(parsed(page.type(1, 1, "love")).at("name"), "夜の \"歌\".v2");
+    EXPECT_EQ(parsed(page.save("musicxml")).at("name"), "夜の -歌-.v2.musicxml");
+    // The song itself gets no title by that.
+    EXPECT_EQ(songFrom(parsed(page.save("json")).at("text"), ".json").title, opened.at("title"));
+    const auto example = parsed(page.openExample("en"));
+    EXPECT_EQ(example.at("name"), example.at("title"));
+}
+
 } // namespace
 
 } // namespace wybeta::tests

@@ -20,7 +20,7 @@ export function changedRange(before, after, isSame) {
 /** Whether two notes look the same in the roll. */
 export function looksSame(a, b) {
   return isSamePlace(a, b) && a.lyric === b.lyric && a.word === b.word &&
-    a.phonemes === b.phonemes && a.kind === b.kind;
+    a.phonemes === b.phonemes && a.kind === b.kind && a.unsungWords === b.unsungWords;
 }
 
 export function isSamePlace(a, b) {

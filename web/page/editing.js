@@ -3,6 +3,7 @@ import { Mistake } from "./core.js";
 import { say } from "./language.js";
 import { endOf } from "./layout.js";
 import { checkReport, fitReport, warningsReport } from "./reports.js";
+import { UnsungWords } from "./unsung-words.js";
 
 const FIRST_NOTE = { start: 0, length: 1, pitch: 60 };
 
@@ -12,8 +13,12 @@ export class Editing {
   #roll;
   #message;
   #changed;
+  #unsungWords = new UnsungWords();
 
-  /** `changed(song)` is called with the song after each edit, before it is drawn. */
+  /**
+   * `changed(song, isOpened)` is called with the song after each edit, and with one that was opened,
+   * before it is drawn.
+   */
   constructor(core, roll, message, changed) {
     this.#core = core;
     this.#roll = roll;
@@ -34,7 +39,7 @@ export class Editing {
       this.#opened(song);
       const notes = song.tracks.reduce((sum, track) => sum + track.notes.length, 0);
       this.#message.show(() => [
-        { sentence: say("opened", { title: song.title || fileName, notes }) },
+        { sentence: say("opened", { title: song.name, notes }) },
         ...warningsReport(song.warnings),
       ]);
     });
@@ -44,6 +49,7 @@ export class Editing {
   type(ref, text) {
     return this.#attempt(() => {
       const song = this.#core.type(ref, text);
+      this.#unsungWords.learn(song.check);
       this.#edited(song);
       this.#report(ref, song.check);
     });
@@ -114,17 +120,20 @@ export class Editing {
       const song = this.#core.fit(usesBrackets);
       this.#edited(song);
       this.#message.show(() =>
-        fitReport(song.fit, (ref) => this.#roll.focus(ref), () => this.fit(true)));
+        fitReport(song.fit, (ref) => this.#roll.focus(ref),
+          usesBrackets ? undefined : () => this.fit(true)));
     }));
   }
 
   #opened(song) {
-    this.#changed(song);
+    this.#unsungWords.mark(song);
+    this.#changed(song, true);
     this.#roll.show(song);
   }
 
   #edited(song) {
-    this.#changed(song);
+    this.#unsungWords.mark(song);
+    this.#changed(song, false);
     this.#roll.update(song);
   }
 

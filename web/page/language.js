@@ -18,6 +18,13 @@ export function say(name, values = {}) {
   return fillIn(texts[name], values);
 }
 
+/** A text about so many things, in the form that the number asks for. */
+export function sayCount(name, count) {
+  const forms = texts[name];
+  const form = new Intl.PluralRules(texts.language).select(count);
+  return fillIn(forms[form] ?? forms.other, { count });
+}
+
 export function helpRows() {
   return texts.helpRows;
 }

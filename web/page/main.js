@@ -8,10 +8,12 @@ import { download, Files } from "./files.js";
 import { language, say, switchLanguage } from "./language.js";
 import { Message } from "./message.js";
 import { Playing } from "./playing.js";
+import { Question } from "./question.js";
 import { Roll, refOf } from "./roll.js";
 import { RollKeys } from "./roll-keys.js";
 import { Toolbar } from "./toolbar.js";
 import { Typing } from "./typing.js";
+import { Unsaved } from "./unsaved.js";
 
 const NEW_NOTE_GRID = 0.5; // in quarter notes
 
@@ -23,20 +25,23 @@ class Page {
   #core;
   #roll = new Roll(find("#roll"));
   #title = "";
+  #unsaved = new Unsaved();
+  #question = new Question(find("#question"));
 
   constructor(core) {
     this.#core = core;
-    this.editing = new Editing(core, this.#roll, message, (song) => this.#songChanged(song));
+    this.editing = new Editing(core, this.#roll, message,
+      (song, isOpened) => this.#songChanged(song, isOpened));
     this.typing = new Typing(this.#roll, this.editing);
     this.playing = new Playing(this.#roll, (isPlaying) => this.#playingChanged(isPlaying));
     this.toolbar = new Toolbar(document, this.#actions());
     const dragging = new Dragging(this.#roll, (ref, note) => this.editing.move(ref, note));
     new RollKeys(this.#roll, this.editing, this.typing, this.playing);
-    new Files(find("#open-file"), (bytes, name) => this.editing.open(bytes, name),
+    new Files(find("#open-file"), (bytes, name) => this.#open(bytes, name),
       (name) => message.show(() => [{ sentence: say("fileUnreadable", { name }) }]));
     this.#listenToClicks(dragging);
     this.#listenToHistoryKeys();
-    this.#playingChanged(false);
+    this.#keepUnsaved();
     this.#translate();
     this.editing.openExample(language());
   }
@@ -55,6 +60,10 @@ class Page {
       fit: () => this.editing.fit(),
       addNote: () => this.editing.addAfter(chosen()),
       deleteNote: () => this.editing.remove(chosen()),
+      closeIntro: () => {
+        find("#intro").remove();
+        this.#roll.focus();
+      },
       switchLanguage: () => {
         switchLanguage();
         this.#translate();
@@ -62,27 +71,66 @@ class Page {
     };
   }
 
+  async #open(bytes, name) {
+    if (this.#hasUnsaved && !(await this.#mayGo())) {
+      return;
+    }
+    this.editing.open(bytes, name);
+  }
+
+  async #mayGo() {
+    const answer = await this.#question.ask();
+    if (answer === "save") {
+      this.typing.finish();
+      this.#save("json");
+    }
+    return answer !== "cancel";
+  }
+
+  get #hasUnsaved() {
+    return this.#unsaved.isThere || this.typing.isUnfinished;
+  }
+
+  // A picture keeps no song.
   #save(kind) {
     const file = this.#core.save(kind);
     download(file);
+    if (kind !== "svg") {
+      this.#unsaved.saved();
+      this.#showTitle();
+    }
     message.show(() => [{ sentence: say("saved", file) }]);
   }
 
-  #songChanged(song) {
+  // The browser asks in its own words before the page goes.
+  #keepUnsaved() {
+    addEventListener("beforeunload", (event) => {
+      if (this.#hasUnsaved) {
+        event.preventDefault();
+        event.returnValue = "";
+      }
+    });
+  }
+
+  #songChanged(song, isOpened) {
+    this.#unsaved[isOpened ? "opened" : "edited"](song);
     this.playing.stop();
     this.typing.close();
     this.toolbar.enable("undo", song.canUndo);
     this.toolbar.enable("redo", song.canRedo);
-    this.#title = song.title;
+    this.#title = song.name;
     this.#showTitle();
   }
 
   #showTitle() {
     find("#title").textContent = this.#title || say("untitled");
+    find("#unsaved").hidden = !this.#unsaved.isThere;
   }
 
+  // What an edit says that ends the playing comes after this.
   #playingChanged(isPlaying) {
-    this.toolbar?.enable("stop", isPlaying);
+    this.toolbar.enable("stop", isPlaying);
+    message.show(() => [{ sentence: say(isPlaying ? "playing" : "stopped") }]);
   }
 
   #translate() {

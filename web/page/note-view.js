@@ -4,6 +4,7 @@ import { endOf, PitchLayout } from "./layout.js";
 import { fittingSize, LYRIC_SIZE, PHONEMES_SIZE } from "./text-width.js";
 
 const PADDING = 6;
+const WARNING = 10; // the width of the mark of a note with words that are not sung
 const OVERHANG = 6; // of a lyric over the next note, where it can't get smaller
 
 /** One note in the roll: its box with the phonemes, and the lyric over it. */
@@ -53,16 +54,19 @@ export class NoteView {
     this.#boxes().forEach((box) => (box.dataset.kind = note.kind));
     element.dataset.lyric = note.lyric;
     element.dataset.phonemes = note.phonemes;
-    element.title = note.lyric;
+    element.classList.toggle("in-part", note.unsungWords !== "");
     setText(this.#lyric, note.word, LYRIC_SIZE, lyricRoom);
     this.#lyric.style.maxWidth = `${lyricRoom + OVERHANG}px`;
-    setText(this.#phonemes, note.phonemes, PHONEMES_SIZE, boxRoom - PADDING);
+    const padding = PADDING + (note.unsungWords === "" ? 0 : WARNING);
+    setText(this.#phonemes, note.phonemes, PHONEMES_SIZE, boxRoom - padding);
     this.describe(note, bar);
   }
 
-  /** Says to a screen reader what the note shows. */
+  /** Says to a screen reader what the note shows, and to a pointer what it has no room for. */
   describe(note, bar) {
     this.element.setAttribute("aria-label", describeNote(note, bar));
+    const isInPart = note.unsungWords !== "";
+    this.element.title = isInPart ? `${note.lyric}\n${say("unsungWords", note)}` : note.lyric;
   }
 
   light(isLit) {
@@ -84,8 +88,8 @@ export function placeOf(note, bar) {
 
 function describeNote(note, bar) {
   const kinds = { word: "noteWord", further: "noteFurther", unsung: "noteUnsung" };
-  const values = { word: note.word, phonemes: note.phonemes, place: placeOf(note, bar) };
-  return say(kinds[note.kind] ?? "noteEmpty", values);
+  const name = note.unsungWords === "" ? kinds[note.kind] ?? "noteEmpty" : "noteInPart";
+  return say(name, { ...note, place: placeOf(note, bar) });
 }
 
 function setBox(box, note, row, rows, pitches) {

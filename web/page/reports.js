@@ -1,36 +1,68 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // What the extension found, as paragraphs of the message line.
-import { findingSentence, leftSentence, say } from "./language.js";
+import { findingSentence, leftSentence, say, sayCount } from "./language.js";
 
 // What the line under the roll has room for.
 const MOST_FINDINGS = 4;
 const MOST_LEFT = 3;
 
-/** What came of a typed lyric. `type(text)` types another text into the same note. */
+const WAYS_TO_FIT = ["hyphens", "otherEntries", "brackets"];
+
+/**
+ * What came of a typed lyric: what is not sung first, then what each note carries, and then what might
+ * have been meant in another way. `type(text)` types another text into the same note.
+ */
 export function checkReport(check, type) {
-  const findings = firstOf(check.findings, MOST_FINDINGS, (finding) => ({
+  const paragraphOf = (finding) => ({
     sentence: findingSentence(finding),
     actions: finding.mends.map((mend) => ({
       text: mend,
       label: say("typeMend", { mend }),
       run: () => type(mended(check.lyric, finding, mend)),
     })),
-  }));
-  return [...(findings.length > 0 ? [] : [summary(check)]), ...findings, ...lostSyllables(check)];
+  });
+  const unsung = check.findings.filter(({ sung }) => !sung);
+  const others = check.findings.filter(({ sung }) => sung);
+  return [
+    ...lostSyllables(check),
+    ...firstOf(unsung, MOST_FINDINGS, paragraphOf),
+    ...summary(check, unsung.length > 0),
+    ...firstOf(others, MOST_FINDINGS, paragraphOf),
+  ];
 }
 
-/** What came of fitting the song. `goTo(ref)` goes to a word, `fitByBrackets()` fits the rest. */
+/**
+ * What came of fitting the song. `goTo(ref)` goes to a word; `fitByBrackets()` fits the rest, if that
+ * was not tried yet.
+ */
 export function fitReport(fit, goTo, fitByBrackets) {
   const left = firstOf(fit.left, MOST_LEFT, (word) => ({
     sentence: leftSentence(word),
     actions: [{ text: word.word, label: say("goToWord", word), run: () => goTo(word) }],
   }));
+  const mayHelp = fitByBrackets && fit.left.some(({ outcome }) => outcome !== "unknown");
   const totals = {
-    sentence: say("fitted", fit),
-    actions: fit.notFitted > 0 ? [{ text: say("fitByBrackets"), run: fitByBrackets }] : [],
+    sentence: fitTotals(fit).join(say("betweenSentences")),
+    actions: mayHelp ? [{ text: say("fitByBrackets"), run: fitByBrackets }] : [],
   };
   return [totals, ...left];
+}
+
+function fitTotals(fit) {
+  if (fit.words === 0) {
+    return [say("noWords")];
+  }
+  if (fit.asTheyAre === fit.words) {
+    return [sayCount("allInPlace", fit.words)];
+  }
+  const ways = WAYS_TO_FIT.filter((way) => fit[way] > 0).map((way) => sayCount(way, fit[way]));
+  const told = (name) => (fit[name] > 0 ? [sayCount(name, fit[name])] : []);
+  return [
+    ...(ways.length > 0 ? [say("fitted", { list: ways.join(say("listComma")) })] : []),
+    ...told("asTheyAre"),
+    ...told("notFitted"),
+  ];
 }
 
 /** What was noticed when a song was opened. */
@@ -51,14 +83,23 @@ function mended(lyric, { column, word }, mend) {
   return characters.join("");
 }
 
-function summary({ lyric, syllables }) {
+function summary({ lyric, syllables, lost }, isInPart) {
   if (lyric === "") {
-    return { sentence: say("emptied") };
+    return [{ sentence: say("emptied") }];
   }
-  const name = syllables.length > 0 ? "sung" : "notSung";
-  return { sentence: say(name, { lyric, syllables: syllables.join(" · ") }) };
+  const carried = syllables.slice(0, syllables.length - lost);
+  if (carried.length > 0) {
+    const name = isInPart || lost > 0 ? "sungInPart" : "sung";
+    return [{ sentence: say(name, { lyric, syllables: listed(carried) }) }];
+  }
+  return isInPart ? [] : [{ sentence: say("notSung", { lyric }) }];
 }
 
-function lostSyllables({ lost = 0 }) {
-  return lost > 0 ? [{ sentence: say("lost", { count: lost }) }] : [];
+function lostSyllables({ syllables, lost }) {
+  const left = listed(syllables.slice(syllables.length - lost));
+  return lost > 0 ? [{ sentence: say("lost", { syllables: left }) }] : [];
+}
+
+function listed(syllables) {
+  return syllables.map((syllable) => syllable.trim()).join(" · ");
 }

@@ -26,7 +26,8 @@ export class Toolbar {
   translate() {
     this.#root.documentElement.lang = language();
     this.#root.title = say("pageTitle");
-    this.#each("say", (element, name) => (element.textContent = say(name)));
+    this.#each("say", (element, name) =>
+      (element.textContent = say((isTouched() && element.dataset.touch) || name)));
     this.#each("hint", (element, name) => (element.title = say(name)));
     this.#each("label", (element, name) => element.setAttribute("aria-label", say(name)));
     this.#button("switchLanguage").lang = language() === "en" ? "ja" : "en";
@@ -71,6 +72,11 @@ export class Toolbar {
       }
     });
   }
+}
+
+// Whether fingers are what the page is used by.
+function isTouched() {
+  return matchMedia("(pointer: coarse)").matches;
 }
 
 function helpEntry([keys, meaning]) {

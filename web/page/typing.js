@@ -9,6 +9,9 @@ export class Typing {
   #commands;
   #field = document.createElement("input");
   #hint = document.createElement("span");
+  #under = document.createElement("div");
+  #buttons = [["confirm", () => this.#enter()], ["goOn", () => this.#goOn(1)],
+    ["cancel", () => this.#escape()]].map(([name, act]) => fieldButton(name, act));
   #ref;
   #before;
 
@@ -26,8 +29,13 @@ export class Typing {
     this.#field.enterKeyHint = "done";
     this.#field.setAttribute("aria-describedby", "lyric-hint");
     this.#hint.id = "lyric-hint";
+    this.#under.id = "under-lyric";
+    this.#under.append(this.#hint, ...this.#buttons);
+    // The field keeps the focus, and with it a telephone its keyboard.
+    this.#under.addEventListener("pointerdown", (event) => event.preventDefault());
+    this.#under.addEventListener("mousedown", (event) => event.preventDefault());
     this.#field.addEventListener("keydown", (event) => this.#keyPressed(event));
-    this.#field.addEventListener("blur", () => this.#left());
+    this.#field.addEventListener("blur", ({ relatedTarget }) => this.#left(relatedTarget));
     roll.element.addEventListener("redrawn", () => this.#putOverNote());
   }
 
@@ -45,18 +53,33 @@ export class Typing {
     this.#field.value = isEmpty ? "" : this.#before;
     this.#field.setAttribute("aria-label", say("lyricField", { place: this.#roll.placeOf(ref) }));
     this.#hint.textContent = say("lyricHint");
-    this.#roll.element.append(this.#field, this.#hint);
+    this.#buttons.forEach((button) => (button.textContent = say(button.name)));
+    this.#roll.element.append(this.#field, this.#under);
     this.#putOverNote();
     this.#field.focus();
     this.#field.select();
+    this.#under.scrollIntoView({ block: "nearest" });
     this.#field.scrollIntoView({ block: "nearest" });
+  }
+
+  /** Whether something stands in the field that was not typed into its note yet. */
+  get isUnfinished() {
+    return this.#ref !== undefined && this.#field.value !== this.#before;
   }
 
   /** Leaves the field without typing. */
   close() {
     this.#ref = undefined;
     this.#field.remove();
-    this.#hint.remove();
+    this.#under.remove();
+  }
+
+  /** Types what stands in the field and leaves it, if one is open. */
+  finish() {
+    if (this.#ref !== undefined) {
+      this.#commit();
+      this.close();
+    }
   }
 
   // Keys that end the composition of an input method are not for the field.
@@ -91,26 +114,31 @@ export class Typing {
 
   // Beyond the last note, the Tab key goes on to what follows the roll.
   #tab(event) {
-    const { track, note } = this.#ref;
-    if (!this.#commit()) {
+    if (this.#goOn(event.shiftKey ? -1 : 1)) {
       event.preventDefault();
-      return;
-    }
-    const next = { track, note: note + (event.shiftKey ? -1 : 1) };
-    this.close();
-    if (this.#roll.note(next) === undefined) {
-      this.#roll.focus({ track, note });
-    } else {
-      event.preventDefault();
-      this.open(next);
     }
   }
 
-  // A field that loses the focus to another window stays open.
-  #left() {
-    if (this.#ref !== undefined && document.activeElement !== this.#field) {
-      this.#commit();
-      this.close();
+  // Types the lyric and opens the field over the next note. Says whether the field stays open.
+  #goOn(by) {
+    const { track, note } = this.#ref;
+    if (!this.#commit()) {
+      return true;
+    }
+    const next = { track, note: note + by };
+    this.close();
+    if (this.#roll.note(next) === undefined) {
+      this.#roll.focus({ track, note });
+      return false;
+    }
+    this.open(next);
+    return true;
+  }
+
+  // A field that loses the focus to another window, or to its own buttons, stays open.
+  #left(target) {
+    if (document.activeElement !== this.#field && !this.#under.contains(target)) {
+      this.finish();
     }
   }
 
@@ -129,8 +157,19 @@ export class Typing {
     const width = Math.min(Math.max(note.width, LEAST_WIDTH), roll.width);
     const left = Math.min(note.left - roll.left, roll.width - width);
     this.#field.style.width = `${width}px`;
-    this.#field.style.left = this.#hint.style.left = `${left}px`;
+    this.#field.style.left = `${left}px`;
     this.#field.style.top = `${note.top - roll.top - 6}px`;
-    this.#hint.style.top = `${note.bottom - roll.top + 8}px`;
+    this.#under.style.top = `${note.bottom - roll.top + 8}px`;
+    this.#under.style.left = `${Math.max(Math.min(left, roll.width - this.#under.offsetWidth), 0)}px`;
   }
+}
+
+// The keys do the same, so that Tab can go on to the next note.
+function fieldButton(name, act) {
+  const button = document.createElement("button");
+  button.type = "button";
+  button.name = name;
+  button.tabIndex = -1;
+  button.addEventListener("click", act);
+  return button;
 }

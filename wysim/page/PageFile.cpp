@@ -16,10 +16,10 @@ namespace wybeta::wysim::page {
 
 namespace {
 
-// The title without what some systems do not take in the name of a file.
-std::string fileName(const std::string& title, const std::string& kind) {
+// The song's name without what some systems do not take in the name of a file.
+std::string fileName(const std::string& song, const std::string& kind) {
     constexpr std::string_view kForbidden = "/\\:*?\"<>|";
-    auto name = std::string(session::trimmed(title));
+    auto name = std::string(session::trimmed(song));
     std::replace_if(
         name.begin(), name.end(),
         [&](char character) { return kForbidden.find(character) != std::string_view::npos; }, '-');
@@ -29,10 +29,11 @@ std::string fileName(const std::string& title, const std::string& kind) {
 
 } // namespace
 
-std::string fileJson(const std::string& kind, const song::Song& opened, const song::Song& now) {
+std::string fileJson(const std::string& kind, const std::string& name, const song::Song& opened,
+                     const song::Song& now) {
     const auto file = [&](const char* mime, const std::string& text) {
         auto members = nlohmann::ordered_json::object();
-        members["name"] = fileName(now.title, kind);
+        members["name"] = fileName(name, kind);
         members["mime"] = mime;
         members["text"] = text;
         return members.dump();

@@ -37,9 +37,19 @@ std::size_t indexOf(int number, std::size_t count, const std::string& what) {
     return static_cast<std::size_t>(number) - 1;
 }
 
-std::string errorOf(const std::string& sentence) {
+// A text in JSON, whatever bytes it holds.
+std::string inJson(const std::string& text) {
     constexpr auto kWithReplacements = nlohmann::json::error_handler_t::replace;
-    return nlohmann::json{{"error", sentence}}.dump(-1, ' ', false, kWithReplacements);
+    return nlohmann::json(text).dump(-1, ' ', false, kWithReplacements);
+}
+
+std::string errorOf(const std::string& sentence) {
+    return "{\"error\":" + inJson(sentence) + "}";
+}
+
+// What a person calls the song: its title, or the name of its file without the ending.
+std::string nameOf(const song::Song& song, const std::filesystem::path& file) {
+    return session::trimmed(song.title).empty() ? file.stem().u8string() : song.title;
 }
 
 song::SongNote noteOf(double start, double length, int pitch) {
@@ -88,7 +98,8 @@ std::string SongPage::openExample(const std::string& language) {
             throw song::BadInput::expectedFound("the language en or ja",
                                                 session::inQuotes(language));
         }
-        show(language == "en" ? song::exampleSong() : song::japaneseExampleSong());
+        const auto example = language == "en" ? song::exampleSong() : song::japaneseExampleSong();
+        show(example, example.title);
         return songAlone();
     });
 }
@@ -96,9 +107,9 @@ std::string SongPage::openExample(const std::string& language) {
 std::string SongPage::open(const std::string& bytes, const std::string& fileName) {
     return answer([&] {
         terminal::Progress progress;
-        const auto opened =
-            song::songFromFile(std::filesystem::u8path(fileName), bytes, std::nullopt, progress);
-        show(opened.song);
+        const auto path = std::filesystem::u8path(fileName);
+        const auto opened = song::songFromFile(path, bytes, std::nullopt, progress);
+        show(opened.song, nameOf(opened.song, path));
         return songAnd("warnings", nlohmann::json(opened.warnings).dump());
     });
 }
@@ -183,7 +194,7 @@ std::string SongPage::fit(bool usesBrackets) {
 std::string SongPage::save(const std::string& kind) {
     return answer([&] {
         const auto& open = openSong();
-        return fileJson(kind, open.opened, open.editing.inEditor().song());
+        return fileJson(kind, open.name, open.opened, open.editing.inEditor().song());
     });
 }
 
@@ -197,8 +208,8 @@ std::string SongPage::answer(const Work& work) {
     }
 }
 
-void SongPage::show(const song::Song& song) {
-    auto next = std::make_unique<OpenSong>(session_.editor(), song);
+void SongPage::show(const song::Song& song, const std::string& name) {
+    auto next = std::make_unique<OpenSong>(session_.editor(), song, name);
     takeBracketsOff(*next);
     song_ = std::move(next);
 }
@@ -233,11 +244,15 @@ std::size_t SongPage::noteIndex(std::size_t track, int note) const {
 }
 
 std::string SongPage::songAnd(std::string_view name, const std::string& value) const {
-    return "{" + songMembers(openSong().editing) + ",\"" + std::string(name) + "\":" + value + "}";
+    return "{" + members() + ",\"" + std::string(name) + "\":" + value + "}";
 }
 
 std::string SongPage::songAlone() const {
-    return "{" + songMembers(openSong().editing) + "}";
+    return "{" + members() + "}";
+}
+
+std::string SongPage::members() const {
+    return "\"name\":" + inJson(openSong().name) + "," + songMembers(openSong().editing);
 }
 
 std::string SongPage::checkOf(std::size_t track, std::size_t note, const std::string& lyric) {

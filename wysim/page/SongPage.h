@@ -23,7 +23,8 @@ namespace wybeta::wysim::page {
 // in semitones.
 //
 // Each answer is the song as it is then, with what there is to say of the edit, unless said
-// otherwise. A mistake is answered by an "error" with its sentence, and then nothing has changed.
+// otherwise. Its "name" is its title, or that of its file where it has none. A mistake is answered
+// by an "error" with its sentence, and then nothing has changed.
 class SongPage {
 public:
     // Throws std::runtime_error when the module does not start.
@@ -58,10 +59,11 @@ public:
 private:
     // A song in a project of its own.
     struct OpenSong {
-        OpenSong(const simulator::Editor& first, const song::Song& song)
-            : editor(first.openProject()), opened(song), editing(editor, song) {}
+        OpenSong(const simulator::Editor& first, const song::Song& song, const std::string& called)
+            : editor(first.openProject()), name(called), opened(song), editing(editor, song) {}
 
         simulator::Editor editor;
+        std::string name;
         song::Song opened; // as it was before the first edit
         session::SongEditing editing;
     };
@@ -70,7 +72,7 @@ private:
     using Work = std::function<std::string()>;
     static std::string answer(const Work& work);
 
-    void show(const song::Song& song);
+    void show(const song::Song& song, const std::string& name);
     void takeBracketsOff(const OpenSong& open);
     OpenSong& openSong() const;
     // The editing, for an edit to come.
@@ -80,6 +82,7 @@ private:
     // The song, with further members of the answer, each a JSON text behind its name.
     std::string songAnd(std::string_view name, const std::string& value) const;
     std::string songAlone() const;
+    std::string members() const;
 
     std::string checkOf(std::size_t track, std::size_t note, const std::string& lyric);
     std::vector<session::FittedSongWord> fitted(bool usesBrackets);

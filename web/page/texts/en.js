@@ -5,9 +5,12 @@ export default {
   language: "en",
   otherLanguage: "日本語",
   pageTitle: "WY Beta – try it",
-  intro:
-    "Click a note, type a lyric, press Enter: the notes after it fill at once. A hyphen holds a " +
-    "syllable over one more note, as in Glo--ria. Fit finds the hyphens for all words of a score.",
+  intro: "Click a note, type a lyric, press Enter: the notes after it fill at once.",
+  introTouch: "Tap a note, type a lyric, press OK: the notes after it fill at once.",
+  introMore:
+    "A hyphen holds a syllable over one more note, as in Glo--ria. Fit finds the hyphens for all " +
+    "words of a score.",
+  closeIntro: "Close this hint",
 
   open: "Open",
   save: "Save",
@@ -23,31 +26,48 @@ export default {
   saveScore: "Score (.musicxml)",
   saveProject: "Project (.json)",
   savePicture: "Picture (.svg)",
+  projectUse: "Keeps everything, to be opened here or in wysim again.",
+  scoreUse: "For notation programs: the notes with their lyrics.",
+  pictureUse: "To look at or print: the song as it is now beside the one that was opened.",
   tools: "Tools",
   song: "Song",
   untitled: "Untitled",
+  unsaved: "unsaved",
+  unsavedQuestion: "This song has changes that are not saved. Open another song all the same?",
+  saveFirst: "Save the project first",
+  discard: "Open without saving",
+  cancel: "Cancel",
   dropHere: "Drop the song here",
 
   legend: "What the notes mean",
   kindWord: "a word begins",
   kindFurther: "a further syllable",
+  kindInPart: "words of it are not sung",
   kindUnsung: "a lyric that is not sung",
   kindEmpty: "no lyric",
 
   trackNumber: "Track {number}",
   emptyBars: "bars {first} to {last} are empty",
   noteWord: "{word} {phonemes}, {place}",
+  noteInPart: "{word} {phonemes}, not sung: {unsungWords}, {place}",
+  unsungWords: "Not sung: {unsungWords}",
   noteFurther: "{phonemes}, further syllable, {place}",
   noteUnsung: "{word}, not sung, {place}",
   noteEmpty: "no lyric, {place}",
   notePlace: "{pitch}, bar {bar}",
   lyricField: "Lyric, {place}",
-  lyricHint: "Enter types it, Tab goes on, Escape leaves it",
+  confirm: "OK",
+  goOn: "Next note",
+  lyricHint: "Enter: confirm, Tab: next note, Escape: cancel",
 
   help: "Keys and gestures",
   helpRows: [
-    ["Click, Enter, or any letter", "type a lyric into the note"],
-    ["Enter / Tab / Escape while typing", "type it / type it and go on to the next note / leave it"],
+    ["Click or tap, Enter, or any letter", "type a lyric into the note"],
+    ["Enter, or Tab, while typing", "confirm the lyric, or confirm it and go on to the next note"],
+    ["Escape while typing", "cancel: the note stays as it was"],
+    ["Empty the text, Enter", "clear the note"],
+    ["A hyphen within or behind a word", "hold the syllable before it over one more note: Glo--ria"],
+    ["The long-vowel mark behind kana", "hold the kana over one more note"],
     ["Arrow keys, Home, End", "go from note to note"],
     ["Double click, Shift+Enter", "add a note: there, or behind the chosen one"],
     ["Drag, Alt+arrow keys", "move the note"],
@@ -73,18 +93,36 @@ export default {
   stopped: "Stopped.",
 
   emptied: "The note has no lyric now.",
-  sung: "“{lyric}” is sung: {syllables}",
+  sung: "“{lyric}” is sung, note by note: {syllables}",
+  sungInPart: "Sung of “{lyric}”, note by note: {syllables}",
   notSung: "“{lyric}” gives nothing to sing.",
-  lost: "The notes ran out: for {count} more there was none. Add notes and type it again.",
-  // The extension's own sentences are English.
-  findings: {},
+  lost: "Not sung, as the notes ran out: {syllables}. Add notes and type it again.",
+  // The extension's own sentences are English. On the page, these come behind what is sung.
+  findings: {
+    "hyphen-holds":
+      "The hyphens in “{word}” hold a syllable over more notes. If you did not mean that, take:",
+    "zero": "The 0 in “{word}” takes away the sound before it, or makes a rest.",
+  },
   typeMend: "Type “{mend}”",
 
   fitting: "Fitting …",
-  fitted:
-    "Words: {words}; as they are: {asTheyAre}, with hyphens: {hyphens}, with other entries: " +
-    "{otherEntries}, with brackets: {brackets}; not fitted: {notFitted}.",
-  leftBy: {},
+  betweenSentences: " ",
+  listComma: ", ",
+  fitted: "Fitted: {list}.",
+  hyphens: { one: "1 word by hyphens", other: "{count} words by hyphens" },
+  otherEntries: {
+    one: "1 word by another pronunciation", other: "{count} words by another pronunciation",
+  },
+  brackets: { one: "1 word by brackets", other: "{count} words by brackets" },
+  asTheyAre: {
+    one: "1 word was on its notes already.", other: "{count} words were on their notes already.",
+  },
+  notFitted: { one: "Not fitted: 1 word.", other: "Not fitted: {count} words." },
+  allInPlace: { one: "The word is on its notes.", other: "All {count} words are on their notes." },
+  noWords: "There are no words to fit yet.",
+  leftBy: {
+    "unknown": "{reason}, so it can't be fitted. Type it in another way:",
+  },
   goToWord: "Go to “{word}”",
   more: "And {count} more.",
   fitByBrackets: "Fit the rest by phonemes in brackets",
