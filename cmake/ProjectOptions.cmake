@@ -30,11 +30,10 @@ endif()
 # Exploit mitigations. MinGW's stack protector would need one more DLL, and WebAssembly has a stack of
 # its own.
 add_library(hardening INTERFACE)
-if(EMSCRIPTEN)
-elseif(WIN32)
+if(WIN32)
     target_link_options(hardening INTERFACE
         LINKER:--dynamicbase LINKER:--high-entropy-va LINKER:--nxcompat)
-else()
+elseif(NOT EMSCRIPTEN)
     add_cxx_options(hardening -fstack-protector-strong)
     target_link_options(hardening INTERFACE
         LINKER:-z,relro LINKER:-z,now LINKER:-z,noexecstack)

@@ -44,9 +44,8 @@ void* Document::interfaceFor(const Steinberg::TUID id) {
 }
 
 void ProjectManager::close(const Document& document) {
-    documents.erase(
-        std::find_if(documents.begin(), documents.end(),
-                     [&document](const auto& other) { return other.get() == &document; }));
+    const auto isIt = [&document](const auto& other) { return other.get() == &document; };
+    documents.erase(std::remove_if(documents.begin(), documents.end(), isIt), documents.end());
 }
 
 Steinberg::int32 ProjectManager::countDocuments() {
