@@ -76,7 +76,7 @@ describe("A song", () => {
     await chooser.setFiles(SCORE);
     await page.waitForFunction(() => document.querySelector("#title").textContent === "Gloria");
     assert.equal((await lyrics(page)).length, 11);
-    assert.match(await status(page), /“Gloria” is open: notes: 11/);
+    assert.match(await status(page), /“Gloria” is open\. Notes: 11/);
   });
 
   it("is opened from every kind of file", async () => {

@@ -206,7 +206,7 @@ describe("The line under the roll", () => {
   it("says what is not sung and why, and types the mend that is clicked", async () => {
     await type(page, 1, "the beutiful cat");
     assert.match(await status(page), /^"beutiful" is not sung: the dictionary does not have it/);
-    assert.match(await status(page), /Sung of “the beutiful cat”, note by note: dh ah · k ae t$/);
+    assert.match(await status(page), /Of “the beutiful cat”, only this is sung, note by note: dh ah · k ae t$/);
     await button(page, "Type “beautiful”").click();
     assert.equal((await lyrics(page))[0], "the beautiful cat[dh ah]");
     assert.match(await status(page), /“the beautiful cat” is sung/);
@@ -244,8 +244,8 @@ describe("The line under the roll", () => {
   it("says which syllables were not sung when the notes ran out, and then which were", async () => {
     await type(page, 7, "さくら");
     assert.deepEqual(await page.locator("[role=status] p").allInnerTexts(), [
-      "Not sung, as the notes ran out: r a. Add notes and type it again.",
-      "Sung of “さくら”, note by note: s a · k u",
+      "Not sung, as the notes ran out: r a. Add notes and type the lyric again.",
+      "Of “さくら”, only this is sung, note by note: s a · k u",
     ]);
   });
 });

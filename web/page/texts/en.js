@@ -8,7 +8,7 @@ export default {
   intro: "Click a note, type a lyric, press Enter: the notes after it fill at once.",
   introTouch: "Tap a note, type a lyric, press OK: the notes after it fill at once.",
   introMore:
-    "A hyphen holds a syllable over one more note, as in Glo--ria. Fit finds the hyphens for all " +
+    "Each hyphen holds a syllable over one more note, as in Glo--ria. Fit finds the hyphens for all " +
     "words of a score.",
   closeIntro: "Close this hint",
 
@@ -42,7 +42,7 @@ export default {
   legend: "What the notes mean",
   kindWord: "a word begins",
   kindFurther: "a further syllable",
-  kindInPart: "words of it are not sung",
+  kindInPart: "some of its words are not sung",
   kindUnsung: "a lyric that is not sung",
   kindEmpty: "no lyric",
 
@@ -63,7 +63,7 @@ export default {
   help: "Keys and gestures",
   helpRows: [
     ["Click or tap, Enter, or any letter", "type a lyric into the note"],
-    ["Enter, or Tab, while typing", "confirm the lyric, or confirm it and go on to the next note"],
+    ["Enter, or Tab, while typing", "confirm the lyric, or confirm it and go to the next note"],
     ["Escape while typing", "cancel: the note stays as it was"],
     ["Empty the text, Enter", "clear the note"],
     ["A hyphen within or behind a word", "hold the syllable before it over one more note: Glo--ria"],
@@ -74,13 +74,13 @@ export default {
     ["Drag the right end, Alt+Shift+← →", "shorten or lengthen the note"],
     ["Delete", "delete the note"],
     ["Ctrl+Z, Ctrl+Y", "undo, redo"],
-    ["Space", "play from the note, stop"],
+    ["Space", "play from the chosen note, or stop"],
   ],
 
   loading: "Loading …",
   cannotLoad: "WY Beta does not start in this browser: {error}",
   exampleOpened: "This is an example. Choose a note and type, or open a song of your own.",
-  opened: "“{title}” is open: notes: {notes}.",
+  opened: "“{title}” is open. Notes: {notes}.",
   fileUnreadable: "The file {name} could not be read.",
   undone: "Undone.",
   redone: "Redone.",
@@ -94,14 +94,14 @@ export default {
 
   emptied: "The note has no lyric now.",
   sung: "“{lyric}” is sung, note by note: {syllables}",
-  sungInPart: "Sung of “{lyric}”, note by note: {syllables}",
-  notSung: "“{lyric}” gives nothing to sing.",
-  lost: "Not sung, as the notes ran out: {syllables}. Add notes and type it again.",
+  sungInPart: "Of “{lyric}”, only this is sung, note by note: {syllables}",
+  notSung: "Nothing in “{lyric}” can be sung.",
+  lost: "Not sung, as the notes ran out: {syllables}. Add notes and type the lyric again.",
   // The extension's own sentences are English. On the page, these come behind what is sung.
   findings: {
     "hyphen-holds":
       "The hyphens in “{word}” hold a syllable over more notes. If you did not mean that, take:",
-    "zero": "The 0 in “{word}” takes away the sound before it, or makes a rest.",
+    "zero": "The 0 in “{word}” drops the sound before it, or makes a rest.",
   },
   typeMend: "Type “{mend}”",
 
