@@ -61,15 +61,15 @@ VIAddVersionKey LegalCopyright "Copyright (C) 2026 the WY Beta authors. GNU GPL,
 !insertmacro MUI_LANGUAGE English
 !insertmacro MUI_LANGUAGE Japanese
 
-LangString aboutLicence ${LANG_ENGLISH} "${NAME} is free software. You need not accept this licence to use it; it says what you may do beyond that."
-LangString aboutLicence ${LANG_JAPANESE} "${NAME} は自由ソフトウェアです。使うだけであれば、このライセンスに同意する必要はありません。"
+LangString aboutLicence ${LANG_ENGLISH} "${NAME} is free software. You need not accept this licence to use it; the licence says what you may do beyond that."
+LangString aboutLicence ${LANG_JAPANESE} "${NAME} は自由ソフトウェアです。使うだけであれば、このライセンスに同意する必要はありません。ライセンスには、コピー、改変、配布の条件が書かれています。"
 LangString aboutFolder ${LANG_ENGLISH} "${MODULE} goes into the folder in which your editor looks for extensions. For most editors that is the one below."
 LangString aboutFolder ${LANG_JAPANESE} "エディターの拡張機能用フォルダーに ${MODULE} をインストールします。多くのエディターでは、下のフォルダーのままで使えます。"
-LangString nextSteps ${LANG_ENGLISH} "Start your editor again. Make the notes first, as many as the lyric has syllables; then type the lyric into the first of them.$\r$\n$\r$\nTo remove ${NAME}, go to Apps in the settings of Windows."
-LangString nextSteps ${LANG_JAPANESE} "エディターを起動し直してください。先に音節の数だけ音符を置き、その最初の音符に歌詞を入力します。$\r$\n$\r$\n${NAME} を取り除くときは、Windows の設定の「アプリ」を開いてください。"
+LangString nextSteps ${LANG_ENGLISH} "Start your editor again. Make the notes first, as many as the lyric has syllables; then type the lyric into the first of them.$\r$\n$\r$\nTo remove ${NAME}, uninstall it under Apps in the settings of Windows."
+LangString nextSteps ${LANG_JAPANESE} "エディターを起動し直してください。先に音節の数だけ音符を置き、その最初の音符に歌詞を入力します。$\r$\n$\r$\n${NAME} のアンインストールは、Windows の設定の「アプリ」から行ってください。"
 LangString inUse ${LANG_ENGLISH} "${NAME} is in use. Close the editor, then press Retry.$\r$\n$\r$\nNothing has been changed so far."
 LangString inUse ${LANG_JAPANESE} "${NAME} は使用中です。エディターを終了してから、[再試行] を押してください。$\r$\n$\r$\nまだ何も変更されていません。"
-LangString newerIsThere ${LANG_ENGLISH} "A newer version is installed: $2. Do you want to replace it by ${VERSION}?"
+LangString newerIsThere ${LANG_ENGLISH} "A newer version is installed: $2. Do you want to replace it with ${VERSION}?"
 LangString newerIsThere ${LANG_JAPANESE} "より新しいバージョン $2 がインストールされています。${VERSION} に置き換えますか?"
 LangString cannotWrite ${LANG_ENGLISH} "${MODULE} could not be written to this folder:$\r$\n$0$\r$\n$\r$\nNothing has been installed."
 LangString cannotWrite ${LANG_JAPANESE} "次のフォルダーに ${MODULE} を書き込めませんでした:$\r$\n$0$\r$\n$\r$\n何もインストールされていません。"
