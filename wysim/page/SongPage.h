@@ -14,6 +14,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace wybeta::wysim::page {
@@ -59,8 +60,9 @@ public:
 private:
     // A song in a project of its own.
     struct OpenSong {
-        OpenSong(const simulator::Editor& first, const song::Song& song, const std::string& called)
-            : editor(first.openProject()), name(called), opened(song), editing(editor, song) {}
+        OpenSong(const simulator::Editor& first, const song::Song& song, std::string called)
+            : editor(first.openProject()), name(std::move(called)), opened(song),
+              editing(editor, song) {}
 
         simulator::Editor editor;
         std::string name;

@@ -87,12 +87,12 @@ Totals totalsOf(const std::vector<CheckedLyric>& lines) {
 
 // Only what is sung has syllables.
 std::string countedSyllables(const Totals& totals) {
-    const auto syllables = "syllables: " + std::to_string(totals.syllables);
-    if (totals.unsung == 0) {
-        return syllables;
+    auto text = "syllables: " + std::to_string(totals.syllables);
+    if (totals.unsung > 0) {
+        text += ", without the " + std::to_string(totals.unsung) +
+                (totals.unsung == 1 ? " word that is" : " words that are") + " not sung";
     }
-    return syllables + ", without the " + std::to_string(totals.unsung) +
-           (totals.unsung == 1 ? " word that is" : " words that are") + " not sung";
+    return text;
 }
 
 std::string padded(std::size_t number, std::size_t width) {
