@@ -8,6 +8,7 @@
 #include "host/Query.h"
 #include "resources/ResourceTable.h"
 
+#include <cstring>
 #include <utility>
 
 namespace wybeta::extension {
@@ -76,7 +77,10 @@ tresult PLUGIN_API WyBetaExtension::queryInterface(const Steinberg::TUID id, voi
     if (host::sameId(id, host::IProjectEditHook::iid)) {
         return answer(static_cast<host::IProjectEditHook*>(this));
     }
-    return FObject::queryInterface(id, object);
+    // The SDK reads an ID as two 64-bit words, the host may have it at any address.
+    alignas(Steinberg::uint64) Steinberg::TUID aligned = {};
+    std::memcpy(aligned, id, sizeof(aligned));
+    return FObject::queryInterface(aligned, object);
 }
 
 tresult PLUGIN_API WyBetaExtension::initialize(Steinberg::FUnknown* context) {

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <cstdint>
 
 namespace wybeta {
@@ -52,6 +54,18 @@ TEST_F(Faces, LieInTheOrderInWhichTheExtensionDeclaresThem) {
 TEST_F(Faces, AreTheSameForAllThreeNotificationIds) {
     EXPECT_EQ(faceOf(base, tests::kProjectNotificationId), notification);
     EXPECT_EQ(faceOf(base, tests::kProjectNotification2Id), notification);
+}
+
+TEST_F(Faces, AreFoundByAnIdAtAnyAddress) {
+    for (const IdBytes& id :
+         {tests::kDependentId, tests::kPluginBaseId, tests::kProjectEditHookId}) {
+        alignas(16) std::array<std::uint8_t, 1 + sizeof(IdBytes)> bytes = {};
+        const void* const atOddAddress = std::copy(id.begin(), id.end(), &bytes[1]) - id.size();
+        void* found = nullptr;
+        EXPECT_EQ(callSlot<std::uint32_t(const void*, void**)>(base, 0, atOddAddress, &found), 0);
+        EXPECT_EQ(found, faceOf(base, id));
+        release(found);
+    }
 }
 
 TEST_F(Faces, AllAnswerTheSame) {
