@@ -10,6 +10,8 @@ if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
         ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${CCACHE_PROGRAM})
     if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
         add_compile_options($<$<COMPILE_LANGUAGE:CXX>:-fpch-preprocess>)
+    elseif(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+        add_compile_options("SHELL:$<$<COMPILE_LANGUAGE:CXX>:-Xclang -fno-pch-timestamp>")
     endif()
 endif()
 
@@ -44,19 +46,21 @@ if(NOT WIN32 AND NOT EMSCRIPTEN AND CMAKE_BUILD_TYPE STREQUAL "Release")
 endif()
 
 # AddressSanitizer and UndefinedBehaviorSanitizer. The host's objects have no run-time type
-# information that this build could know, so casts to their interfaces are not checked against it.
+# information that this build could know, so casts to their interfaces and calls of their slots are not
+# checked against it.
 add_library(sanitizers INTERFACE)
 if(WYBETA_SANITIZE OR WYBETA_FUZZ)
     set(sanitizer_options -fsanitize=address,undefined -fno-sanitize=vptr -fno-sanitize-recover=all)
-    # Of the debugging information, the lines are enough for a report.
-    target_compile_options(sanitizers INTERFACE
-        ${sanitizer_options} -O1 -g1 -fno-omit-frame-pointer)
+    target_compile_options(sanitizers INTERFACE ${sanitizer_options} -fno-omit-frame-pointer)
+    # Of the debugging information, the lines are enough for a report. A target may say otherwise.
+    add_compile_options(-O1 -g1)
     target_link_options(sanitizers INTERFACE ${sanitizer_options})
+    add_cxx_options(sanitizers $<$<CXX_COMPILER_ID:Clang>:-fno-sanitize=function>)
     if(WYBETA_FUZZ)
         target_compile_options(sanitizers INTERFACE -fsanitize=fuzzer-no-link)
     else()
         # Instrumented code of the standard library raises this warning without cause.
-        add_cxx_options(sanitizers -Wno-maybe-uninitialized)
+        add_cxx_options(sanitizers $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
     endif()
 endif()
 
