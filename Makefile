@@ -2,7 +2,7 @@
 #
 # The one door to everything. Each target installs what it needs itself.
 
-.PHONY: setup module web demo check test bench fuzz lint coverage dist clean
+.PHONY: setup module web demo check test bench fuzz lint coverage mutants dist clean
 
 # All that any target needs; afterwards cmake, ctest and an IDE work by themselves.
 setup:
@@ -56,6 +56,15 @@ lint:
 coverage:
 	@tools/setup.sh build tests coverage
 	@tools/coverage.sh
+
+# How many changes, which ones, and the files or folders that they are made in.
+MUTANTS ?= 100
+SEED ?= 1
+FILES ?= src
+
+mutants:
+	@tools/setup.sh build tests
+	@nice tools/mutants.py --count $(MUTANTS) --seed $(SEED) $(FILES)
 
 dist:
 	@tools/setup.sh build windows web package
