@@ -2,15 +2,18 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 #
 # Looks for new inputs that break something: fuzz.sh [SECONDS [TARGET...]], 60 seconds for each of
-# all targets by default. Starts from the committed corpus, keeps what is new in build/fuzz/corpus
-# and what breaks something in build/fuzz/found. Exit status 1 when something was found.
+# all targets by default; a target that is named twice gets twice the time. FUZZ_ROUNDS=N goes over
+# them N times, FUZZ_OPTIONS are further options of libFuzzer's. Starts from the committed corpus,
+# keeps what is new in build/fuzz/corpus, what breaks something in build/fuzz/found, and what was run
+# in build/fuzz/runs.tsv. Exit status 1 when something was found.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-readonly seconds=${1:-60}
+readonly seconds=${1:-60} runs=build/fuzz/runs.tsv
 shift $(($# > 0))
 mapfile -t targets < <(sed -n 's/^add_fuzz_target(\([a-z_]*\) .*/\1/p' fuzz/CMakeLists.txt)
 [ $# -eq 0 ] || targets=("$@")
+read -ra options <<<"${FUZZ_OPTIONS:-}"
 
 tools/build.sh fuzz "${targets[@]/#/fuzz_}"
 
@@ -22,31 +25,45 @@ filesIn() {
     find "$1" -type f | wc -l
 }
 
+# Keeps the shortest inputs that reach all that is reached; they run with all checks meanwhile.
+shrink() {
+    local corpus=build/fuzz/corpus/$1 merged=build/fuzz/merged/$1
+    rm -rf "$merged"
+    mkdir -p "$merged"
+    tools/fuzz_target.sh "$1" -merge=1 -artifact_prefix="build/fuzz/found/$1/" \
+        "${options[@]}" "$merged" "fuzz/corpus/$1" "$corpus" >"build/fuzz/$1-merge.log" 2>&1 || return 0
+    rm -rf "$corpus"
+    mv "$merged" "$corpus"
+}
+
 fuzz() {
-    local target=$1
+    local target=$1 began=$SECONDS
     local corpus=build/fuzz/corpus/$target found=build/fuzz/found/$target log=build/fuzz/$target.log
     mkdir -p "$corpus" "$found" "fuzz/corpus/$target"
-    local seedsBefore foundBefore
-    seedsBefore=$(filesIn "$corpus")
+    local foundBefore
     foundBefore=$(filesIn "$found")
-    tools/fuzz_target.sh "$target" -max_total_time="$seconds" -print_final_stats=1 \
-        -artifact_prefix="$found/" "$corpus" "fuzz/corpus/$target" >"$log" 2>&1 || isBroken=1
-    local crashes=$(($(filesIn "$found") - foundBefore))
+    # Holds freed memory back for longer than a session lasts; whoever repeats it gets whole stacks.
+    ASAN_OPTIONS=malloc_context_size=2:quarantine_size_mb=16 tools/fuzz_target.sh "$target" \
+        -max_total_time="$seconds" -print_final_stats=1 -artifact_prefix="$found/" \
+        "${options[@]}" "$corpus" "fuzz/corpus/$target" >"$log" 2>&1 || isBroken=1
+    local took=$((SECONDS - began)) executions crashes
+    executions=$(statistic number_of_executed_units "$log")
+    shrink "$target"
+    crashes=$(($(filesIn "$found") - foundBefore))
     if [ "$crashes" != 0 ]; then
+        isBroken=1
         tail -n 25 "$log"
         echo "$target: kept in $found; repeat with 'tools/fuzz_target.sh $target FILE', mend it, and add the file to fuzz/found/$target under a name that tells what it is."
     fi
-    summary+=("$(printf '%-18s %10s runs %6s s %7s runs/s %6s new %4s crashes' "$target" \
-        "$(statistic number_of_executed_units "$log")" "$seconds" \
-        "$(statistic average_exec_per_sec "$log")" $(($(filesIn "$corpus") - seedsBefore)) \
-        "$crashes")")
+    printf '%s\t%s\t%s\t%s\t%s\n' "$(date +%F)" "$target" $took "$executions" $crashes >>"$runs"
+    printf '%-18s %10s runs %6s s %6s inputs kept %4s crashes\n' "$target" "$executions" $took \
+        "$(filesIn "$corpus")" "$crashes"
 }
 
 isBroken=0
-summary=()
-for target in "${targets[@]}"; do
-    echo "== $target for $seconds s"
-    fuzz "$target"
+for ((round = 0; round < ${FUZZ_ROUNDS:-1}; ++round)); do
+    for target in "${targets[@]}"; do
+        fuzz "$target"
+    done
 done
-printf '%s\n' "${summary[@]}"
 exit $isBroken

@@ -11,18 +11,19 @@ shift
 
 case $target in
 lyric_conversion) maxLength=160 ;;
-song_fit | text_splitting) maxLength=96 ;;
+song_fit) maxLength=48 ;;
+text_splitting) maxLength=96 ;;
+session | unreliable_host) maxLength=256 ;;
 dictionary) maxLength=512 ;;
-session | unreliable_host) maxLength=1024 ;;
 *) maxLength=4096 ;;
 esac
 
-options=(-max_len=$maxLength -timeout=20 -rss_limit_mb=2048)
+options=("-max_len=$maxLength" -timeout=20 -rss_limit_mb=2048)
 # Watching the values that are compared finds checksums and keywords, and slows long runs down;
 # so does the keeping of frequencies where one input goes many ways.
 case $target in
-lyric_conversion | song_fit) ;;
-session | unreliable_host) options+=(-entropic=0) ;;
+lyric_conversion) ;;
+session | song_fit | unreliable_host) options+=(-entropic=0) ;;
 *) options+=(-use_value_profile=1) ;;
 esac
 [ ! -f "fuzz/$target.dict" ] || options+=("-dict=fuzz/$target.dict")
