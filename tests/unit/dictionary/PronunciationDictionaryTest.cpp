@@ -239,6 +239,32 @@ TEST(PronunciationDictionary, FindsExactlyTheWordsItHolds) {
     }
 }
 
+TEST(PronunciationDictionary, FindsAWordBesideOnesThatBeginWithIt) {
+    const auto dictionary = loadDictionary("a\tAH\ta\n"
+                                           "a\0b\tB\ta\n"
+                                           "a'\tQ\ta\n"
+                                           "aa\tAA\ta\n"s);
+    for (const auto& [word, phonemes] :
+         {std::pair{"a"s, "AH"s}, {"a\0b"s, "B"s}, {"a'"s, "Q"s}, {"aa"s, "AA"s}}) {
+        EXPECT_EQ(find(dictionary, word), (Texts{phonemes, "a"}));
+    }
+}
+
+TEST(PronunciationDictionary, FindsAWordThatGoesOnInMemory) {
+    const auto dictionary = loadDictionary("a\tAH\ta\n"
+                                           "ab\tAB\tab\n");
+    EXPECT_EQ(find(dictionary, "ab"sv.substr(0, 1)), (Texts{"AH", "a"}));
+}
+
+TEST(PronunciationDictionary, FindsWordsByEveryBitOfTheirFirstTwoBytes) {
+    const auto dictionary = loadDictionary("b\xE9\tB\tb\n"
+                                           "ca\tC\tca\n"
+                                           "\xFF\xFF\tF\tf\n");
+    EXPECT_EQ(find(dictionary, "b\xE9"), (Texts{"B", "b"}));
+    EXPECT_EQ(find(dictionary, "ca"), (Texts{"C", "ca"}));
+    EXPECT_EQ(find(dictionary, "\xFF\xFF"), (Texts{"F", "f"}));
+}
+
 TEST(PronunciationDictionary, FindsNothingWhileItIsEmpty) {
     EXPECT_FALSE(PronunciationDictionary().find(""));
     EXPECT_FALSE(PronunciationDictionary().find("a"));

@@ -52,6 +52,13 @@ TEST(WordLookup, TakesNoOtherLettersAsSmallOnes) {
     EXPECT_EQ(convert(dictionary, U"\u00E9z"), Items{});
 }
 
+TEST(WordLookup, LooksUpCharactersBehindAsciiInUtf8) {
+    const auto dictionary = loadDictionary("a\xC2\x80\tah\ta\n"
+                                           "b\x7F\tb\tb\n");
+    EXPECT_EQ(convert(dictionary, U"a\u0080"), Items{"ah"});
+    EXPECT_EQ(convert(dictionary, U"b\u007F"), Items{"b"});
+}
+
 TEST(WordLookup, AppendsBehindTheItemsThatAreThere) {
     EXPECT_EQ(convert(U"a", {"k a"}), (Items{"k a", "ah"}));
     EXPECT_EQ(convert(U"lo-ve", {"k a"}), (Items{"k a", "l ah", "- v"}));
