@@ -4,6 +4,7 @@
 import contextlib
 import hashlib
 import io
+import subprocess
 import sys
 import tempfile
 import unittest
@@ -306,6 +307,13 @@ class Generator(unittest.TestCase):
         self.assertTrue(message.startswith("expected the arguments CMUDICT_FILE "), message)
         self.assertIn(", found cmudict --out text (", message)
         self.assertEqual(message.count("\n"), 1)
+
+    def test_started_as_a_program_it_ends_with_the_exit_status(self) -> None:
+        program = [sys.executable, TOOLS / "make_dictionary.py", self.cmudict.with_name("none")]
+        result = subprocess.run([*program, "--output", self.output], capture_output=True, text=True)
+        self.assertEqual(result.returncode, 2)
+        self.assertIn("expected a readable file at ", result.stderr)
+        self.assertFalse(self.output.exists())
 
 
 class CommittedText(unittest.TestCase):
