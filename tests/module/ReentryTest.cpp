@@ -42,6 +42,19 @@ protected:
     Steinberg::IPluginBase& base() { return extension->base(); }
 };
 
+TEST_F(Reentry, MeetsAnExtensionThatHoldsItself) {
+    const auto references = [this] {
+        base().addRef();
+        return base().release();
+    };
+    const auto before = references();
+    auto meanwhile = before;
+    inTheMiddleOf("IProjectManager.addNotification", [&] { meanwhile = references(); });
+    base().initialize(host->context());
+    EXPECT_GT(meanwhile, before);
+    EXPECT_EQ(references(), before);
+}
+
 TEST_F(Reentry, TerminatesOnceWhenTheManagerTerminatesItAgain) {
     const auto document = host->openDocument();
     base().initialize(host->context());

@@ -186,6 +186,19 @@ TEST_F(TargetTrack, IsAskedNoFurtherThanItsFirstGoodSlot) {
     EXPECT_TRUE(isTarget({goodSlot(), later}));
 }
 
+TEST_F(TargetTrack, HasADeviceThatIsAskedForTheElementsThatItHas) {
+    int asked = 0;
+    int counted = 0;
+    state()->calls.intercept([&](const HostCall& call) {
+        asked += call.name == "IProjectElement.element" ? 1 : 0;
+        counted += call.name == "IProjectElement.countElements" ? 1 : 0;
+        return Answer::Normal;
+    });
+    EXPECT_FALSE(isTarget({element("Rack"), element("Rack"), element("Rack")}));
+    EXPECT_GT(counted, 0);
+    EXPECT_EQ(asked, 3 * counted);
+}
+
 TEST_F(TargetTrack, IsNotOneWhileTheHostRefusesWhatIsAsked) {
     for (const auto* name :
          {"IProjectItem.isKind", "IProjectTrack.deviceElement", "IProjectElement.countElements",
