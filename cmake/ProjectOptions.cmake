@@ -22,9 +22,15 @@ endfunction()
 
 # The same bytes wherever and whenever they are built. The last folder that fits is the one taken.
 add_library(reproducible INTERFACE)
-add_cxx_options(reproducible
-    -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.
-    -ffile-prefix-map=${PROJECT_BINARY_DIR}=build)
+if(WYBETA_COVERAGE)
+    # gcov reads the sources, so it has to be told where they are.
+    add_compile_options(--coverage)
+    add_link_options(--coverage)
+else()
+    add_cxx_options(reproducible
+        -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.
+        -ffile-prefix-map=${PROJECT_BINARY_DIR}=build)
+endif()
 if(WIN32)
     target_link_options(reproducible INTERFACE LINKER:--no-insert-timestamp)
 endif()

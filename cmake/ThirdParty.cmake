@@ -43,7 +43,7 @@ add_third_party(vst3sdk INCLUDE ${VST3_SDK_DIR} SOURCES ${sdk_sources})
 target_compile_definitions(vst3sdk PUBLIC RELEASE=1)
 target_compile_options(vst3sdk
     PRIVATE -fvisibility=hidden
-    PUBLIC $<$<COMPILE_LANGUAGE:CXX>:-ffile-prefix-map=${VST3_SDK_DIR}=vst3sdk>)
+    PUBLIC $<$<AND:$<COMPILE_LANGUAGE:CXX>,$<NOT:$<BOOL:${WYBETA_COVERAGE}>>>:-ffile-prefix-map=${VST3_SDK_DIR}=vst3sdk>)
 if(WIN32)
     target_link_libraries(vst3sdk PUBLIC ole32)
 else()
