@@ -29,7 +29,8 @@ public:
 
     Steinberg::tresult PLUGIN_API queryInterface(const Steinberg::TUID id, void** object) override;
     OBJ_METHODS(WyBetaExtension, Steinberg::FObject)
-    REFCOUNT_METHODS(Steinberg::FObject)
+    Steinberg::uint32 PLUGIN_API addRef() override { return FObject::addRef(); }
+    Steinberg::uint32 PLUGIN_API release() override;
 
     // Makes this the current instance. Returns 0, or 1 when the context does not answer
     // IProjectHost.
