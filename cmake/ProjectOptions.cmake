@@ -51,12 +51,16 @@ if(NOT WIN32 AND NOT EMSCRIPTEN AND CMAKE_BUILD_TYPE STREQUAL "Release")
     add_cxx_options(hardening -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2)
 endif()
 
-# AddressSanitizer and UndefinedBehaviorSanitizer. The host's objects have no run-time type
-# information that this build could know, so casts to their interfaces and calls of their slots are not
-# checked against it.
+# The host's objects have no run-time type information that this build could know, so casts to their
+# interfaces and calls of their slots are not checked against it.
 add_library(sanitizers INTERFACE)
 if(WYBETA_SANITIZE OR WYBETA_FUZZ)
-    set(sanitizer_options -fsanitize=address,undefined -fno-sanitize=vptr -fno-sanitize-recover=all)
+    if(WYBETA_SANITIZE STREQUAL "thread")
+        set(sanitizer_options -fsanitize=thread)
+    else()
+        set(sanitizer_options
+            -fsanitize=address,undefined -fno-sanitize=vptr -fno-sanitize-recover=all)
+    endif()
     target_compile_options(sanitizers INTERFACE ${sanitizer_options} -fno-omit-frame-pointer)
     # Of the debugging information, the lines are enough for a report. A target may say otherwise.
     add_compile_options(-O1 -g1)

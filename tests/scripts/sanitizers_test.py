@@ -8,6 +8,7 @@ import unittest
 from pathlib import Path
 
 COMMANDS = Path(os.environ["WYBETA_BUILD"]) / "compile_commands.json"
+SANITIZERS = os.environ["WYBETA_SANITIZE"]
 
 
 class SanitizedBuild(unittest.TestCase):
@@ -15,14 +16,14 @@ class SanitizedBuild(unittest.TestCase):
         self.commands = [entry for entry in json.loads(COMMANDS.read_text())
                          if Path(entry["file"]).suffix in (".cpp", ".cc", ".cxx", ".c")]
 
-    def test_compiles_every_file_with_both_sanitizers(self) -> None:
+    def test_compiles_every_file_with_its_sanitizers(self) -> None:
         bare = [entry["file"] for entry in self.commands
-                if "-fsanitize=address,undefined" not in entry["command"]]
+                if f" -fsanitize={SANITIZERS} " not in entry["command"]]
         self.assertEqual(bare, [])
 
     def test_has_the_sdk_and_googletest_among_its_files(self) -> None:
         names = {Path(entry["file"]).name for entry in self.commands}
-        self.assertLessEqual({"gtest-all.cc", "pluginfactory.cpp", "pugixml.cpp"}, names)
+        self.assertLessEqual({"gtest-all.cc", "fobject.cpp", "pugixml.cpp"}, names)
 
 
 if __name__ == "__main__":
