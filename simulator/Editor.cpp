@@ -116,6 +116,11 @@ bool Editor::redo() {
     return true;
 }
 
+void Editor::forgetEdits() {
+    done_.clear();
+    undone_.clear();
+}
+
 void Editor::notify() {
     extension_->notification().projectChanged(project_->argument());
 }

@@ -59,6 +59,8 @@ public:
     bool redo();
     bool canUndo() const { return !done_.empty(); }
     bool canRedo() const { return !undone_.empty(); }
+    // Lets go of all edits, so that none can be undone or redone any more.
+    void forgetEdits();
     // The extension's steps of the last edit; there has to be one.
     const EditSteps& lastSteps() const { return done_.back().steps; }
 

@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/unit/faults/FailingAllocation.h"
 
+#include "tests/unit/faults/HeldHeap.h"
+
+#include <malloc.h>
+
+#include <atomic>
 #include <cstddef>
 #include <cstdlib>
 #include <new>
@@ -23,11 +28,40 @@ bool isToFail() {
                                                              : allocations >= numberToFail;
 }
 
+std::atomic<std::int64_t> heldBlocks = 0;
+std::atomic<std::int64_t> heldBytes = 0;
+
+// Enters blocks of that memory: one that is new, or one less.
+void enter(void* memory, int blocks) {
+#ifdef _WIN32
+    const std::size_t size = _msize(memory);
+#else
+    const std::size_t size = malloc_usable_size(memory);
+#endif
+    heldBlocks.fetch_add(blocks, std::memory_order_relaxed);
+    heldBytes.fetch_add(blocks * static_cast<std::int64_t>(size), std::memory_order_relaxed);
+}
+
 void* allocate(std::size_t size) noexcept {
-    return isToFail() ? nullptr : std::malloc(size != 0 ? size : 1);
+    void* const memory = isToFail() ? nullptr : std::malloc(size != 0 ? size : 1);
+    if (memory != nullptr) {
+        enter(memory, 1);
+    }
+    return memory;
+}
+
+void free(void* memory) noexcept {
+    if (memory != nullptr) {
+        enter(memory, -1);
+        std::free(memory);
+    }
 }
 
 } // namespace
+
+HeldHeap heldHeap() {
+    return {heldBlocks, heldBytes};
+}
 
 FailingAllocation::FailingAllocation(std::uint64_t number, Extent extent) {
     numberToFail = number;
@@ -57,13 +91,13 @@ void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
 }
 
 void operator delete(void* memory) noexcept {
-    std::free(memory);
+    wybeta::tests::free(memory);
 }
 
 void operator delete(void* memory, std::size_t /*size*/) noexcept {
-    std::free(memory);
+    wybeta::tests::free(memory);
 }
 
 void operator delete(void* memory, const std::nothrow_t& /*tag*/) noexcept {
-    std::free(memory);
+    wybeta::tests::free(memory);
 }
