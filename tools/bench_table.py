@@ -50,6 +50,14 @@ ROWS: list[tuple[str, Figure, Figure, float, float]] = [
     for what, name, bar in (("every note flagged", "walkAllFlagged", 1.5),
                             ("every note changed", "walkAllChanged", 4))
 ] + [
+    (f"{what}, bytes of heap at the most, per note (plain list)",
+     counter(f"{name}/iterations:1", "bytesPerNote"),
+     counter("listPlainly/iterations:1", "bytesPerNote"), bar, 0)
+    for what, name, bar in (("first walk over a track", "firstWalk", 2.1),
+                            ("second walk", "secondWalk", 1.4),
+                            ("each walk after that", "thirdWalk", 0.01),
+                            ("edit of every note, and its step", "editOfEveryNote", 1.3))
+] + [
     (f"1,000,000 characters of {what}, ns (decoding alone)",
      time_of(f"longLyric/{name}"), time_of(f"decodeAlone/{name}"), bar, 0.25)
     for what, name, bar in (("kana", "kana", 20), ("English words", "words", 25),
