@@ -20,7 +20,8 @@ TEST(NumberText, IsWrittenWithoutNeedlessDigits) {
 TEST(NumberText, IsAWholeTextOnly) {
     EXPECT_EQ(parseNumber(" 1.5\n"), 1.5);
     EXPECT_EQ(parseInteger("-7"), -7);
-    for (const auto* const text : {"", " ", "1x", "x", "1 2", "--1", "+-1", "0x1", "1e999"}) {
+    for (const auto* const text :
+         {"", " ", "1x", "x", "1 2", "--1", "+-1", "0x1", "1p2", "inf", "nan", "1e999"}) {
         EXPECT_EQ(parseNumber(text), std::nullopt) << text;
         EXPECT_EQ(parseInteger(text), std::nullopt) << text;
     }

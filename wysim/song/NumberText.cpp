@@ -11,6 +11,15 @@
 
 namespace wybeta::wysim::song {
 
+namespace {
+
+// Some libraries read hexadecimal digits as well.
+bool isDecimal(std::string_view text) {
+    return text.find_first_not_of("0123456789.+-eE") == std::string_view::npos;
+}
+
+} // namespace
+
 std::string formatNumber(double value) {
     std::ostringstream text;
     text.imbue(std::locale::classic());
@@ -20,10 +29,11 @@ std::string formatNumber(double value) {
 }
 
 std::optional<double> parseNumber(std::string_view text) {
-    std::istringstream stream{std::string(trimmed(text))};
+    text = trimmed(text);
+    std::istringstream stream{std::string(text)};
     stream.imbue(std::locale::classic());
     double value = 0;
-    const bool isNumber = stream >> std::noskipws >> value && stream.eof();
+    const bool isNumber = isDecimal(text) && stream >> std::noskipws >> value && stream.eof();
     return isNumber && std::isfinite(value) ? std::optional(value) : std::nullopt;
 }
 
