@@ -66,10 +66,7 @@ class DeepFolder
     : public PlainObject<host::IProjectItem, host::IProjectNode, host::IProjectNodeIterator> {
 public:
     // The folders that were made, each of which is in the one before it.
-    struct Tree {
-        Patience patience;
-        std::deque<DeepFolder> folders;
-    };
+    struct Tree;
 
     explicit DeepFolder(Tree& tree) : tree_(tree) {}
 
@@ -80,17 +77,24 @@ public:
         addRef();
         return this;
     }
-    host::IProjectItem* PLUGIN_API next() override {
-        tree_.patience.use();
-        hasYielded_ = true;
-        return &tree_.folders.emplace_back(tree_);
-    }
+    host::IProjectItem* PLUGIN_API next() override;
     bool PLUGIN_API atEnd() override { return hasYielded_; }
 
 private:
     Tree& tree_;
     bool hasYielded_ = false;
 };
+
+struct DeepFolder::Tree {
+    Patience patience;
+    std::deque<DeepFolder> folders;
+};
+
+host::IProjectItem* DeepFolder::next() {
+    tree_.patience.use();
+    hasYielded_ = true;
+    return &tree_.folders.emplace_back(tree_);
+}
 
 // A voice track without children.
 class PlainTrack : public PlainObject<host::IProjectItem, host::IProjectNode, host::IProjectTrack> {
