@@ -32,7 +32,7 @@ check:
 # targets.
 test:
 	@tools/setup.sh build windows web package tests fuzz
-	@for preset in linux sanitized threads fuzz web windows; do \
+	@for preset in linux sanitized threads web windows; do \
 	    tools/build.sh $$preset && ctest --preset $$preset || exit; done
 
 bench:

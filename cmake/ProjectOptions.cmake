@@ -65,12 +65,9 @@ if(WYBETA_SANITIZE OR WYBETA_FUZZ)
     # Of the debugging information, the lines are enough for a report. A target may say otherwise.
     add_compile_options(-O1 -g1)
     target_link_options(sanitizers INTERFACE ${sanitizer_options})
-    add_cxx_options(sanitizers $<$<CXX_COMPILER_ID:Clang>:-fno-sanitize=function>)
+    add_cxx_options(sanitizers -fno-sanitize=function)
     if(WYBETA_FUZZ)
         target_compile_options(sanitizers INTERFACE -fsanitize=fuzzer-no-link)
-    else()
-        # Instrumented code of the standard library raises this warning without cause.
-        add_cxx_options(sanitizers $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
     endif()
 endif()
 
