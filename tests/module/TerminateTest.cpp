@@ -17,8 +17,6 @@ namespace {
 using namespace simulator;
 using Steinberg::kResultOk;
 
-using Sinks = std::vector<host::IProjectStorageNotification*>;
-
 class Terminate : public tests::ExtensionFixture {
 protected:
     void SetUp() override { extension->base().initialize(host->context()); }
@@ -35,7 +33,7 @@ protected:
     }
 
     // Who was removed from a document when only the storage face was, and only once.
-    const Sinks once{&extension->storageNotification()};
+    const std::vector<host::IProjectStorageNotification*> once{&extension->storageNotification()};
 };
 
 TEST_F(Terminate, UnregistersTheNotificationFaceAndReleasesTheHost) {
