@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The SDK's own code for hosts, which the simulated editor has nothing of, loads the module as
+// well.
+#include "tests/Options.h"
+
+#include "pluginterfaces/base/ipluginbase.h"
+#include "pluginterfaces/base/smartpointer.h"
+#include "public.sdk/source/vst/hosting/module.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <stdexcept>
+#include <string>
+
+#ifdef _WIN32
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#ifndef WIN32_LEAN_AND_MEAN
+#define WIN32_LEAN_AND_MEAN
+#endif
+#include <windows.h>
+#else
+#include <dlfcn.h>
+#endif
+
+namespace wybeta::tests {
+namespace {
+
+using VST3::Hosting::Module;
+
+// What a host is told to load: the file on Windows, elsewhere the folder that is packed around it.
+std::filesystem::path pathForHosts() {
+#ifdef _WIN32
+    return modulePath();
+#else
+    return modulePath().parent_path().parent_path().parent_path();
+#endif
+}
+
+bool isLoaded() {
+#ifdef _WIN32
+    return GetModuleHandleW(modulePath().filename().c_str()) != nullptr;
+#else
+    void* const module = dlopen(modulePath().c_str(), RTLD_NOW | RTLD_NOLOAD);
+    return module != nullptr && dlclose(module) == 0;
+#endif
+}
+
+// Throws when the SDK does not load the module.
+Module::Ptr load() {
+    std::string error;
+    auto module = Module::create(pathForHosts().u8string(), error);
+    if (!module) {
+        throw std::runtime_error("expected the SDK to load the module, it did not: " + error);
+    }
+    return module;
+}
+
+TEST(SdkLoader, ListsTheClassAndMakesExtensionsEachTimeItLoadsTheModule) {
+    for (int time = 0; time < 3; ++time) {
+        const auto module = load();
+        EXPECT_TRUE(isLoaded());
+        const auto classes = module->getFactory().classInfos();
+        ASSERT_EQ(classes.size(), 1u);
+        EXPECT_EQ(classes[0].name(), "WY Beta");
+        EXPECT_EQ(classes[0].category(), "Service");
+        EXPECT_EQ(classes[0].vendor(), "WY Beta");
+        EXPECT_EQ(classes[0].version(), "3.0.3");
+        for (int i = 0; i < 10; ++i) {
+            auto extension =
+                module->getFactory().createInstance<Steinberg::IPluginBase>(classes[0].ID());
+            ASSERT_TRUE(extension);
+            EXPECT_EQ(extension.take()->release(), 0u);
+        }
+    }
+}
+
+TEST(SdkLoader, UnloadsTheModule) {
+    load();
+    EXPECT_FALSE(isLoaded());
+}
+
+} // namespace
+} // namespace wybeta::tests
