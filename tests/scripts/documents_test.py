@@ -19,7 +19,8 @@ BUILD = PROJECT / "build/linux"
 WYSIM = "build/linux/wysim/wysim"
 VERSION = re.search(r"project\(\w+ VERSION ([\d.]+)", (PROJECT / "CMakeLists.txt").read_text())[1]
 GUIDES = ["README.md", "README.ja.md", "CONTRIBUTING.md"]
-DOCUMENTS = [*GUIDES, "docs/architecture.md", "docs/mutants.md", "CHANGELOG.md"]
+DOCUMENTS = [*GUIDES, "docs/architecture.md", "docs/hosts.md", "docs/mutants.md",
+             "CHANGELOG.md"]
 
 LINK = re.compile(r"\]\(([^)]+)\)")
 TEST_NAME = re.compile(r"`([A-Z]\w*\.[A-Z]\w*)`")
