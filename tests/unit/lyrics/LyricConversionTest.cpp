@@ -153,6 +153,12 @@ TEST(LyricConversion, TakesTheFirstKanaOfAPairIntoTheWordBeforeIt) {
     EXPECT_EQ(syllables("love キャ"), (SyllableList{"l ah v", "ky a"}));
 }
 
+TEST(LyricConversion, TakesNoMoreOfAPairIntoTheWordBeforeIt) {
+    const auto dictionary = tests::loadDictionary("a\xE3\x81\x8D\tone\ta\n"
+                                                  "a\xE3\x81\x8D\xE3\x82\x83\ttwo\ta\n");
+    EXPECT_EQ(lyrics::lyricToSyllables("aきゃ", dictionary), (SyllableList{"one", "ky a"}));
+}
+
 TEST(LyricConversion, LeavesASingleKanaOutOfTheWordBeforeIt) {
     EXPECT_EQ(syllables("loveキ"), (SyllableList{"l ah v", "k i"}));
 }
