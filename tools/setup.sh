@@ -16,6 +16,7 @@ readonly -A packages=(
     [tests]="python3-pyelftools python3-pefile reuse git"
     [bench]="libbenchmark-dev"
     [fuzz]="clang-14 libclang-rt-14-dev"
+    [libcxx]="clang-14 libc++-14-dev libc++abi-14-dev"
     [lint]="clang-format clang-tidy-19 cppcheck"
     [coverage]="gcovr"
     [web]="emscripten nodejs npm chromium"
