@@ -19,7 +19,7 @@ BUILD = PROJECT / "build/linux"
 WYSIM = "build/linux/wysim/wysim"
 VERSION = re.search(r"project\(\w+ VERSION ([\d.]+)", (PROJECT / "CMakeLists.txt").read_text())[1]
 GUIDES = ["README.md", "README.ja.md", "CONTRIBUTING.md"]
-DOCUMENTS = [*GUIDES, "docs/architecture.md", "docs/hosts.md", "docs/mutants.md",
+DOCUMENTS = [*GUIDES, "docs/architecture.md", "docs/hosts.md", "docs/mutants.md", "docs/analysis.md",
              "CHANGELOG.md"]
 
 LINK = re.compile(r"\]\(([^)]+)\)")
