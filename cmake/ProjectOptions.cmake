@@ -65,8 +65,6 @@ if(WYBETA_SANITIZE OR WYBETA_FUZZ)
     # Of the debugging information, the lines are enough for a report. A target may say otherwise.
     add_compile_options(-O1 -g1)
     target_link_options(sanitizers INTERFACE ${sanitizer_options})
-    # An index just behind the end may still lie in memory that is there.
-    target_compile_definitions(sanitizers INTERFACE _GLIBCXX_ASSERTIONS)
     add_cxx_options(sanitizers -fno-sanitize=function)
     if(WYBETA_FUZZ)
         target_compile_options(sanitizers INTERFACE -fsanitize=fuzzer-no-link)
