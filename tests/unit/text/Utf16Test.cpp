@@ -74,6 +74,11 @@ TEST(Utf8FromUtf16, ReplacesBothHalvesOfAReversedPair) {
     EXPECT_EQ(converted(u"\xDFB5\xD83C"), kReplacement + kReplacement);
 }
 
+TEST(Utf8FromUtf16, ReplacesBothOfTwoOfAKindAtTheirBorder) {
+    EXPECT_EQ(converted(u"\xDBFF\xDBFF"), kReplacement + kReplacement);
+    EXPECT_EQ(converted(u"\xDC00\xDC00"), kReplacement + kReplacement);
+}
+
 TEST(Utf8FromUtf16, TakesAPairAfterALoneLeadSurrogateAsAPair) {
     EXPECT_EQ(converted(u"\xD83C\xD83C\xDFB5"), kReplacement + "\xF0\x9F\x8E\xB5");
 }
@@ -88,6 +93,16 @@ TEST(Utf8FromUtf16, ConvertsTextsOfEveryLength) {
             text += character;
             expected += bytes;
         }
+    }
+}
+
+TEST(Utf8FromUtf16, ConvertsAPairBehindTextsOfEveryLength) {
+    std::u16string text;
+    std::string expected;
+    for (int length = 0; length < 200; ++length) {
+        EXPECT_EQ(converted((text + u"\U0001F3B5").c_str()), expected + "\xF0\x9F\x8E\xB5");
+        text += u'a';
+        expected += 'a';
     }
 }
 
