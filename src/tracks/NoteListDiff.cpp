@@ -20,10 +20,10 @@ bool belongsAt(const NoteChange& change, std::size_t place) {
 } // namespace
 
 NoteChanges diffNoteLists(const NoteList& longer, const NoteList& shorter) {
-    NoteChanges changes;
     if (longer.size() < shorter.size()) {
-        return changes;
+        return {};
     }
+    NoteChanges changes;
     std::size_t j = 0;
     for (std::size_t i = 0; i < longer.size(); ++i) {
         const void* const event = j < shorter.size() ? shorter[j].event : nullptr;
