@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace wybeta::tests {
@@ -176,6 +177,13 @@ TEST(Warning, TellsOfNotesWithoutLength) {
               Lines{said("a note without length is not sung, and its words go to the note after "
                          "it")});
     EXPECT_EQ(linesOf(opened.song), Lines{"0 4 D4 la*"});
+}
+
+TEST(Warning, TakesANoteOfHardlyAnyLengthForOneWithoutLength) {
+    std::string score = scoreOf({noteOf("C4", 0, lyricOf("la")) + noteOf("D4", 4)});
+    constexpr std::string_view kNoDuration = "<duration>0</duration>";
+    score.replace(score.find(kNoDuration), kNoDuration.size(), "<duration>0.0000001</duration>");
+    EXPECT_EQ(linesOf(openBytes(score).song), Lines{"0 4 D4 la*"});
 }
 
 TEST(Warning, TellsThatANoteWithoutADurationIsAsLongAsItIsDrawn) {

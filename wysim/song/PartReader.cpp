@@ -126,7 +126,7 @@ void PartReader::readNote(xml_node element) {
 
 double PartReader::lengthOf(xml_node note) {
     if (const auto length = quarters(note)) {
-        return *length;
+        return isSameTime(*length, 0) ? 0 : *length;
     }
     warnings_.add(note.child("type") ? "a note without a duration is as long as it is drawn"
                                      : "a note without a duration is a quarter note long",
