@@ -16,7 +16,8 @@ describe("Changes that are not saved", () => {
   beforeEach(() => openSong(page, songOf([emptyNotes(4)], { title: "Evening song" })));
 
   const mark = () => page.locator("#unsaved").isVisible();
-  const title = () => page.locator("#title").innerText();
+  /** Ends when the song of that title is there; fails by its time limit when it does not come. */
+  const titleBecomes = (title) => page.locator("#title", { hasText: title }).waitFor({ timeout: 10000 });
   const question = () => page.getByRole("dialog", { name: /changes that are not saved/ });
 
   async function save(name) {
@@ -77,7 +78,7 @@ describe("Changes that are not saved", () => {
     assert.deepEqual(await carried(page), ["love[l ah v]"]);
     await chooseFile(page, SCORE);
     await button(page, "Open without saving").click();
-    assert.equal(await title(), "Gloria");
+    await titleBecomes("Gloria");
   });
 
   it("can be saved before the other song is opened", async () => {
@@ -86,7 +87,7 @@ describe("Changes that are not saved", () => {
     const [download] = await Promise.all(
       [page.waitForEvent("download"), button(page, "Save the project first").click()]);
     assert.equal(download.suggestedFilename(), "Evening song.json");
-    assert.equal(await title(), "Gloria");
+    await titleBecomes("Gloria");
   });
 
   it("are asked for when a song is dropped, with those in the text field", async () => {
