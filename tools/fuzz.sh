@@ -37,16 +37,19 @@ shrink() {
 }
 
 fuzz() {
-    local target=$1 began=$SECONDS
+    local target=$1
     local corpus=build/fuzz/corpus/$target found=build/fuzz/found/$target log=build/fuzz/$target.log
     mkdir -p "$corpus" "$found" "fuzz/corpus/$target"
     local foundBefore
     foundBefore=$(filesIn "$found")
     # Holds freed memory back for longer than a session lasts; whoever repeats it gets whole stacks.
-    ASAN_OPTIONS=malloc_context_size=2:quarantine_size_mb=16 tools/fuzz_target.sh "$target" \
-        -max_total_time="$seconds" -print_final_stats=1 -artifact_prefix="$found/" \
-        "${options[@]}" "$corpus" "fuzz/corpus/$target" >"$log" 2>&1 || isBroken=1
-    local took=$((SECONDS - began)) executions crashes
+    # What it took is told by the processor's time, since a run is often one beside other work.
+    local took executions crashes TIMEFORMAT=%0U
+    took=$({
+        time ASAN_OPTIONS=malloc_context_size=2:quarantine_size_mb=16 tools/fuzz_target.sh "$target" \
+            -max_total_time="$seconds" -print_final_stats=1 -artifact_prefix="$found/" \
+            "${options[@]}" "$corpus" "fuzz/corpus/$target" >"$log" 2>&1
+    } 2>&1) || isBroken=1
     executions=$(statistic number_of_executed_units "$log")
     shrink "$target"
     crashes=$(($(filesIn "$found") - foundBefore))
@@ -55,8 +58,8 @@ fuzz() {
         tail -n 25 "$log"
         echo "$target: kept in $found; repeat with 'tools/fuzz_target.sh $target FILE', mend it, and add the file to fuzz/found/$target under a name that tells what it is."
     fi
-    printf '%s\t%s\t%s\t%s\t%s\n' "$(date +%F)" "$target" $took "$executions" $crashes >>"$runs"
-    printf '%-18s %10s runs %6s s %6s inputs kept %4s crashes\n' "$target" "$executions" $took \
+    printf '%s\t%s\t%s\t%s\t%s\n' "$(date +%F)" "$target" "$took" "$executions" $crashes >>"$runs"
+    printf '%-18s %10s runs %6s s %6s inputs kept %4s crashes\n' "$target" "$executions" "$took" \
         "$(filesIn "$corpus")" "$crashes"
 }
 
