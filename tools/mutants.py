@@ -51,7 +51,7 @@ class Mutant(NamedTuple):
     file: str
     line: int
     column: int
-    before: str  # the lines that change, as one
+    before: str  # the lines that change, as one, and what is above where there are others like them
     after: str
     text: str  # the whole file
 
@@ -113,8 +113,11 @@ def mutants_of(file: str, text: str) -> list[Mutant]:
         # Conditions are repeated in what is written, with the strings that are in them.
         after = after.replace(code[start:end], text[start:end]) if end > start else after
         first, last = text.rfind("\n", 0, start) + 1, text.find("\n", end)
+        while first > 0 and text.count(text[first - 1:last + 1]) > 1:
+            first = text.rfind("\n", 0, first - 1) + 1
         mutants.append(Mutant(
-            file, text.count("\n", 0, start) + 1, start - first + 1, " ".join(text[first:last].split()),
+            file, text.count("\n", 0, start) + 1, start - text.rfind("\n", 0, start),
+            " ".join(text[first:last].split()),
             " ".join((text[first:start] + after + text[end:last]).split()),
             text[:start] + after + text[end:]))
     return mutants

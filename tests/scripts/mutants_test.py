@@ -82,6 +82,11 @@ class Changes(unittest.TestCase):
             self.assertEqual((mutant.line, mutant.before), (2, "return a < 1;"))
             self.assertEqual(mutant.text, text.replace(mutant.before, mutant.after))
 
+    def test_show_what_tells_a_line_from_others_like_it(self) -> None:
+        text = "{\n    if (a) {\n        x = b;\n    }\n    if (c) {\n        x = b;\n    }\n}\n"
+        shown = [mutant.before for mutant in mutants.mutants_of("a.cpp", text) if mutant.after.endswith("{ ;")]
+        self.assertEqual(shown, ["if (a) { x = b;", "if (c) { x = b;"])
+
 
 class KnownMutants(unittest.TestCase):
     def test_are_the_rows_of_the_document(self) -> None:
@@ -89,10 +94,11 @@ class KnownMutants(unittest.TestCase):
             mutants.known_ones("| file | line |\n|---|---|\n| `a.cpp` | `x \\|\\| y` | `x && y` | z |\n"),
             {("a.cpp", "x || y", "x && y")})
 
-    def test_are_changes_that_the_tool_makes(self) -> None:
+    def test_are_one_change_each_that_the_tool_makes(self) -> None:
         for file, before, after in mutants.known_ones((PROJECT / "docs/mutants.md").read_text()):
             made = mutants.mutants_of(file, (PROJECT / file).read_text())
-            self.assertIn((before, after), [(mutant.before, mutant.after) for mutant in made], file)
+            lines = [(mutant.before, mutant.after) for mutant in made]
+            self.assertEqual(lines.count((before, after)), 1, (file, before, after))
 
 
 class Runs(unittest.TestCase):
