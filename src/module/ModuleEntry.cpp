@@ -3,6 +3,7 @@
 
 #include "extension/WyBetaExtension.h"
 #include "module/FactoryInfo.h"
+#include "pluginterfaces/base/smartpointer.h"
 #include "public.sdk/source/main/pluginfactory.h"
 
 #include <new>
@@ -27,15 +28,20 @@ Steinberg::FUnknown* createExtension(void* /*context*/) {
 
 } // namespace
 
-// Returns the module's factory with a reference for the caller. The first call creates it.
+// Returns the module's factory with a reference for the caller. The first call creates it, and
+// throws std::bad_alloc where there is no memory for it, so that the next call is again the first.
 Steinberg::IPluginFactory* PLUGIN_API GetPluginFactory() {
     using Steinberg::gPluginFactory;
     if (gPluginFactory != nullptr) {
         gPluginFactory->addRef();
         return gPluginFactory;
     }
-    gPluginFactory = new Steinberg::CPluginFactory(wybeta::module::factoryInfo());
-    gPluginFactory->registerClass(&wybeta::module::classRecord(), createExtension, nullptr);
+    auto factory = Steinberg::owned(new Steinberg::CPluginFactory(wybeta::module::factoryInfo()));
+    // The SDK's list of classes grows by malloc, and tells by false that it could not.
+    if (!factory->registerClass(&wybeta::module::classRecord(), createExtension, nullptr)) {
+        throw std::bad_alloc();
+    }
+    gPluginFactory = factory.take();
     return gPluginFactory;
 }
 

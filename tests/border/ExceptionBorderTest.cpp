@@ -3,6 +3,7 @@
 // Exceptions cross the border of the built module, as docs/hosts.md tells: out of it when memory
 // ends, and through it when the host throws in a call that the extension makes.
 #include "simulator/ExtensionInstance.h"
+#include "simulator/LoadedModule.h"
 #include "simulator/RunningModule.h"
 #include "tests/Options.h"
 #include "tests/border/FailingMalloc.h"
@@ -10,11 +11,14 @@
 #include "tests/faults/FaultTest.h"
 #include "tests/faults/Scenario.h"
 
+#include "pluginterfaces/base/smartpointer.h"
+
 #include <gtest/gtest.h>
 
 #include <cstdint>
 #include <functional>
 #include <new>
+#include <string>
 
 namespace wybeta::tests {
 namespace {
@@ -67,6 +71,26 @@ TEST_P(ExceptionBorder, IsCrossedByWhatAHostOfTheSameCompilerThrows) {
 }
 
 INSTANTIATE_TEST_SUITE_P(In, ExceptionBorder, testing::ValuesIn(scenarios()), nameOf);
+
+TEST(ExceptionBorderOfTheFactory, IsCrossedAtEachAllocationAndTheNextFactoryHasItsClass) {
+    const simulator::LoadedModule module(modulePath());
+    FailingMalloc memory(modulePath());
+    std::uint64_t number = 1;
+    for (bool isReached = true; isReached; ++number) {
+        SCOPED_TRACE("at allocation " + std::to_string(number));
+        bool isThrown = false;
+        memory.failAt(number);
+        try {
+            Steinberg::owned(module.getPluginFactory());
+        } catch (const std::bad_alloc&) {
+            isThrown = true;
+        }
+        isReached = memory.stop();
+        EXPECT_EQ(isThrown, isReached);
+        EXPECT_EQ(Steinberg::owned(module.getPluginFactory())->countClasses(), 1);
+    }
+    EXPECT_GT(number, 2U);
+}
 
 TEST(ExceptionBorderOfTheFactory, IsCrossedWhenAnExtensionLacksMemoryForAllButItself) {
     const simulator::RunningModule module(modulePath());

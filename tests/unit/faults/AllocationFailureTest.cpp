@@ -23,21 +23,29 @@ namespace {
 
 using Extent = FailingAllocation::Extent;
 
+struct Outcome {
+    bool isReached; // there was an allocation of that number
+    bool isThrown;
+};
+
+// Does the work without the n-th allocation.
+template <class Work>
+Outcome workWithout(std::uint64_t number, Extent extent, const Work& work) {
+    const FailingAllocation failure(number, extent);
+    bool isThrown = false;
+    try {
+        work();
+    } catch (const std::bad_alloc&) {
+        isThrown = true;
+    }
+    return {FailingAllocation::isReached(), isThrown};
+}
+
 class AllocationFailure : public FaultTest, public testing::WithParamInterface<Scenario> {
 protected:
     static void failAtEachAllocation(Extent extent) {
         playAtEachPlace(GetParam(), [extent](Play& play, std::uint64_t number) {
-            bool isReached = false;
-            bool isThrown = false;
-            {
-                const FailingAllocation failure(number, extent);
-                try {
-                    play.act();
-                } catch (const std::bad_alloc&) {
-                    isThrown = true;
-                }
-                isReached = FailingAllocation::isReached();
-            }
+            const auto [isReached, isThrown] = workWithout(number, extent, [&play] { play.act(); });
             EXPECT_EQ(isThrown, isReached);
             expectAllOrNothing(play, isReached);
             return isReached;
@@ -62,17 +70,9 @@ bool createWithout(std::uint64_t number, Extent extent) {
     Steinberg::PClassInfo info;
     factory->getClassInfo(0, &info);
     void* object = nullptr;
-    bool isReached = false;
-    bool isThrown = false;
-    {
-        const FailingAllocation failure(number, extent);
-        try {
-            factory->createInstance(info.cid, Steinberg::IPluginBase_iid, &object);
-        } catch (const std::bad_alloc&) {
-            isThrown = true;
-        }
-        isReached = FailingAllocation::isReached();
-    }
+    const auto [isReached, isThrown] = workWithout(number, extent, [&] {
+        factory->createInstance(info.cid, Steinberg::IPluginBase_iid, &object);
+    });
     // Without memory for the object itself, the factory does not throw.
     EXPECT_EQ(object == nullptr, isThrown || number == 1);
     EXPECT_TRUE(object != nullptr || isReached);
@@ -92,6 +92,26 @@ TEST(AllocationFailureInConstruction, KeepsTheDictionaryOfTheExtensionBefore) {
             EXPECT_EQ(dictionary.size(), size);
             EXPECT_TRUE(dictionary.find("abandon"));
         }
+    }
+}
+
+// Makes the factory without the n-th allocation. Returns false when it was made with fewer.
+bool makeFactoryWithout(std::uint64_t number, Extent extent) {
+    Steinberg::IPtr<Steinberg::IPluginFactory> factory;
+    const auto [isReached, isThrown] =
+        workWithout(number, extent, [&factory] { factory = Steinberg::owned(GetPluginFactory()); });
+    EXPECT_EQ(isThrown, isReached);
+    EXPECT_EQ(Steinberg::owned(GetPluginFactory())->countClasses(), 1);
+    return isReached;
+}
+
+TEST(AllocationFailureOfTheFactory, LeavesTheCallAndTheNextOneMakesAFactoryWithItsClass) {
+    for (const auto extent : {Extent::One, Extent::AllFromThere}) {
+        std::uint64_t number = 1;
+        while (makeFactoryWithout(number, extent)) {
+            ++number;
+        }
+        EXPECT_GT(number, 1U);
     }
 }
 

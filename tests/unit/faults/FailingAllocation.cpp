@@ -28,6 +28,29 @@ bool isToFail() {
                                                              : allocations >= numberToFail;
 }
 
+} // namespace
+
+#ifdef _WIN32
+// No more than operator new: GCC's run-time library is in the program there, and takes memory by
+// malloc when it throws.
+static void* mallocOrFail(std::size_t size) {
+    return isToFail() ? nullptr : std::malloc(size);
+}
+#else
+extern "C" void* __real_malloc(std::size_t size);
+
+// What all of the program calls for malloc, by which the SDK takes some of its memory.
+extern "C" void* __wrap_malloc(std::size_t size) {
+    return isToFail() ? nullptr : __real_malloc(size);
+}
+
+static void* mallocOrFail(std::size_t size) {
+    return __wrap_malloc(size);
+}
+#endif
+
+namespace {
+
 std::atomic<std::int64_t> heldBlocks = 0;
 std::atomic<std::int64_t> heldBytes = 0;
 
@@ -43,7 +66,7 @@ void enter(void* memory, int blocks) {
 }
 
 void* allocate(std::size_t size) noexcept {
-    void* const memory = isToFail() ? nullptr : std::malloc(size != 0 ? size : 1);
+    void* const memory = mallocOrFail(size != 0 ? size : 1);
     if (memory != nullptr) {
         enter(memory, 1);
     }
