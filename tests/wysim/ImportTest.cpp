@@ -154,6 +154,14 @@ TEST(Import, KnowsAnIncompleteFirstMeasure) {
     EXPECT_EQ(linesOf(song), (Lines{"0 1 D4 oh*", "1 4 G4 say*", "7 2 C#5 can*"}));
 }
 
+TEST(Import, TakesAMeasureOfTripletsForAWholeOne) {
+    // 4/3, 2/3, 4/3 and 2/3 quarters come to a little less than four.
+    const auto song = songFrom(scoreOf({"<attributes><divisions>3</divisions><time><beats>4</beats>"
+                                        "<beat-type>4</beat-type></time></attributes>" +
+                                        restOf(4) + restOf(2) + restOf(4) + restOf(2)}));
+    EXPECT_EQ(song.pickup, 0);
+}
+
 TEST(Import, PassesOverGraceNotes) {
     EXPECT_EQ(linesIn("grace-notes.musicxml"), Lines{"0 4 C4 plain*"});
 }

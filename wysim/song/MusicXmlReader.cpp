@@ -10,6 +10,7 @@
 #include "wysim/song/ScoreWarnings.h"
 #include "wysim/song/Song.h"
 #include "wysim/song/Text.h"
+#include "wysim/song/Time.h"
 #include "wysim/song/VerseChoice.h"
 #include "wysim/song/XmlDocument.h"
 
@@ -131,7 +132,7 @@ private:
     // The bars of the first part that is read are those of the song.
     void takeBars(const PartReader& reader) {
         song_.time = reader.time().value_or(TimeSignature());
-        if (reader.time() && reader.firstMeasure() < song_.time.measureLength()) {
+        if (reader.time() && isBefore(reader.firstMeasure(), song_.time.measureLength())) {
             song_.pickup = reader.firstMeasure();
         }
     }
