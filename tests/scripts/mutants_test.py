@@ -2,9 +2,11 @@
 """Tests of mutants.py: what it changes, what it leaves alone, and which changes it knows."""
 
 import contextlib
+import fcntl
 import io
 import sys
 import tempfile
+import threading
 import unittest
 from pathlib import Path
 from unittest import mock
@@ -101,6 +103,44 @@ class KnownMutants(unittest.TestCase):
             self.assertEqual(lines.count((before, after)), 1, (file, before, after))
 
 
+class Trees(unittest.TestCase):
+    def setUp(self) -> None:
+        scratch = tempfile.TemporaryDirectory()
+        self.addCleanup(scratch.cleanup)
+        self.tree = object.__new__(mutants.Tree)
+        self.tree.folder, self.tree.is_stopped = Path(scratch.name), False
+        (self.tree.folder / "build").mkdir()
+
+    def test_remove_what_is_no_source_any_more(self) -> None:
+        self.tree.originals = {"a.cpp": b""}
+        for name in ("a.cpp", "b.cpp", "build/c.o"):
+            (self.tree.folder / name).touch()
+        self.tree.remove_others()
+        left = [path.name for path in self.tree.folder.rglob("*") if path.is_file()]
+        self.assertEqual(sorted(left), ["a.cpp", "c.o"])
+
+    def test_tell_how_a_program_ended_and_what_it_wrote(self) -> None:
+        self.assertEqual(self.tree.run(["sh", "-c", "echo no; exit 3"], 60), (3, "no\n"))
+
+    def test_end_a_program_with_all_it_began(self) -> None:
+        status, _ = self.tree.run(["sh", "-c", "sleep 60; true"], 1)
+        self.assertEqual(status, -9)
+
+    def test_tell_nothing_of_a_program_that_the_user_ended(self) -> None:
+        def stop() -> None:
+            self.tree.is_stopped = True
+
+        threading.Timer(0.1, stop).start()
+        with self.assertRaises(mutants.Stopped):
+            self.tree.run(["sleep", "60"], 60)
+
+    def test_stop_at_tests_that_can_not_be_run(self) -> None:
+        self.tree.build = self.tree.folder
+        with self.assertRaises(SystemExit) as ended:
+            self.tree.run_tests("unit_tests", "*", 60)
+        self.assertIn("expected to run tests/unit_tests", str(ended.exception))
+
+
 class Runs(unittest.TestCase):
     def run_on(self, known: str, *options: str) -> tuple[int, str, list[str]]:
         """Runs the tool where no test notices anything; returns its status, its output, and what it
@@ -109,6 +149,8 @@ class Runs(unittest.TestCase):
 
         def attempt(tree: object, mutant: mutants.Mutant) -> tuple[str, str]:
             tried.append(mutant.after)
+            if len(tried) == self.ends_at:
+                raise KeyboardInterrupt
             return "unnoticed", ""
 
         (self.folder / "docs/mutants.md").write_text(known)
@@ -122,6 +164,7 @@ class Runs(unittest.TestCase):
         scratch = tempfile.TemporaryDirectory()
         self.addCleanup(scratch.cleanup)
         self.folder = Path(scratch.name)
+        self.ends_at = 0
         for name in ("docs", "src"):
             (self.folder / name).mkdir()
         (self.folder / "src/a.cpp").write_text("{\n    if (a < b) {\n    x = true;\n}\n")
@@ -148,10 +191,38 @@ class Runs(unittest.TestCase):
         self.assertEqual((len(first), len(second)), (2, 1))
         self.assertEqual(len(self.run_on("", "--count", "3", "--again")[2]), 3)
 
+    def test_keep_what_was_tried_before_they_were_ended(self) -> None:
+        self.ends_at = 3
+        with contextlib.redirect_stderr(io.StringIO()) as errors:
+            status, _, _ = self.run_on("")
+        self.assertEqual(status, 130)
+        self.assertIn("goes on from here", errors.getvalue())
+        self.assertEqual(len((self.folder / "build/results.tsv").read_text().splitlines()), 2)
+
+    def test_go_on_after_a_row_that_is_cut_off(self) -> None:
+        self.run_on("", "--count", "2")
+        results = self.folder / "build/results.tsv"
+        results.write_text(results.read_text()[:-10])
+        self.assertEqual(len(self.run_on("", "--count", "2")[2]), 1)
+
+    def test_refuse_to_work_beside_another(self) -> None:
+        (self.folder / "build").mkdir()
+        with (self.folder / "build/lock").open("w") as lock:
+            fcntl.flock(lock, fcntl.LOCK_EX)
+            with self.assertRaises(SystemExit) as ended:
+                self.run_on("")
+        self.assertIn("found one", str(ended.exception))
+
     def test_refuse_a_folder_without_sources(self) -> None:
+        self.assertIn("found none in docs", self.refusal("docs"))
+
+    def test_refuse_to_try_nothing_at_a_time(self) -> None:
+        self.assertIn("expected a number from 1 on, found 0", self.refusal("--jobs", "0"))
+
+    def refusal(self, *options: str) -> str:
         with contextlib.redirect_stderr(io.StringIO()) as errors, self.assertRaises(SystemExit):
-            self.run_on("", "docs")
-        self.assertIn("found none in docs", errors.getvalue())
+            self.run_on("", *options)
+        return errors.getvalue()
 
     def test_choose_by_the_seed(self) -> None:
         places = mutants.mutants_of("a.cpp", "int x[] = {0, 1, 2, 3};")
