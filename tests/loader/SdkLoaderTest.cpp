@@ -13,6 +13,7 @@
 #include <filesystem>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #ifdef _WIN32
 #ifndef NOMINMAX
@@ -29,7 +30,10 @@
 namespace wybeta::tests {
 namespace {
 
+using VST3::UID;
+using VST3::Hosting::ClassInfo;
 using VST3::Hosting::Module;
+using VST3::Hosting::PluginFactory;
 
 // What a host is told to load: the file on Windows, elsewhere the folder that is packed around it.
 std::filesystem::path pathForHosts() {
@@ -59,22 +63,40 @@ Module::Ptr load() {
     return module;
 }
 
-TEST(SdkLoader, ListsTheClassAndMakesExtensionsEachTimeItLoadsTheModule) {
+void expectTheClass(const ClassInfo& info) {
+    EXPECT_EQ(info.name(), "WY Beta");
+    EXPECT_EQ(info.category(), "Service");
+    EXPECT_EQ(info.vendor(), "WY Beta");
+    EXPECT_EQ(info.version(), "3.0.3");
+}
+
+// Holds them all at once, and gives each back as the only one who holds it.
+void makeTenExtensions(const PluginFactory& factory, const UID& id) {
+    std::vector<Steinberg::IPtr<Steinberg::IPluginBase>> extensions;
+    for (int i = 0; i < 10; ++i) {
+        extensions.push_back(factory.createInstance<Steinberg::IPluginBase>(id));
+        ASSERT_TRUE(extensions.back());
+    }
+    for (auto& extension : extensions) {
+        EXPECT_EQ(extension.take()->release(), 0u);
+    }
+}
+
+void loadAndUse() {
+    const auto module = load();
+    EXPECT_TRUE(isLoaded());
+    const auto& factory = module->getFactory();
+    const auto classes = factory.classInfos();
+    ASSERT_EQ(classes.size(), 1u);
+    expectTheClass(classes[0]);
+    makeTenExtensions(factory, classes[0].ID());
+}
+
+// What keeps a module from being unloaded may come about only when it makes an extension.
+TEST(SdkLoader, ListsTheClassMakesExtensionsAndUnloadsTheModuleEachTime) {
     for (int time = 0; time < 3; ++time) {
-        const auto module = load();
-        EXPECT_TRUE(isLoaded());
-        const auto classes = module->getFactory().classInfos();
-        ASSERT_EQ(classes.size(), 1u);
-        EXPECT_EQ(classes[0].name(), "WY Beta");
-        EXPECT_EQ(classes[0].category(), "Service");
-        EXPECT_EQ(classes[0].vendor(), "WY Beta");
-        EXPECT_EQ(classes[0].version(), "3.0.3");
-        for (int i = 0; i < 10; ++i) {
-            auto extension =
-                module->getFactory().createInstance<Steinberg::IPluginBase>(classes[0].ID());
-            ASSERT_TRUE(extension);
-            EXPECT_EQ(extension.take()->release(), 0u);
-        }
+        loadAndUse();
+        EXPECT_FALSE(isLoaded());
     }
 }
 
