@@ -54,9 +54,9 @@ protected:
         for (const int end = edits_ + edits; edits_ < end;) {
             playRound();
             editor_.forgetEdits();
+            // The edits before it that were undone are seen now.
+            editor_.notify();
         }
-        // The edits before it that were undone are seen now.
-        editor_.notify();
     }
 
 private:
