@@ -33,7 +33,7 @@ protected:
     // of its kind, and tells whether that caught something.
     static void failAtEachAllocation(const std::function<bool(const Work&)>& isThrown) {
         FailingMalloc memory(modulePath());
-        playAtEachPlace(GetParam(), [&](Play& play, std::uint64_t number) {
+        const auto places = playAtEachPlace(GetParam(), [&](Play& play, std::uint64_t number) {
             memory.failAt(number);
             const bool hasFailed = isThrown([&play] { play.act(); });
             const bool isReached = memory.stop();
@@ -41,6 +41,7 @@ protected:
             expectAllOrNothing(play, isReached);
             return isReached;
         });
+        EXPECT_EQ(places > 0, GetParam().memory == Memory::OfTheExtension);
     }
 };
 

@@ -133,32 +133,33 @@ std::string nameOf(const testing::TestParamInfo<Scenario>& info) {
 
 const std::vector<Scenario>& scenarios() {
     static const std::vector<Scenario> list{
-        {"FirstNotification", beNew, notify},
-        {"FirstHook", beNew, hook},
-        {"NotificationOfALyric", typed, notify},
-        {"HookOfALyric", typed, hook},
-        {"HookOfNewNotes", grown, hook},
-        {"HookOfFewerNotes", shrunk, hook},
-        {"HookOfManyChanges", changedAllOver, hook},
-        {"ExecuteOfALyric", undone<typed>, executeStep},
-        {"UndoOfALyric", done<typed>, undoStep},
-        {"RedoOfALyric", undone<typed>, redoStep},
-        {"ReportOfALyric", done<typed>, reportStep},
-        {"UndoOfNewNotes", done<grown>, undoStep},
-        {"RedoOfNewNotes", undone<grown>, redoStep},
-        {"UndoOfFewerNotes", done<shrunk>, undoStep},
-        {"RedoOfFewerNotes", undone<shrunk>, redoStep},
-        {"Initialize", terminate, initialize},
-        {"SecondInitialize", know, initialize},
-        {"Terminate", know, terminate},
-        {"DocumentOpened", know, openDocument},
-        {"DocumentClosing", know, closeDocument},
+        {"FirstNotification", beNew, notify, Memory::OfTheExtension},
+        {"FirstHook", beNew, hook, Memory::OfTheExtension},
+        {"NotificationOfALyric", typed, notify, Memory::OfTheExtension},
+        {"HookOfALyric", typed, hook, Memory::OfTheExtension},
+        {"HookOfNewNotes", grown, hook, Memory::OfTheExtension},
+        {"HookOfFewerNotes", shrunk, hook, Memory::OfTheExtension},
+        {"HookOfManyChanges", changedAllOver, hook, Memory::OfTheExtension},
+        {"ExecuteOfALyric", undone<typed>, executeStep, Memory::OfTheExtension},
+        {"UndoOfALyric", done<typed>, undoStep, Memory::OfTheExtension},
+        {"RedoOfALyric", undone<typed>, redoStep, Memory::OfTheExtension},
+        {"ReportOfALyric", done<typed>, reportStep, Memory::OfTheHost},
+        {"UndoOfNewNotes", done<grown>, undoStep, Memory::OfNobody},
+        {"RedoOfNewNotes", undone<grown>, redoStep, Memory::OfTheExtension},
+        {"UndoOfFewerNotes", done<shrunk>, undoStep, Memory::OfTheExtension},
+        {"RedoOfFewerNotes", undone<shrunk>, redoStep, Memory::OfNobody},
+        {"Initialize", terminate, initialize, Memory::OfNobody},
+        {"SecondInitialize", know, initialize, Memory::OfTheHost},
+        {"Terminate", know, terminate, Memory::OfTheHost},
+        {"DocumentOpened", know, openDocument, Memory::OfTheHost},
+        {"DocumentClosing", know, closeDocument, Memory::OfTheHost},
     };
     return list;
 }
 
 const Scenario& stepsOfManyChanges() {
-    static const Scenario scenario{"StepsOfManyChanges", done<changedAllOver>, useSteps};
+    static const Scenario scenario{"StepsOfManyChanges", done<changedAllOver>, useSteps,
+                                   Memory::OfTheExtension};
     return scenario;
 }
 

@@ -11,11 +11,15 @@
 
 namespace wybeta::tests {
 
+// Who allocates memory in a call. The host's own is what its answers take.
+enum class Memory { OfNobody, OfTheHost, OfTheExtension };
+
 // One call of the extension in which something is to go wrong, and what has to come before it.
 struct Scenario {
     const char* name;
     void (*prepare)(FaultSession&);
     void (*act)(FaultSession&);
+    Memory memory;
 };
 
 // The name, which is also that of the test with the scenario.

@@ -44,12 +44,13 @@ Outcome workWithout(std::uint64_t number, Extent extent, const Work& work) {
 class AllocationFailure : public FaultTest, public testing::WithParamInterface<Scenario> {
 protected:
     static void failAtEachAllocation(Extent extent) {
-        playAtEachPlace(GetParam(), [extent](Play& play, std::uint64_t number) {
+        const auto places = playAtEachPlace(GetParam(), [extent](Play& play, std::uint64_t number) {
             const auto [isReached, isThrown] = workWithout(number, extent, [&play] { play.act(); });
             EXPECT_EQ(isThrown, isReached);
             expectAllOrNothing(play, isReached);
             return isReached;
         });
+        EXPECT_EQ(places > 0, GetParam().memory != Memory::OfNobody);
     }
 };
 
