@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // What the extension makes may be held and given back on any thread. All else is for one thread at
-// a time. Without a sanitizer, a count that is not atomic comes out wrong in most runs; the build
-// with ThreadSanitizer reports it in each.
+// a time. Without a sanitizer, a count that is not atomic comes out wrong only now and then; the
+// build with ThreadSanitizer reports it in each run.
 #include "host/IEditStep.h"
 #include "simulator/EditContext.h"
 #include "simulator/Editor.h"
