@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
+#include <exception>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -40,7 +42,23 @@ std::filesystem::path sourceFile(const std::string& name) {
 
 } // namespace wybeta::tests
 
+namespace {
+
+std::terminate_handler handlerBefore = nullptr;
+
+// With --gtest_brief, a test is named only once it has ended.
+void nameTestAndTerminate() {
+    const auto* const test = testing::UnitTest::GetInstance()->current_test_info();
+    if (test != nullptr) {
+        std::fprintf(stderr, "terminated in %s.%s\n", test->test_suite_name(), test->name());
+    }
+    handlerBefore();
+}
+
+} // namespace
+
 int main(int argc, char** argv) {
+    handlerBefore = std::set_terminate(nameTestAndTerminate);
     testing::InitGoogleTest(&argc, argv);
     wybeta::tests::arguments().assign(argv + 1, argv + argc);
     return RUN_ALL_TESTS();
