@@ -5,11 +5,15 @@
 # all targets by default; a target that is named twice gets twice the time. FUZZ_ROUNDS=N goes over
 # them N times, FUZZ_OPTIONS are further options of libFuzzer's. Starts from the committed corpus,
 # keeps what is new in build/fuzz/corpus, what breaks something in build/fuzz/found, and what was run
-# in build/fuzz/runs.tsv. Exit status 1 when something was found.
+# in build/fuzz/runs.tsv. Exit status 1 when something was found, 2 when SECONDS is no number.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-readonly seconds=${1:-60} runs=build/fuzz/runs.tsv
+readonly seconds=${1-60} runs=build/fuzz/runs.tsv
+[[ $seconds =~ ^[1-9][0-9]*$ ]] || {
+    echo "fuzz: expected a number of seconds, found '$seconds'." >&2
+    exit 2
+}
 shift $(($# > 0))
 mapfile -t targets < <(sed -n 's/^add_fuzz_target(\([a-z_]*\) .*/\1/p' fuzz/CMakeLists.txt)
 [ $# -eq 0 ] || targets=("$@")
