@@ -29,13 +29,20 @@ filesIn() {
     find "$1" -type f | wc -l
 }
 
-# Keeps the shortest inputs that reach all that is reached; they run with all checks meanwhile.
+# How many inputs a log says were saved, which may have been saved before.
+savedIn() {
+    grep -ac '; Test unit written to ' "$1" || true
+}
+
+# Keeps the shortest inputs that reach all that is reached; they run with all checks meanwhile. Those
+# that break something are left out by a merge, so they are all kept then.
 shrink() {
-    local corpus=build/fuzz/corpus/$1 merged=build/fuzz/merged/$1
+    local corpus=build/fuzz/corpus/$1 merged=build/fuzz/merged/$1 log=build/fuzz/$1-merge.log
     rm -rf "$merged"
     mkdir -p "$merged"
     tools/fuzz_target.sh "$1" -merge=1 -artifact_prefix="build/fuzz/found/$1/" \
-        "${options[@]}" "$merged" "fuzz/corpus/$1" "$corpus" >"build/fuzz/$1-merge.log" 2>&1 || return 0
+        "${options[@]}" "$merged" "fuzz/corpus/$1" "$corpus" >"$log" 2>&1 || return
+    [ "$(savedIn "$log")" = 0 ] || return
     rm -rf "$corpus"
     mv "$merged" "$corpus"
 }
@@ -44,25 +51,29 @@ fuzz() {
     local target=$1
     local corpus=build/fuzz/corpus/$target found=build/fuzz/found/$target log=build/fuzz/$target.log
     mkdir -p "$corpus" "$found" "fuzz/corpus/$target"
-    local foundBefore
-    foundBefore=$(filesIn "$found")
     # Holds freed memory back for longer than a session lasts; whoever repeats it gets whole stacks.
     # What it took is told by the processor's time, since a run is often one beside other work.
-    local took executions crashes TIMEFORMAT=%0U
+    local took executions crashes status=0 TIMEFORMAT=%0U
     took=$({
         time ASAN_OPTIONS=malloc_context_size=2:quarantine_size_mb=16 tools/fuzz_target.sh "$target" \
             -max_total_time="$seconds" -print_final_stats=1 -artifact_prefix="$found/" \
             "${options[@]}" "$corpus" "fuzz/corpus/$target" >"$log" 2>&1
-    } 2>&1) || isBroken=1
+    } 2>&1) || status=1
     executions=$(statistic number_of_executed_units "$log")
-    shrink "$target"
-    crashes=$(($(filesIn "$found") - foundBefore))
-    if [ "$crashes" != 0 ]; then
+    crashes=$(savedIn "$log")
+    if [ $status = 0 ] && [ "$crashes" = 0 ] && ! shrink "$target"; then
+        log=build/fuzz/$target-merge.log status=1
+        # A merge saves every input that breaks, most often by one fault.
+        crashes=$(($(savedIn "$log") > 0))
+    fi
+    if [ $status != 0 ] || [ "$crashes" != 0 ]; then
         isBroken=1
         tail -n 25 "$log"
+    fi
+    if [ "$crashes" != 0 ]; then
         echo "$target: kept in $found; repeat with 'tools/fuzz_target.sh $target FILE', mend it, and add the file to fuzz/found/$target under a name that tells what it is."
     fi
-    printf '%s\t%s\t%s\t%s\t%s\n' "$(date +%F)" "$target" "$took" "$executions" $crashes >>"$runs"
+    printf '%s\t%s\t%s\t%s\t%s\n' "$(date +%F)" "$target" "$took" "$executions" "$crashes" >>"$runs"
     printf '%-18s %10s runs %6s s %6s inputs kept %4s crashes\n' "$target" "$executions" "$took" \
         "$(filesIn "$corpus")" "$crashes"
 }

@@ -59,6 +59,22 @@ class FuzzRuns(unittest.TestCase):
         self.assertEqual(self.fuzz()[0], 0)
         self.assertEqual((self.corpus(), self.crashes()), ({"short"}, "0"))
 
+    def test_with_a_fault_count_it_and_keep_all_inputs(self) -> None:
+        self.write("run", FAULT)
+        self.fuzz()
+        self.assertEqual((self.corpus(), self.crashes()), ({"long", "longer"}, "1"))
+
+    def test_with_a_fault_when_merged_tell_it_once_and_keep_all_inputs(self) -> None:
+        self.write("merge", FAULT * 74)
+        status, _ = self.fuzz()
+        self.assertEqual((status, self.corpus(), self.crashes()), (1, {"long", "longer"}, "1"))
+
+    def test_that_end_for_another_reason_tell_how(self) -> None:
+        self.write("tools/fuzz_target.sh", "#!/bin/sh\necho no such program; exit 127\n")
+        status, output = self.fuzz()
+        self.assertEqual((status, self.corpus()), (1, {"long", "longer"}))
+        self.assertTrue(output.startswith("no such program\n"), output)
+
     def test_refuse_what_is_no_number_of_seconds(self) -> None:
         for word in ("ten", "kana", "0", "-5", "1.5", ""):
             self.assertEqual(
