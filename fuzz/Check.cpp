@@ -19,8 +19,8 @@ std::string described(const std::vector<std::string>& texts) {
 } // namespace
 
 void fail(const std::string& sentence) {
-    std::fwrite(sentence.data(), 1, sentence.size(), stderr);
-    std::fputc('\n', stderr);
+    const auto line = "fuzz: " + sentence + "\n";
+    std::fwrite(line.data(), 1, line.size(), stderr);
     std::abort();
 }
 

@@ -29,6 +29,13 @@ filesIn() {
     find "$1" -type f | wc -l
 }
 
+# Prints what a check, a sanitizer or the fuzzer said first, and where; else how the log ends.
+printFault() {
+    awk '/^fuzz: |Assertion .* failed|^terminate called|runtime error: |ERROR: / { isTold = 1 }
+        isTold && ++lines <= 40
+        END { exit !isTold }' "$1" || tail -n 25 "$1"
+}
+
 # How many inputs a log says were saved, which may have been saved before.
 savedIn() {
     grep -ac '; Test unit written to ' "$1" || true
@@ -68,7 +75,7 @@ fuzz() {
     fi
     if [ $status != 0 ] || [ "$crashes" != 0 ]; then
         isBroken=1
-        tail -n 25 "$log"
+        printFault "$log"
     fi
     if [ "$crashes" != 0 ]; then
         echo "$target: kept in $found; repeat with 'tools/fuzz_target.sh $target FILE', mend it, and add the file to fuzz/found/$target under a name that tells what it is."

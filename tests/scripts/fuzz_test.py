@@ -59,6 +59,13 @@ class FuzzRuns(unittest.TestCase):
         self.assertEqual(self.fuzz()[0], 0)
         self.assertEqual((self.corpus(), self.crashes()), ({"short"}, "0"))
 
+    def test_with_a_fault_begin_with_what_the_check_said(self) -> None:
+        self.write("run", FAULT)
+        status, output = self.fuzz("5", "kana")
+        self.assertEqual(status, 1)
+        self.assertTrue(output.startswith("fuzz: expected\n  'x'\nfound nothing\n"), output)
+        self.assertLess(output.count("\n"), 50)
+
     def test_with_a_fault_count_it_and_keep_all_inputs(self) -> None:
         self.write("run", FAULT)
         self.fuzz()
@@ -66,8 +73,9 @@ class FuzzRuns(unittest.TestCase):
 
     def test_with_a_fault_when_merged_tell_it_once_and_keep_all_inputs(self) -> None:
         self.write("merge", FAULT * 74)
-        status, _ = self.fuzz()
+        status, output = self.fuzz()
         self.assertEqual((status, self.corpus(), self.crashes()), (1, {"long", "longer"}, "1"))
+        self.assertTrue(output.startswith("fuzz: expected\n"), output)
 
     def test_that_end_for_another_reason_tell_how(self) -> None:
         self.write("tools/fuzz_target.sh", "#!/bin/sh\necho no such program; exit 127\n")
