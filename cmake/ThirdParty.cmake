@@ -49,10 +49,10 @@ if(WIN32)
 else()
     if(EMSCRIPTEN)
         target_compile_options(vst3sdk PUBLIC
-            "SHELL:$<$<COMPILE_LANGUAGE:CXX>:-include ${PROJECT_SOURCE_DIR}/cmake/WebPlatform.h>")
+            "SHELL:$<$<COMPILE_LANGUAGE:CXX>:-include \"${PROJECT_SOURCE_DIR}/cmake/WebPlatform.h\">")
     endif()
     target_compile_options(vst3sdk PUBLIC
-        "SHELL:$<$<COMPILE_LANGUAGE:CXX>:-include ${PROJECT_SOURCE_DIR}/src/host/ComAbi.h>")
+        "SHELL:$<$<COMPILE_LANGUAGE:CXX>:-include \"${PROJECT_SOURCE_DIR}/src/host/ComAbi.h\">")
     # The SDK's own choice for Linux reads a count once more after it has changed it, by when another
     # thread may have changed it too: two threads could both give back the last reference.
     set_source_files_properties(${VST3_SDK_DIR}/pluginterfaces/base/funknown.cpp PROPERTIES
