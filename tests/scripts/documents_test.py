@@ -4,6 +4,8 @@
 Needs the module, wysim and the test programs built by the preset "linux".
 """
 
+import contextlib
+import itertools
 import json
 import re
 import shlex
@@ -19,12 +21,19 @@ BUILD = PROJECT / "build/linux"
 WYSIM = "build/linux/wysim/wysim"
 VERSION = re.search(r"project\(\w+ VERSION ([\d.]+)", (PROJECT / "CMakeLists.txt").read_text())[1]
 GUIDES = ["README.md", "README.ja.md", "CONTRIBUTING.md"]
-DOCUMENTS = [*GUIDES, "docs/architecture.md", "docs/hosts.md", "docs/mutants.md", "docs/analysis.md",
-             "CHANGELOG.md"]
+DOCUMENTS = subprocess.run(["git", "ls-files", "*.md"], cwd=PROJECT, check=True,
+                           capture_output=True, text=True).stdout.split()
 
 LINK = re.compile(r"\]\(([^)]+)\)")
 TEST_NAME = re.compile(r"`([A-Z]\w*\.[A-Z]\w*)`")
 PROMPT = "wysim> "
+FENCED = re.compile(r"^```.*?^```$", re.MULTILINE | re.DOTALL)
+# What stands for a name in a path or in a command.
+PLACEHOLDER = re.compile(r"\b(TARGET|NAME)\b")
+# What may stand in front of a command.
+BEFORE_COMMAND = re.compile(r"\w+=.*|nohup|nice|-n|\d+")
+PROGRAMS = {"make", "cmake", "ctest", "awk", "node", "run-clang-tidy-19", WYSIM,
+            *(f"build/linux/tests/{name}_tests" for name in ("unit", "module", "wysim"))}
 
 
 def read(document: str) -> str:
@@ -32,18 +41,32 @@ def read(document: str) -> str:
 
 
 def shown_blocks() -> list[list[str]]:
-    """Returns the indented blocks of the guides, without the indentation."""
-    blocks = [block for document in GUIDES
-              for block in re.findall(r"(?:^    .*\n)+", read(document), re.MULTILINE)]
+    """Returns the indented blocks of the documents, without the indentation."""
+    blocks = [block for document in DOCUMENTS
+              for block in re.findall(r"(?:^    .*\n)+", FENCED.sub("", read(document)), re.MULTILINE)]
     return [[line[4:] for line in block.splitlines()] for block in blocks]
 
 
+def commands_of(block: list[str]) -> list[list[str]]:
+    """Returns the words of each command of a block; some go on in the next line."""
+    found, text = [], ""
+    for line in block:
+        text += line.removesuffix("\\") + "\n"
+        if not line.endswith("\\"):
+            with contextlib.suppress(ValueError):  # a quotation that is not closed yet
+                found.append(shlex.split(text, comments=True))
+                text = ""
+    assert not text, f"expected a command, found no end of it: {text}"
+    return found
+
+
 def commands() -> list[list[str]]:
-    """Returns the words of every command that the guides show, or name in their text."""
-    shown = [line for block in shown_blocks() if not block[0].startswith("$ ") for line in block]
-    named = [code for document in GUIDES for code in CODE.findall(read(document))
-             if code.startswith("make ")]
-    return [shlex.split(line, comments=True) for line in shown + named]
+    """Returns the words of every command that the documents show, or name in their text."""
+    shown = [command for block in shown_blocks() if not block[0].startswith("$ ")
+             for command in commands_of(block)]
+    named = [shlex.split(code) for document in DOCUMENTS for code in CODE.findall(read(document))
+             if re.match(r"(make|cmake|ctest) |tools/\w", code)]
+    return [list(itertools.dropwhile(BEFORE_COMMAND.fullmatch, words)) for words in shown + named]
 
 
 def run(*command: object, folder: Path = PROJECT, typed: str = "",
@@ -110,10 +133,9 @@ class Examples(DocumentTest):
 
 class Commands(DocumentTest):
     def test_of_make_are_targets_of_the_makefile(self) -> None:
-        for command in commands():
-            if command[0] == "make":
-                # What make says of a folder for which it has no rule.
-                self.assertNotIn("Nothing to be done", run("make", "-n", *command[1:]))
+        for command in {tuple(command) for command in commands() if command[0] == "make"}:
+            # What make says of a folder for which it has no rule.
+            self.assertNotIn("Nothing to be done", run("make", "-n", *command[1:]))
 
     def test_of_wysim_succeed(self) -> None:
         for command in commands():
@@ -121,17 +143,17 @@ class Commands(DocumentTest):
                 run(*command, folder=self.folder)
 
     def test_of_other_kinds_are_scripts_of_the_project(self) -> None:
-        others = {command[0] for command in commands()} - {"make", "cmake", "ctest", WYSIM}
         scripts = {f"tools/{path.name}" for path in (PROJECT / "tools").iterdir()}
-        programs = {f"build/linux/tests/{name}_tests" for name in ("unit", "module", "wysim")}
-        self.assertEqual(others - scripts - programs, set())
+        self.assertEqual({command[0] for command in commands()} - PROGRAMS - scripts, set())
 
-    def test_of_cmake_and_ctest_name_presets(self) -> None:
+    def test_name_presets(self) -> None:
         presets = {preset["name"] for preset in
-                   json.loads(read("CMakePresets.json"))["configurePresets"]}
-        for command in commands():
-            if command[0] in ("cmake", "ctest"):
-                self.assertIn(command[command.index("--preset") + 1], presets)
+                   json.loads(read("CMakePresets.json"))["configurePresets"]
+                   if not preset.get("hidden")}
+        named = {after for command in commands() for word, after in itertools.pairwise(command)
+                 if word in ("--preset", "tools/build.sh")}
+        self.assertGreater(len(named), 3)
+        self.assertEqual(named - presets, set())
 
     def test_print_what_a_session_shows(self) -> None:
         sessions = [block for block in shown_blocks() if block[0].startswith("$ ")]
@@ -168,7 +190,8 @@ class Names(unittest.TestCase):
         words += [word for command in commands() for word in command]
         folders = {path.name for path in PROJECT.iterdir() if path.is_dir()} - {"build", "dist"}
         paths = {word for word in words
-                 if re.fullmatch(r"[\w./-]+", word) and word.partition("/")[0] in folders}
+                 if re.fullmatch(r"[\w./-]+", word) and word.partition("/")[0] in folders
+                 and not PLACEHOLDER.search(word)}
         self.assertEqual({path for path in paths if not (PROJECT / path).exists()}, set())
 
     def test_of_packages_bear_the_version(self) -> None:
