@@ -14,5 +14,9 @@ tools/dist.sh build/dist >/dev/null
 build/linux/bench/benchmarks --benchmark_repetitions=3 \
     --benchmark_enable_random_interleaving=true --benchmark_display_aggregates_only=true \
     --benchmark_out=build/bench.json --benchmark_out_format=json "$@"
-python3 tools/bench_table.py build/bench.json build/dist/WyBeta.vst3 \
+
+# Without a filter, a row whose benchmarks did not run is a fault.
+filtered=()
+[[ " $*" != *" --benchmark_filter="* ]] || filtered=(--filtered)
+python3 tools/bench_table.py "${filtered[@]}" build/bench.json build/dist/WyBeta.vst3 \
     src/resources/cmudict-0.7b-utf8-spll | tee build/bench.md
