@@ -37,6 +37,7 @@ static void* mallocOrFail(std::size_t size) {
     return isToFail() ? nullptr : std::malloc(size);
 }
 #else
+// NOLINTBEGIN(bugprone-reserved-identifier): the linker, which is told to wrap malloc, names them.
 extern "C" void* __real_malloc(std::size_t size);
 
 // What all of the program calls for malloc, by which the SDK takes some of its memory.
@@ -47,6 +48,7 @@ extern "C" void* __wrap_malloc(std::size_t size) {
 static void* mallocOrFail(std::size_t size) {
     return __wrap_malloc(size);
 }
+// NOLINTEND(bugprone-reserved-identifier)
 #endif
 
 namespace {

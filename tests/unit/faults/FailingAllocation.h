@@ -6,8 +6,8 @@
 namespace wybeta::tests {
 
 // Takes the memory away. While one is alive, the n-th allocation that anything in the program makes
-// through operator new fails, and on Linux those through malloc; counted from 1. There may be one at a
-// time.
+// through operator new fails, counted from 1; on Linux those through malloc count as well. There
+// may be one at a time.
 class FailingAllocation {
 public:
     enum class Extent { One, AllFromThere };
