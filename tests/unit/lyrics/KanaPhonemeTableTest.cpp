@@ -418,7 +418,7 @@ TEST(KanaPhonemeTable, TriesTheLastCodePointAgainstTheSinglesOnly) {
 TEST(KanaPhonemeTable, GivesNoneForAPositionOutsideTheText) {
     constexpr std::size_t kHuge = std::numeric_limits<std::size_t>::max();
     constexpr std::u32string_view kLonger = U"キャキャ";
-    for (const std::size_t size : {0, 1, 2}) {
+    for (std::size_t size = 0; size <= 2; ++size) {
         const auto text = kLonger.substr(0, size);
         for (const std::size_t i : {size, size + 1, kHuge - 1, kHuge}) {
             EXPECT_EQ(findKanaPair(text, i), nullptr);
