@@ -76,7 +76,10 @@ LYRICS = [("5 kana", "fiveKana"), ("3 English words", "threeWords"),
 def read_runs(path: Path) -> Runs:
     """The runs of each benchmark; sums over repetitions are left out."""
     runs: Runs = {}
-    for run in json.loads(path.read_text(encoding="utf-8"))["benchmarks"]:
+    text = path.read_text(encoding="utf-8")
+    if not text:
+        sys.exit(f"bench: expected the runs of benchmarks in {path}, found none: does the filter fit any?")
+    for run in json.loads(text)["benchmarks"]:
         if run["run_type"] == "iteration":
             runs.setdefault(run["run_name"], []).append(run)
     return runs

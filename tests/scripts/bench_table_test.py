@@ -63,6 +63,11 @@ class BenchTable(unittest.TestCase):
         self.assertEqual((status, complaints.count("\n")), (1, 1))
         self.assertIn("found more: undo and redo", complaints)
 
+    def test_refuses_a_file_without_runs(self) -> None:
+        with tempfile.NamedTemporaryFile() as file, self.assertRaises(SystemExit) as ended:
+            bench_table.main(Path(file.name), [], True)
+        self.assertIn("found none", str(ended.exception))
+
     def test_names_the_rows_whose_benchmarks_did_not_run(self) -> None:
         for name in ("constructExtension", "decodeAlone/kana", "typedLyric/bracket"):
             runs = every_run()
