@@ -8,9 +8,6 @@
 #include <string_view>
 #include <utility>
 
-#ifndef NOMINMAX
-#define NOMINMAX
-#endif
 #include <windows.h>
 
 namespace wybeta::tests {
