@@ -7,6 +7,7 @@ import io
 import sys
 import tempfile
 import threading
+import time
 import unittest
 from pathlib import Path
 from unittest import mock
@@ -123,8 +124,16 @@ class Trees(unittest.TestCase):
         self.assertEqual(self.tree.run(["sh", "-c", "echo no; exit 3"], 60), (3, "no\n"))
 
     def test_end_a_program_with_all_it_began(self) -> None:
-        status, _ = self.tree.run(["sh", "-c", "sleep 60; true"], 1)
+        held = self.tree.folder / "held"
+        # Locked for as long as either of the two lives.
+        status, _ = self.tree.run(["flock", str(held), "sleep", "60"], 1)
         self.assertEqual(status, -9)
+        with held.open() as file:
+            for _ in range(50):
+                with contextlib.suppress(BlockingIOError):
+                    return fcntl.flock(file, fcntl.LOCK_EX | fcntl.LOCK_NB)
+                time.sleep(0.1)
+        self.fail("expected what the program began to be ended, it lives on")
 
     def test_tell_nothing_of_a_program_that_the_user_ended(self) -> None:
         def stop() -> None:
