@@ -10,6 +10,7 @@
 #include <cstring>
 #include <iterator>
 #include <optional>
+#include <utility>
 
 namespace wybeta::dictionary {
 
@@ -85,42 +86,33 @@ void silenceLast(std::vector<std::string>& syllables) {
     syllables.back() = text::joinText(symbols, " ");
 }
 
-// Counts the hyphens of each spoken syllable. A hyphen belongs to the written syllable of the
-// letter before it; without such a letter, or past the end of the spelling, to the first; past the
-// last spoken syllable, to the last.
+// The spoken syllable that a hyphen after so many letters of the word holds: that of the written
+// syllable of the last of these letters. Past the end of the spelling it is the first; past the
+// last spoken syllable, the last.
+std::size_t heldSyllable(std::size_t letters, const Pieces& written, std::size_t spokenCount) {
+    std::size_t end = 0;
+    for (std::size_t i = 0; i < written.size(); ++i) {
+        end += written[i].size();
+        if (letters <= end) {
+            return std::min(i, spokenCount - 1);
+        }
+    }
+    return 0;
+}
+
+// Counts the hyphens of each spoken syllable.
 std::vector<std::size_t> countHyphens(std::string_view typed, const Pieces& written,
                                       std::size_t spokenCount) {
     std::vector<std::size_t> hyphens(spokenCount);
-    std::size_t letters = 0;       // of the typed word so far
-    std::size_t lettersBefore = 0; // the current written syllable
-    std::size_t current = 0;
+    std::size_t letters = 0;
     for (const char byte : typed) {
-        if (byte != '-') {
+        if (byte == '-') {
+            ++hyphens[heldSyllable(letters, written, spokenCount)];
+        } else {
             ++letters;
-            continue;
         }
-        while (current < written.size() && letters > lettersBefore + written[current].size()) {
-            lettersBefore += written[current].size();
-            ++current;
-        }
-        const std::size_t holder = current < written.size() ? current : 0;
-        ++hyphens[std::min(holder, spokenCount - 1)];
     }
     return hyphens;
-}
-
-// Appends the syllable up to its nucleus, then as many "-" syllables as it has hyphens, the last of
-// which carries the rest, even if there is none.
-void appendCut(std::vector<std::string>& syllables, std::string_view syllable,
-               std::size_t hyphens) {
-    Pieces symbols = text::splitText(syllable, "");
-    const auto nucleus = static_cast<std::size_t>(findSyllableNucleus(symbols));
-    const auto cut = static_cast<std::ptrdiff_t>(std::min(nucleus + 1, symbols.size()));
-    const Pieces rest(symbols.begin() + cut, symbols.end());
-    symbols.erase(symbols.begin() + cut, symbols.end());
-    syllables.push_back(text::joinText(symbols, " "));
-    syllables.insert(syllables.end(), hyphens, "-");
-    syllables.back() += " " + text::joinText(rest, " ");
 }
 
 void appendWhole(std::vector<std::string>& syllables, const PronunciationEntry& entry) {
@@ -137,9 +129,24 @@ void appendDivided(std::vector<std::string>& syllables, const PronunciationEntry
         if (hyphens[i] == 0) {
             syllables.emplace_back(spoken[i]);
         } else {
-            appendCut(syllables, spoken[i], hyphens[i]);
+            appendHeld(syllables, spoken[i], hyphens[i]);
         }
     }
+}
+
+std::vector<std::string> copied(const Pieces& pieces) {
+    return {pieces.begin(), pieces.end()};
+}
+
+WordEntry wordEntry(std::string word, const PronunciationEntry& entry) {
+    const Pieces written = syllablesOf(entry.spelling);
+    const Pieces spoken = syllablesOf(entry.phonemes);
+    WordEntry found{std::move(word), copied(written), copied(spoken), {}};
+    found.holds.resize(spoken.size());
+    for (std::size_t letters = 0; letters <= found.word.size(); ++letters) {
+        found.holds[heldSyllable(letters, written, spoken.size())].push_back(letters);
+    }
+    return found;
 }
 
 } // namespace
@@ -162,6 +169,41 @@ void convertEnglishWord(const PronunciationDictionary& dictionary, std::u32strin
     } else if (const auto entry = dictionary.find(withoutHyphens(typed))) {
         appendDivided(syllables, *entry, typed);
     }
+}
+
+std::vector<WordEntry> findWordEntries(const PronunciationDictionary& dictionary,
+                                       std::string_view word) {
+    std::string stem = withoutHyphens(std::string(word));
+    std::transform(stem.begin(), stem.end(), stem.begin(), toLower);
+    stem.resize(suffixStart(stem));
+    std::vector<WordEntry> entries;
+    for (const char* const suffix : {"", "(1)", "(2)", "(3)"}) {
+        if (const auto entry = dictionary.find(stem + suffix)) {
+            entries.push_back(wordEntry(stem + suffix, *entry));
+        }
+    }
+    return entries;
+}
+
+std::size_t suffixStart(std::string_view word) {
+    constexpr std::size_t kLength = 3;
+    const auto begin = word.size() - std::min(word.size(), kLength);
+    const auto end = word.substr(begin);
+    const bool isSuffix =
+        end.size() == kLength && end[0] == '(' && end[1] >= '0' && end[1] <= '9' && end[2] == ')';
+    return isSuffix ? begin : word.size();
+}
+
+void appendHeld(std::vector<std::string>& syllables, std::string_view syllable,
+                std::size_t hyphens) {
+    Pieces symbols = text::splitText(syllable, "");
+    const auto nucleus = static_cast<std::size_t>(findSyllableNucleus(symbols));
+    const auto cut = static_cast<std::ptrdiff_t>(std::min(nucleus + 1, symbols.size()));
+    const Pieces rest(symbols.begin() + cut, symbols.end());
+    symbols.erase(symbols.begin() + cut, symbols.end());
+    syllables.push_back(text::joinText(symbols, " "));
+    syllables.insert(syllables.end(), hyphens, "-");
+    syllables.back() += " " + text::joinText(rest, " ");
 }
 
 std::int32_t findSyllableNucleus(const std::vector<std::string_view>& symbols) {

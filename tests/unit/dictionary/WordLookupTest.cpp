@@ -352,6 +352,98 @@ TEST(WordLookup, KeepsThePhonemesOfEveryWordWithAHyphenAtEveryPlaceInside) {
     }
 }
 
+std::vector<std::string> wordsOf(const std::vector<WordEntry>& entries) {
+    std::vector<std::string> words;
+    for (const auto& entry : entries) {
+        words.push_back(entry.word);
+    }
+    return words;
+}
+
+TEST(WordEntries, AreThePlainOneAndThoseWithASuffix) {
+    const Items our = {"our", "our(1)", "our(2)"};
+    EXPECT_EQ(wordsOf(findWordEntries(realDictionary(), "our")), our);
+    EXPECT_EQ(wordsOf(findWordEntries(realDictionary(), "Ou-r(2)")), our);
+    EXPECT_EQ(wordsOf(findWordEntries(realDictionary(), "gloria")), Items{"gloria"});
+    EXPECT_EQ(wordsOf(findWordEntries(realDictionary(), "xyzzy")), Items{});
+    EXPECT_EQ(wordsOf(findWordEntries(realDictionary(), "")), Items{});
+    EXPECT_EQ(wordsOf(findWordEntries(realDictionary(), "(1)")), Items{});
+}
+
+TEST(WordEntries, AreThereWithoutThePlainOne) {
+    const auto dictionary = loadDictionary("ab(1)\tah1\tab(1)\nab(3)\tey1\tab(3)\n");
+    EXPECT_EQ(wordsOf(findWordEntries(dictionary, "ab")), (Items{"ab(1)", "ab(3)"}));
+}
+
+TEST(WordEntries, HaveTheirSyllablesAsSpokenAndAsWritten) {
+    const auto fiasco = findWordEntries(realDictionary(), "fiasco").at(0);
+    EXPECT_EQ(fiasco.syllables, (Items{"f iy", "ae", "s k ow"}));
+    EXPECT_EQ(fiasco.written, (Items{"fia", "sco"}));
+}
+
+TEST(WordEntries, SayAfterWhichLettersAHyphenHoldsEachSyllable) {
+    using Holds = std::vector<std::vector<std::size_t>>;
+    EXPECT_EQ(findWordEntries(realDictionary(), "gloria").at(0).holds,
+              (Holds{{0, 1, 2, 3}, {4, 5}, {6}}));
+    // Three syllables are spoken and two written: no letter belongs to the third.
+    EXPECT_EQ(findWordEntries(realDictionary(), "fiasco").at(0).holds,
+              (Holds{{0, 1, 2, 3}, {4, 5, 6}, {}}));
+    // Two are written and one is spoken.
+    EXPECT_EQ(findWordEntries(realDictionary(), "love").at(0).holds, (Holds{{0, 1, 2, 3, 4}}));
+}
+
+TEST(WordEntries, SayThatAHyphenPastTheSpellingHoldsTheFirstSyllable) {
+    const auto dictionary = loadDictionary("abc\tah1 . b iy1\ta . b\n");
+    using Holds = std::vector<std::vector<std::size_t>>;
+    EXPECT_EQ(findWordEntries(dictionary, "abc").at(0).holds, (Holds{{0, 1, 3}, {2}}));
+}
+
+// The conversion of the word of an entry with a hyphen after so many letters.
+Items withHyphen(const WordEntry& entry, std::size_t letters) {
+    std::u32string typed(entry.word.begin(), entry.word.end());
+    return convert(typed.insert(letters, 1, U'-'));
+}
+
+// What the entry says of each place of a hyphen.
+void expectHeldAsSaid(const WordEntry& entry) {
+    std::size_t places = 0;
+    for (std::size_t held = 0; held < entry.syllables.size(); ++held) {
+        for (const auto letters : entry.holds[held]) {
+            Items expected(entry.syllables.begin(),
+                           entry.syllables.begin() + static_cast<std::ptrdiff_t>(held));
+            appendHeld(expected, entry.syllables[held], 1);
+            expected.insert(expected.end(),
+                            entry.syllables.begin() + static_cast<std::ptrdiff_t>(held) + 1,
+                            entry.syllables.end());
+            ASSERT_EQ(withHyphen(entry, letters), expected) << entry.word << " at " << letters;
+            ++places;
+        }
+    }
+    EXPECT_EQ(places, entry.word.size() + 1) << entry.word;
+}
+
+TEST(WordEntries, SayOfEveryHyphenWhatTheConversionDoes) {
+    const auto& dictionary = realDictionary();
+    for (std::size_t i = 0; i < dictionary.size(); i += 17) {
+        const std::string word(dictionary.line(i).word);
+        if (word.find('-') == std::string::npos) {
+            for (const auto& entry : findWordEntries(dictionary, word)) {
+                expectHeldAsSaid(entry);
+            }
+        }
+    }
+}
+
+TEST(WordSuffix, BeginsAtTheBracketOfItsNumber) {
+    EXPECT_EQ(suffixStart("read(1)"), 4u);
+    EXPECT_EQ(suffixStart("(1)"), 0u);
+    EXPECT_EQ(suffixStart("read"), 4u);
+    EXPECT_EQ(suffixStart("read(12)"), 8u);
+    EXPECT_EQ(suffixStart("read(a)"), 7u);
+    EXPECT_EQ(suffixStart("(9"), 2u);
+    EXPECT_EQ(suffixStart(""), 0u);
+}
+
 TEST(WordLookupNucleus, IsTheFirstVowel) {
     EXPECT_EQ(findSyllableNucleus({"b", "ae", "n"}), 1);
     EXPECT_EQ(findSyllableNucleus({"ah"}), 0);
