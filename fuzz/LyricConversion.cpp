@@ -6,6 +6,7 @@
 #include "dictionary/PronunciationDictionary.h"
 #include "fuzz/Check.h"
 #include "fuzz/NaiveDictionary.h"
+#include "lyrics/LyricReading.h"
 #include "resources/ResourceTable.h"
 #include "tests/model/NaiveConversion.h"
 
@@ -54,6 +55,38 @@ std::optional<lyrics::NoteLyricList> expectedLyrics(const std::string& lyric,
     }
 }
 
+bool areInOrder(const lyrics::LyricPart& part, const lyrics::LyricPart& next) {
+    // A word takes the first kana of a pair.
+    const bool isTaken = part.kind == lyrics::PartKind::Word &&
+                         next.kind == lyrics::PartKind::KanaPair && next.begin + 1 == part.end;
+    return (part.end <= next.begin || isTaken) &&
+           part.firstSyllable + part.syllables == next.firstSyllable;
+}
+
+// The texts are made of what the reading of the lyric has, whose parts have all of its syllables.
+void checkReading(const std::string& lyric, const lyrics::NoteLyricList& texts,
+                  const Dictionaries& dictionaries) {
+    const auto reading = lyrics::readLyric(lyric, dictionaries.real);
+    check(reading.syllables.empty() ? texts.size() == 1 && texts.front() == lyric
+                                    : texts.size() == reading.syllables.size(),
+          "a reading has other syllables than the texts");
+    std::size_t syllables = 0;
+    for (std::size_t i = 0; i < reading.parts.size(); ++i) {
+        const auto& part = reading.parts[i];
+        check(part.begin < part.end, "a part is empty");
+        check(i == 0 || areInOrder(reading.parts[i - 1], part), "parts are out of order");
+        syllables += part.syllables;
+    }
+    check(syllables == reading.syllables.size(), "the parts have not all syllables");
+    for (std::size_t i = 0; i < syllables; ++i) {
+        const auto ending = '[' + reading.syllables[i] + ']';
+        const auto& text = texts[i];
+        check(text.size() >= ending.size() &&
+                  text.compare(text.size() - ending.size(), ending.size(), ending) == 0,
+              "a text ends in another syllable than that of the reading");
+    }
+}
+
 void checkLyric(const std::string& lyric, const Dictionaries& dictionaries) {
     const lyrics::NoteLyricList before = {"before"};
     auto found = before;
@@ -66,6 +99,9 @@ void checkLyric(const std::string& lyric, const Dictionaries& dictionaries) {
     const auto expected = expectedLyrics(lyric, dictionaries.naive);
     check(isRefused == !expected.has_value(), "a lyric is refused by only one of them");
     checkEqual(found, expected.value_or(before));
+    if (!isRefused) {
+        checkReading(lyric, found, dictionaries);
+    }
 }
 
 } // namespace

@@ -86,28 +86,28 @@ void silenceLast(std::vector<std::string>& syllables) {
     syllables.back() = text::joinText(symbols, " ");
 }
 
-// The spoken syllable that a hyphen after so many letters of the word holds: that of the written
-// syllable of the last of these letters. Past the end of the spelling it is the first; past the
-// last spoken syllable, the last.
-std::size_t heldSyllable(std::size_t letters, const Pieces& written, std::size_t spokenCount) {
-    std::size_t end = 0;
+// For each number of letters of a word, the spoken syllable that a hyphen after them holds: that of
+// the written syllable of the last of these letters, at most the last one that is spoken. Before
+// the first letter and past the end of the spelling it is the first.
+std::vector<std::size_t> heldSyllables(std::size_t letters, const Pieces& written,
+                                       std::size_t spokenCount) {
+    std::vector<std::size_t> held = {0};
     for (std::size_t i = 0; i < written.size(); ++i) {
-        end += written[i].size();
-        if (letters <= end) {
-            return std::min(i, spokenCount - 1);
-        }
+        held.insert(held.end(), written[i].size(), std::min(i, spokenCount - 1));
     }
-    return 0;
+    held.resize(letters + 1);
+    return held;
 }
 
 // Counts the hyphens of each spoken syllable.
 std::vector<std::size_t> countHyphens(std::string_view typed, const Pieces& written,
                                       std::size_t spokenCount) {
+    const auto held = heldSyllables(typed.size(), written, spokenCount);
     std::vector<std::size_t> hyphens(spokenCount);
     std::size_t letters = 0;
     for (const char byte : typed) {
         if (byte == '-') {
-            ++hyphens[heldSyllable(letters, written, spokenCount)];
+            ++hyphens[held[letters]];
         } else {
             ++letters;
         }
@@ -143,8 +143,9 @@ WordEntry wordEntry(std::string word, const PronunciationEntry& entry) {
     const Pieces spoken = syllablesOf(entry.phonemes);
     WordEntry found{std::move(word), copied(written), copied(spoken), {}};
     found.holds.resize(spoken.size());
-    for (std::size_t letters = 0; letters <= found.word.size(); ++letters) {
-        found.holds[heldSyllable(letters, written, spoken.size())].push_back(letters);
+    const auto held = heldSyllables(found.word.size(), written, spoken.size());
+    for (std::size_t letters = 0; letters < held.size(); ++letters) {
+        found.holds[held[letters]].push_back(letters);
     }
     return found;
 }

@@ -2,16 +2,13 @@
 #pragma once
 
 #include "dictionary/PronunciationDictionary.h"
+#include "lyrics/LyricReading.h"
 
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace wybeta::lyrics {
-
-// Syllable phoneme strings in lyric order. Each is the phoneme symbols of one sung syllable joined
-// by single spaces: "k a", "ky o", "cl", "sil".
-using SyllableList = std::vector<std::string>;
 
 // The texts that a note and the notes after it are to carry, one for each note. The first is the
 // lyric (without its own brackets, if it has any) followed by the first syllable in brackets; each
@@ -23,10 +20,5 @@ using NoteLyricList = std::vector<std::string>;
 // the lyric carried its phonemes in brackets.
 bool convertLyric(std::string_view lyric, NoteLyricList& noteLyrics,
                   const dictionary::PronunciationDictionary& dictionary);
-
-// The syllables of a UTF-8 lyric, whose brackets are not interpreted: kana, English words that the
-// dictionary has, and the rest "0" (see convertEnglishWord). Everything else is skipped.
-SyllableList lyricToSyllables(std::string_view lyric,
-                              const dictionary::PronunciationDictionary& dictionary);
 
 } // namespace wybeta::lyrics
