@@ -8,16 +8,16 @@
 #include "simulator/Editor.h"
 #include "wysim/session/FittedWord.h"
 #include "wysim/session/Fitting.h"
-#include "wysim/session/LyricText.h"
 #include "wysim/session/ScratchTrack.h"
-#include "wysim/session/SongWords.h"
 #include "wysim/session/TextCheck.h"
-#include "wysim/session/TextFinding.h"
 #include "wysim/session/WordFitter.h"
 #include "wysim/session/WordSearch.h"
 #include "wysim/song/BadInput.h"
 #include "wysim/song/Song.h"
 #include "wysim/terminal/Progress.h"
+#include "wysim/words/LyricText.h"
+#include "wysim/words/SongWords.h"
+#include "wysim/words/TextFinding.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -97,7 +97,7 @@ song::Song songOf(const std::vector<Line>& lines) {
 void checkFit(Editor& editor, const song::Song& song, bool usesBrackets) {
     session::ScratchTrack scratch(editor);
     session::WordFitter fitter(scratch, usesBrackets);
-    for (const auto& word : session::wordsOf(song)) {
+    for (const auto& word : words::wordsOf(song)) {
         const auto triesBefore = scratch.tries();
         const auto& fitted = fitter.fit(word);
         check(scratch.tries() - triesBefore <= session::WordSearch::kMaxTries,
@@ -136,19 +136,19 @@ bool tellsByItself(const std::string& text) {
     return text.find('0') == std::string::npos && text.find('[') == text.rfind('[');
 }
 
-void checkFinding(session::ScratchTrack& scratch, const session::CheckedLyric& checked,
-                  const session::Finding& finding) {
-    const auto line = session::charactersOf(checked.text);
-    const auto word = session::charactersOf(finding.word);
+void checkFinding(session::ScratchTrack& scratch, const words::CheckedLyric& checked,
+                  const words::Finding& finding) {
+    const auto line = words::charactersOf(checked.text);
+    const auto word = words::charactersOf(finding.word);
     const auto begin = finding.column - 1;
     check(!word.empty() && line.compare(begin, word.size(), word) == 0,
           "a finding names another word than stands there");
     for (const auto& mend : finding.mends) {
         check(mend != finding.word, "a mend changes nothing");
         auto mended = line;
-        mended.replace(begin, word.size(), session::charactersOf(mend));
+        mended.replace(begin, word.size(), words::charactersOf(mend));
         if (tellsByItself(checked.text)) {
-            check(scratch.divide(session::utf8Of(mended)) != scratch.divide(checked.text),
+            check(scratch.divide(words::utf8Of(mended)) != scratch.divide(checked.text),
                   "a mend does not change what is sung");
         }
     }

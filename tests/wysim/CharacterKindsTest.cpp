@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "wysim/session/CharacterKinds.h"
+#include "wysim/words/CharacterKinds.h"
 
-#include "wysim/session/LyricText.h"
+#include "wysim/words/LyricText.h"
 
 #include <gtest/gtest.h>
 
@@ -13,7 +13,7 @@ namespace wybeta::tests {
 
 namespace {
 
-using namespace wysim::session;
+using namespace wysim::words;
 
 TEST(CharacterKinds, TellBlanksAndMarksFromWhatWordsAreWrittenWith) {
     for (const char32_t blank : std::u32string_view(U"\t\u00A0\u2003\u3000")) {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/wysim/SongFixture.h"
 #include "wysim/program/TextFile.h"
-#include "wysim/session/CheckReport.h"
-#include "wysim/session/TextFinding.h"
+#include "wysim/words/CheckReport.h"
+#include "wysim/words/TextFinding.h"
 
 #include <gtest/gtest.h>
 
@@ -14,7 +14,7 @@ namespace wybeta::tests {
 
 namespace {
 
-using namespace wysim::session;
+using namespace wysim::words;
 
 constexpr auto kText = "Amazing grace!\n\nさくら ス0\nhelo xyzzy 桜\n";
 

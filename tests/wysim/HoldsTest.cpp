@@ -13,6 +13,7 @@ namespace wybeta::tests {
 namespace {
 
 using namespace wysim::session;
+using namespace wysim::words;
 
 const Syllables kHello = {"hh ah", "l ow"};
 const Syllables kLight = {"l ay t"};

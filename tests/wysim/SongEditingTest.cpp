@@ -5,9 +5,9 @@
 #include "tests/wysim/EditorFixture.h"
 #include "tests/wysim/ScoreFixture.h"
 #include "tests/wysim/SongFixture.h"
-#include "wysim/session/SongWords.h"
 #include "wysim/song/BadInput.h"
 #include "wysim/song/Song.h"
+#include "wysim/words/SongWords.h"
 
 #include <gtest/gtest.h>
 
@@ -218,7 +218,7 @@ TEST_F(SongEditingTest, KeepsWhereTheScoreBeginsSyllables) {
     const auto score = songFrom(scoreOfSyllables("Glo- _ _ ri- a"));
     edit(score, [](SongEditing& editing) {
         const auto syllables = [&] {
-            return wysim::session::wordsOf(editing.inEditor().typedSong())[0].notesOfSyllables;
+            return wysim::words::wordsOf(editing.inEditor().typedSong())[0].notesOfSyllables;
         };
         EXPECT_EQ(syllables(), (std::vector<std::size_t>{3, 1, 1}));
         editing.type(0, 0, "Gloria");

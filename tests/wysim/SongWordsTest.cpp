@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "wysim/session/SongWords.h"
+#include "wysim/words/SongWords.h"
 
 #include "tests/wysim/ScoreFixture.h"
 #include "tests/wysim/SongFixture.h"
@@ -17,8 +17,8 @@ namespace wybeta::tests {
 
 namespace {
 
-using wysim::session::wordsOf;
 using wysim::song::Song;
+using wysim::words::wordsOf;
 
 // "text notes: notes of each syllable" of each word, after where it is.
 std::vector<std::string> described(const Song& song) {

@@ -3,12 +3,12 @@
 
 #include "simulator/Editor.h"
 #include "tests/wysim/EditorFixture.h"
-#include "wysim/session/CheckReport.h"
 #include "wysim/session/MendSearch.h"
 #include "wysim/session/ScratchTrack.h"
-#include "wysim/session/TextFinding.h"
 #include "wysim/song/BadInput.h"
 #include "wysim/terminal/Progress.h"
+#include "wysim/words/CheckReport.h"
+#include "wysim/words/TextFinding.h"
 
 #include <gtest/gtest.h>
 
@@ -22,6 +22,7 @@ namespace wybeta::tests {
 namespace {
 
 using namespace wysim::session;
+using namespace wysim::words;
 using wysim::song::BadInput;
 
 // "column word: reason: mend, mend" of each finding.

@@ -5,8 +5,8 @@
 #include "tests/wysim/EditorFixture.h"
 #include "wysim/session/FittedWord.h"
 #include "wysim/session/ScratchTrack.h"
-#include "wysim/session/SongWords.h"
 #include "wysim/session/WordSearch.h"
+#include "wysim/words/SongWords.h"
 
 #include <gtest/gtest.h>
 
@@ -23,6 +23,7 @@ namespace wybeta::tests {
 namespace {
 
 using namespace wysim::session;
+using namespace wysim::words;
 
 // A word of a score that gives its syllables so many notes.
 SongWord divided(const std::string& text, const std::vector<std::size_t>& notes) {

@@ -2,10 +2,10 @@
 #include "wysim/page/PageFile.h"
 
 #include "wysim/picture/SongPicture.h"
-#include "wysim/session/Wording.h"
 #include "wysim/song/BadInput.h"
 #include "wysim/song/JsonSong.h"
 #include "wysim/song/MusicXmlWriter.h"
+#include "wysim/words/Wording.h"
 
 #include <nlohmann/json.hpp>
 
@@ -19,7 +19,7 @@ namespace {
 // The song's name without what some systems do not take in the name of a file.
 std::string fileName(const std::string& song, const std::string& kind) {
     constexpr std::string_view kForbidden = "/\\:*?\"<>|";
-    auto name = std::string(session::trimmed(song));
+    auto name = std::string(words::trimmed(song));
     std::replace_if(
         name.begin(), name.end(),
         [&](char character) { return kForbidden.find(character) != std::string_view::npos; }, '-');
@@ -47,7 +47,7 @@ std::string fileJson(const std::string& kind, const std::string& name, const son
     if (kind == "svg") {
         return file("image/svg+xml", picture::svgPicture(opened, now));
     }
-    throw song::BadInput::expectedFound("the kind musicxml, json or svg", session::inQuotes(kind));
+    throw song::BadInput::expectedFound("the kind musicxml, json or svg", words::inQuotes(kind));
 }
 
 } // namespace wybeta::wysim::page

@@ -3,9 +3,9 @@
 
 #include "wysim/page/NoteKind.h"
 #include "wysim/picture/NoteText.h"
-#include "wysim/session/CheckReport.h"
 #include "wysim/song/Pitch.h"
 #include "wysim/song/Song.h"
+#include "wysim/words/CheckReport.h"
 
 #include <nlohmann/json.hpp>
 
@@ -125,15 +125,15 @@ std::string songMembers(const session::SongEditing& editing) {
     return json + "]";
 }
 
-std::string checkJson(const session::CheckedLyric& checked, const session::Syllables& syllables,
+std::string checkJson(const words::CheckedLyric& checked, const session::Syllables& syllables,
                       std::size_t lost) {
     auto findings = ordered_json::array();
     for (const auto& finding : checked.findings) {
-        findings.push_back({{"reason", session::nameOf(finding.reason)},
+        findings.push_back({{"reason", words::nameOf(finding.reason)},
                             {"sung", isSung(finding.reason)},
                             {"word", finding.word},
                             {"column", finding.column},
-                            {"sentence", session::sentenceOn(finding)},
+                            {"sentence", words::sentenceOn(finding)},
                             {"mends", finding.mends}});
     }
     const ordered_json check = {

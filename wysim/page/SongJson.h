@@ -6,7 +6,7 @@
 #include "wysim/session/Fitting.h"
 #include "wysim/session/ScratchTrack.h"
 #include "wysim/session/SongEditing.h"
-#include "wysim/session/TextFinding.h"
+#include "wysim/words/TextFinding.h"
 
 #include <cstddef>
 #include <string>
@@ -19,7 +19,7 @@ std::string songMembers(const session::SongEditing& editing);
 
 // What there is to say of a lyric. The syllables are those that it gives, of which some may be
 // lost for want of notes.
-std::string checkJson(const session::CheckedLyric& checked, const session::Syllables& syllables,
+std::string checkJson(const words::CheckedLyric& checked, const session::Syllables& syllables,
                       std::size_t lost);
 
 std::string fitJson(const std::vector<session::FittedSongWord>& words);

@@ -5,13 +5,13 @@
 #include "wysim/page/SongJson.h"
 #include "wysim/picture/NoteText.h"
 #include "wysim/session/PlainWord.h"
-#include "wysim/session/SongWords.h"
 #include "wysim/session/TextCheck.h"
-#include "wysim/session/Wording.h"
 #include "wysim/song/BadInput.h"
 #include "wysim/song/Example.h"
 #include "wysim/song/SongFile.h"
 #include "wysim/terminal/Progress.h"
+#include "wysim/words/SongWords.h"
+#include "wysim/words/Wording.h"
 
 #include <nlohmann/json.hpp>
 
@@ -49,7 +49,7 @@ std::string errorOf(const std::string& sentence) {
 
 // What a person calls the song: its title, or the name of its file without the ending.
 std::string nameOf(const song::Song& song, const std::filesystem::path& file) {
-    return session::trimmed(song.title).empty() ? file.stem().u8string() : song.title;
+    return words::trimmed(song.title).empty() ? file.stem().u8string() : song.title;
 }
 
 song::SongNote noteOf(double start, double length, int pitch) {
@@ -70,7 +70,7 @@ std::size_t countNotesFrom(const session::SongInEditor& song, std::size_t track,
 }
 
 // Whether the notes of a word carry the syllables that typing gives them.
-bool carries(const session::SongInEditor& song, const session::SongWord& word,
+bool carries(const session::SongInEditor& song, const words::SongWord& word,
              const session::Syllables& syllables) {
     for (std::size_t i = 0; i < syllables.size(); ++i) {
         const auto note = song.songNote(word.track - 1, word.note - 1 + i);
@@ -95,8 +95,7 @@ void SongPage::close() {
 std::string SongPage::openExample(const std::string& language) {
     return answer([&] {
         if (language != "en" && language != "ja") {
-            throw song::BadInput::expectedFound("the language en or ja",
-                                                session::inQuotes(language));
+            throw song::BadInput::expectedFound("the language en or ja", words::inQuotes(language));
         }
         const auto example = language == "en" ? song::exampleSong() : song::japaneseExampleSong();
         show(example, example.title);
@@ -217,7 +216,7 @@ void SongPage::show(const song::Song& song, const std::string& name) {
 // A file holds divisions, of which a person typed the words alone.
 void SongPage::takeBracketsOff(const OpenSong& open) {
     auto project = session_.editor().openProject();
-    for (const auto& word : session::wordsOf(session::withPlainWords(project, open.opened))) {
+    for (const auto& word : words::wordsOf(session::withPlainWords(project, open.opened))) {
         open.editing.inEditor().setTypedLyric(word.track - 1, word.note - 1, word.text);
     }
 }

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wysim/program/CommandLine.h"
 
-#include "wysim/session/Wording.h"
 #include "wysim/song/BadInput.h"
 #include "wysim/song/NumberText.h"
 #include "wysim/song/SongFile.h"
+#include "wysim/words/Wording.h"
 
 #include <CLI/CLI.hpp>
 
@@ -59,7 +59,7 @@ int verseFrom(const std::string& text, const std::string& song) {
     const auto verse = song::parseInteger(text);
     if (!verse || *verse < 1) {
         throw song::BadInput::expectedFound("a whole number of at least 1 as --verse",
-                                            session::inQuotes(text));
+                                            words::inQuotes(text));
     }
     if (song.empty() || song::endingOf(fs::u8path(song)) == ".json") {
         throw song::BadInput::expectedFound("--verse with a score only",
@@ -78,7 +78,7 @@ std::string scriptFrom(const std::string& name) {
 std::string pictureFrom(const std::string& name) {
     if (song::endingOf(fs::u8path(name)) != ".svg") {
         throw song::BadInput::expectedFound("a name that ends in .svg as --svg",
-                                            session::inQuotes(name));
+                                            words::inQuotes(name));
     }
     return name;
 }
@@ -87,7 +87,7 @@ std::string songFileFrom(const std::string& name) {
     const auto ending = song::endingOf(fs::u8path(name));
     if (ending != ".json" && ending != ".musicxml" && ending != ".xml") {
         throw song::BadInput::expectedFound(
-            "a name that ends in .json, .musicxml or .xml as --save", session::inQuotes(name));
+            "a name that ends in .json, .musicxml or .xml as --save", words::inQuotes(name));
     }
     return name;
 }

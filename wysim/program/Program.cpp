@@ -5,20 +5,20 @@
 #include "simulator/RunningModule.h"
 #include "wysim/program/CommandLine.h"
 #include "wysim/program/TextFile.h"
-#include "wysim/session/CheckReport.h"
 #include "wysim/session/Comparison.h"
 #include "wysim/session/Fitting.h"
 #include "wysim/session/PlainWord.h"
 #include "wysim/session/Session.h"
-#include "wysim/session/SongWords.h"
 #include "wysim/session/TextCheck.h"
-#include "wysim/session/Wording.h"
 #include "wysim/song/BadInput.h"
 #include "wysim/song/Example.h"
 #include "wysim/song/Song.h"
 #include "wysim/song/SongFile.h"
 #include "wysim/terminal/Console.h"
 #include "wysim/terminal/Progress.h"
+#include "wysim/words/CheckReport.h"
+#include "wysim/words/SongWords.h"
+#include "wysim/words/Wording.h"
 
 #include <cstddef>
 #include <exception>
@@ -55,8 +55,8 @@ public:
         std::string line;
         for (std::size_t number = 1; !session.isOver() && std::getline(lines_, line); ++number) {
             try {
-                streams_.out << "> " << session::withoutReturn(line) << "\n";
-                session.run(session::withoutReturn(line));
+                streams_.out << "> " << words::withoutReturn(line) << "\n";
+                session.run(words::withoutReturn(line));
             } catch (const song::BadInput& error) {
                 streams_.out.flush();
                 streams_.err << "wysim: " << name_ << ", line " << number << ": " << error.what()
@@ -137,7 +137,7 @@ int runSession(const CommandLine& line, const song::Song& song, simulator::Edito
 
 // Without words there is nothing to fit, and nothing to write.
 void expectWords(const song::Song& song) {
-    if (session::wordsOf(song).empty()) {
+    if (words::wordsOf(song).empty()) {
         throw song::BadInput::expectedFound("a song with words to fit",
                                             "none; type them first, in a session: 'wysim SONG'");
     }
@@ -177,8 +177,8 @@ int runOnSong(const CommandLine& line, const song::Song& song, simulator::Editor
 int runCheck(const CommandLine& line, const std::vector<std::string>& text,
              simulator::Editor& editor, terminal::Progress& progress, std::ostream& out) {
     const auto checked = session::TextCheck(editor).checkLines(text, progress);
-    out << (line.writesJson ? session::checkJson(checked) : session::checkReport(checked));
-    return session::isAllSung(checked) ? kDone : kWordsLeft;
+    out << (line.writesJson ? words::checkJson(checked) : words::checkReport(checked));
+    return words::isAllSung(checked) ? kDone : kWordsLeft;
 }
 
 // Never writes over what was read.

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wysim/program/TextFile.h"
 
-#include "wysim/session/Wording.h"
 #include "wysim/song/BadInput.h"
+#include "wysim/words/Wording.h"
 
 #include <filesystem>
 #include <fstream>
@@ -27,7 +27,7 @@ std::vector<std::string> readLines(std::istream& text) {
         if (lines.empty() && line.compare(0, kByteOrderMark.size(), kByteOrderMark) == 0) {
             line.erase(0, kByteOrderMark.size());
         }
-        lines.emplace_back(session::withoutReturn(line));
+        lines.emplace_back(words::withoutReturn(line));
     }
     return lines;
 }

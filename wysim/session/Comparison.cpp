@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wysim/session/Comparison.h"
 
-#include "wysim/session/LyricText.h"
 #include "wysim/session/ScratchTrack.h"
 #include "wysim/song/BadInput.h"
 #include "wysim/terminal/TextTable.h"
+#include "wysim/words/LyricText.h"
 
 #include <map>
 
@@ -19,7 +19,7 @@ Recognizer recognizerOf(const std::string& word, const Syllables& syllables) {
     if (word.find('[') != std::string::npos) {
         return Recognizer::Brackets;
     }
-    return holdsKana(word) ? Recognizer::Kana : Recognizer::Dictionary;
+    return words::holdsKana(word) ? Recognizer::Kana : Recognizer::Dictionary;
 }
 
 std::string nameOf(Recognizer knownBy) {
@@ -51,7 +51,7 @@ std::string verdictOn(const ComparedWord& compared) {
 
 std::vector<ComparedWord> compareWords(simulator::Editor& editor, const song::Song& song,
                                        terminal::Progress& progress) {
-    const auto words = wordsOf(song);
+    const auto words = words::wordsOf(song);
     if (words.empty()) {
         throw song::BadInput::expectedFound("a song with words to compare", "none");
     }

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "simulator/Editor.h"
-#include "wysim/session/SongWords.h"
 #include "wysim/song/Song.h"
 #include "wysim/terminal/Progress.h"
+#include "wysim/words/SongWords.h"
 
 #include <cstddef>
 #include <string>
@@ -16,7 +16,7 @@ namespace wybeta::wysim::session {
 enum class Recognizer { Nothing, Dictionary, Kana, Brackets };
 
 struct ComparedWord {
-    SongWord word;
+    words::SongWord word;
     std::size_t syllables; // that the extension gives
     Recognizer knownBy;
 };

@@ -36,7 +36,7 @@ std::vector<FittedSongWord> fitWords(simulator::Editor& editor, const song::Song
     ScratchTrack scratch(editor);
     WordFitter fitter(scratch, usesBrackets);
     std::vector<FittedSongWord> fitted;
-    auto words = wordsOf(song);
+    auto words = words::wordsOf(song);
     progress.start("fitting", words.size());
     for (auto& word : words) {
         auto found = fitter.fit(word);
@@ -50,7 +50,7 @@ std::vector<FittedSongWord> fitWords(simulator::Editor& editor, const song::Song
 song::Song fittedSong(song::Song song, const std::vector<FittedSongWord>& words) {
     for (const auto& [word, fitted] : words) {
         if (fitted.text != word.text) {
-            typeWord(song, word, fitted.text);
+            words::typeWord(song, word, fitted.text);
         }
     }
     return song;

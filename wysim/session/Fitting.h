@@ -3,9 +3,9 @@
 
 #include "simulator/Editor.h"
 #include "wysim/session/FittedWord.h"
-#include "wysim/session/SongWords.h"
 #include "wysim/song/Song.h"
 #include "wysim/terminal/Progress.h"
+#include "wysim/words/SongWords.h"
 
 #include <cstddef>
 #include <map>
@@ -15,7 +15,7 @@
 namespace wybeta::wysim::session {
 
 struct FittedSongWord {
-    SongWord word;
+    words::SongWord word;
     FittedWord fitted;
 };
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wysim/session/Holds.h"
 
-#include "wysim/session/LyricText.h"
+#include "wysim/words/LyricText.h"
 
 #include <algorithm>
 #include <iterator>
@@ -23,7 +23,7 @@ template <class Iterator>
 std::vector<std::string> soundsOf(Iterator begin, Iterator end) {
     std::vector<std::string> sounds;
     for (; begin != end; ++begin) {
-        const auto symbols = wordsBetweenBlanks(*begin);
+        const auto symbols = words::wordsBetweenBlanks(*begin);
         std::copy_if(symbols.begin(), symbols.end(), std::back_inserter(sounds),
                      [](const auto& symbol) { return symbol != kHold; });
     }

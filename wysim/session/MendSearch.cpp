@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wysim/session/MendSearch.h"
 
-#include "wysim/session/CharacterKinds.h"
-#include "wysim/session/LyricText.h"
+#include "wysim/words/CharacterKinds.h"
+#include "wysim/words/LyricText.h"
 
 #include <algorithm>
 #include <string_view>
@@ -13,7 +13,7 @@ namespace wybeta::wysim::session {
 namespace {
 
 bool isMarkOrBlank(char32_t character) {
-    return !isOfWords(character) && !isApostrophe(character);
+    return !words::isOfWords(character) && !words::isApostrophe(character);
 }
 
 std::u32string withoutLastMark(std::u32string text) {
@@ -31,8 +31,8 @@ std::u32string withoutFirstMark(std::u32string text) {
 }
 
 std::u32string withoutApostrophesAround(std::u32string text) {
-    text.erase(text.begin(), std::find_if(text.begin(), text.end(), isOfWords));
-    text.erase(std::find_if(text.rbegin(), text.rend(), isOfWords).base(), text.end());
+    text.erase(text.begin(), std::find_if(text.begin(), text.end(), words::isOfWords));
+    text.erase(std::find_if(text.rbegin(), text.rend(), words::isOfWords).base(), text.end());
     return text;
 }
 
@@ -48,19 +48,22 @@ std::u32string withBlanksForMarks(std::u32string text) {
 
 // What to change in a word, again and again, and what was wrong when it is sung then.
 struct Rewriting {
-    Reason reason;
+    words::Reason reason;
     std::u32string (*rewrite)(std::u32string);
 };
 constexpr Rewriting kRewritings[] = {
-    {Reason::Blank, withPlainBlanks},         {Reason::Mark, withoutLastMark},
-    {Reason::Mark, withoutFirstMark},         {Reason::Apostrophe, withPlainApostrophes},
-    {Reason::FullWidth, withPlainLetters},    {Reason::HalfWidthKana, withOrdinaryKana},
-    {Reason::Mark, withoutApostrophesAround},
+    {words::Reason::Blank, words::withPlainBlanks},
+    {words::Reason::Mark, withoutLastMark},
+    {words::Reason::Mark, withoutFirstMark},
+    {words::Reason::Apostrophe, words::withPlainApostrophes},
+    {words::Reason::FullWidth, words::withPlainLetters},
+    {words::Reason::HalfWidthKana, words::withOrdinaryKana},
+    {words::Reason::Mark, withoutApostrophesAround},
 };
 // What makes several words of one.
 constexpr Rewriting kPartings[] = {
-    {Reason::HyphenJoins, withBlanksForHyphens},
-    {Reason::Mark, withBlanksForMarks},
+    {words::Reason::HyphenJoins, withBlanksForHyphens},
+    {words::Reason::Mark, withBlanksForMarks},
 };
 
 // All texts that are one slip of the keyboard away, the likelier first: two letters in the wrong
@@ -98,22 +101,22 @@ std::vector<std::u32string> neighboursOf(const std::u32string& word) {
 
 Mending MendSearch::run() {
     const auto& word = word_.word;
-    if (std::any_of(word.begin(), word.end(), isKanji)) {
-        return {Reason::Kanji, {}};
+    if (std::any_of(word.begin(), word.end(), words::isKanji)) {
+        return {words::Reason::Kanji, {}};
     }
-    syllablesAround_ = tries_.divide(utf8Of(word_.before + U" " + word_.after)).size();
+    syllablesAround_ = tries_.divide(words::utf8Of(word_.before + U" " + word_.after)).size();
     if (auto mending = tryRewriting()) {
         return *std::move(mending);
     }
     const bool hasLetters = std::any_of(word.begin(), word.end(), [](char32_t character) {
-        return isAscii(character) && isOfWords(character);
+        return words::isAscii(character) && words::isOfWords(character);
     });
-    return hasLetters ? Mending{Reason::Unknown, sungNeighbours()}
-                      : Mending{Reason::OtherCharacter, {}};
+    return hasLetters ? Mending{words::Reason::Unknown, sungNeighbours()}
+                      : Mending{words::Reason::OtherCharacter, {}};
 }
 
 std::optional<std::u32string> MendSearch::sung(const std::u32string& text) {
-    const auto words = wordsBetweenBlanks(utf8Of(text));
+    const auto words = words::wordsBetweenBlanks(words::utf8Of(text));
     const bool areAllSung = std::all_of(words.begin(), words.end(), [this](const auto& word) {
         return !tries_.divide(word).empty();
     });
@@ -122,7 +125,7 @@ std::optional<std::u32string> MendSearch::sung(const std::u32string& text) {
     }
     for (const auto* const blank : {U"", U" "}) {
         auto candidate = text + blank;
-        const auto syllables = tries_.divide(utf8Of(word_.before + candidate + word_.after));
+        const auto syllables = tries_.divide(words::utf8Of(word_.before + candidate + word_.after));
         if (syllables.size() > syllablesAround_) {
             return candidate;
         }
@@ -133,7 +136,7 @@ std::optional<std::u32string> MendSearch::sung(const std::u32string& text) {
 std::optional<Mending> MendSearch::tryRewriting() {
     auto text = word_.word;
     if (const auto mend = sung(text)) {
-        return Mending{Reason::BeforeKanaPair, {*mend}};
+        return Mending{words::Reason::BeforeKanaPair, {*mend}};
     }
     for (const auto& [reason, rewrite] : kRewritings) {
         for (auto next = rewrite(text); next != text; next = rewrite(text)) {
@@ -161,7 +164,7 @@ std::vector<std::u32string> MendSearch::sungNeighbours() {
     auto word = rewritten_;
     word.erase(std::remove(word.begin(), word.end(), U'-'), word.end());
     const bool isOfLetters = std::all_of(word.begin(), word.end(), [](char32_t character) {
-        return isAsciiLetter(character) || character == U'\'' || !isAscii(character);
+        return words::isAsciiLetter(character) || character == U'\'' || !words::isAscii(character);
     });
     if (!isOfLetters || word.size() < kShortest || word.size() > kLongest) {
         return found;

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "wysim/session/ScratchTrack.h"
-#include "wysim/session/TextFinding.h"
+#include "wysim/words/TextFinding.h"
 
 #include <cstddef>
 #include <optional>
@@ -20,7 +20,7 @@ struct WordInText {
 
 // What is wrong with a word, and what to write in its place.
 struct Mending {
-    Reason reason = Reason::Unknown;
+    words::Reason reason = words::Reason::Unknown;
     std::vector<std::u32string> mends;
 };
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wysim/session/PieceCheck.h"
 
-#include "wysim/session/CharacterKinds.h"
-#include "wysim/session/LyricText.h"
+#include "wysim/words/CharacterKinds.h"
+#include "wysim/words/LyricText.h"
 
 #include <algorithm>
 #include <utility>
@@ -13,7 +13,8 @@ namespace {
 
 // Whether a character in front of a word keeps out of it.
 bool isHarmlessInFront(char32_t character) {
-    return !isOfWords(character) && (!isAscii(character) || isOtherBlank(character));
+    return !words::isOfWords(character) &&
+           (!words::isAscii(character) || words::isOtherBlank(character));
 }
 
 } // namespace
@@ -21,12 +22,13 @@ bool isHarmlessInFront(char32_t character) {
 bool KnownKana::isKana(char32_t character) {
     const auto [known, isNew] = known_.try_emplace(character, false);
     if (isNew) {
-        known->second = !isAscii(character) && !scratch_.divide(utf8Of({&character, 1})).empty();
+        known->second =
+            !words::isAscii(character) && !scratch_.divide(words::utf8Of({&character, 1})).empty();
     }
     return known->second;
 }
 
-std::vector<Finding> PieceCheck::run() {
+std::vector<words::Finding> PieceCheck::run() {
     syllables_ = divide(piece_);
     const auto isKana = [this](char32_t character) { return kana_.isKana(character); };
     for (auto at = piece_.begin(); at != piece_.end();) {
@@ -34,7 +36,7 @@ std::vector<Finding> PieceCheck::run() {
         at = std::find_if(begin, piece_.end(), isKana);
         // Marks in front of a word are passed over.
         const auto word = std::find_if_not(begin, at, isHarmlessInFront);
-        if (std::any_of(word, at, isOfWords)) {
+        if (std::any_of(word, at, words::isOfWords)) {
             checkWord(static_cast<std::size_t>(word - piece_.begin()),
                       static_cast<std::size_t>(at - piece_.begin()));
         }
@@ -43,7 +45,7 @@ std::vector<Finding> PieceCheck::run() {
 }
 
 Syllables PieceCheck::divide(const std::u32string& text) {
-    return scratch_.divide(utf8Of(text));
+    return scratch_.divide(words::utf8Of(text));
 }
 
 void PieceCheck::checkWord(std::size_t begin, std::size_t end) {
@@ -61,11 +63,11 @@ void PieceCheck::checkWord(std::size_t begin, std::size_t end) {
 
 void PieceCheck::checkZero(const WordInText& word, std::size_t begin) {
     if (word.before.empty() || !kana_.isKana(word.before.back())) {
-        add(begin, word.word, {Reason::Zero, {}});
+        add(begin, word.word, {words::Reason::Zero, {}});
         return;
     }
     const std::u32string sound(1, word.before.back());
-    add(begin - 1, sound + word.word, {Reason::Zero, {sound}}, 1);
+    add(begin - 1, sound + word.word, {words::Reason::Zero, {sound}}, 1);
 }
 
 void PieceCheck::checkHyphens(const WordInText& word, std::size_t begin, const Syllables& without) {
@@ -75,14 +77,15 @@ void PieceCheck::checkHyphens(const WordInText& word, std::size_t begin, const S
         return;
     }
     if (divide(word.before + whole + word.after).size() > without.size()) {
-        add(begin, word.word, {Reason::HyphenHolds, {whole}}, syllables_.size() - without.size());
+        add(begin, word.word, {words::Reason::HyphenHolds, {whole}},
+            syllables_.size() - without.size());
     }
 }
 
 // Characters of other scripts in a word that is sung without them.
 void PieceCheck::findSilentCharacters(std::size_t begin, std::size_t end) {
     const auto isOther = [](char32_t character) {
-        return !isAscii(character) && isOfWords(character);
+        return !words::isAscii(character) && words::isOfWords(character);
     };
     const auto wordEnd = piece_.begin() + static_cast<std::ptrdiff_t>(end);
     for (auto at = piece_.begin() + static_cast<std::ptrdiff_t>(begin); at != wordEnd;) {
@@ -115,9 +118,9 @@ void PieceCheck::addUnsung(const WordInText& word, std::size_t begin) {
 
 void PieceCheck::add(std::size_t begin, const std::u32string& word, const Mending& mending,
                      std::size_t syllables) {
-    Finding finding{1, begin + 1, utf8Of(word), mending.reason, {}, syllables};
+    words::Finding finding{1, begin + 1, words::utf8Of(word), mending.reason, {}, syllables};
     for (const auto& mend : mending.mends) {
-        finding.mends.push_back(utf8Of(mend));
+        finding.mends.push_back(words::utf8Of(mend));
     }
     findings_.push_back(std::move(finding));
 }

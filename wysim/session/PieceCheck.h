@@ -3,7 +3,7 @@
 
 #include "wysim/session/MendSearch.h"
 #include "wysim/session/ScratchTrack.h"
-#include "wysim/session/TextFinding.h"
+#include "wysim/words/TextFinding.h"
 
 #include <cstddef>
 #include <map>
@@ -32,7 +32,7 @@ public:
         : scratch_(scratch), kana_(kana), piece_(piece) {}
 
     // The findings, their columns counted from the start of the piece. To be called once.
-    std::vector<Finding> run();
+    std::vector<words::Finding> run();
 
 private:
     Syllables divide(const std::u32string& text);
@@ -50,7 +50,7 @@ private:
     KnownKana& kana_;
     const std::u32string& piece_;
     Syllables syllables_; // of the whole piece
-    std::vector<Finding> findings_;
+    std::vector<words::Finding> findings_;
 };
 
 } // namespace wybeta::wysim::session

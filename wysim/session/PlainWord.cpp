@@ -3,8 +3,8 @@
 
 #include "wysim/picture/NoteText.h"
 #include "wysim/session/ScratchTrack.h"
-#include "wysim/session/SongWords.h"
-#include "wysim/session/Wording.h"
+#include "wysim/words/SongWords.h"
+#include "wysim/words/Wording.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -18,12 +18,13 @@ namespace {
 
 // In a bracket, the space of "- " goes, by which a syllable without further consonants is held.
 bool areAlike(const Syllables& some, const Syllables& others) {
-    return std::equal(
-        some.begin(), some.end(), others.begin(), others.end(),
-        [](const auto& one, const auto& other) { return trimmed(one) == trimmed(other); });
+    return std::equal(some.begin(), some.end(), others.begin(), others.end(),
+                      [](const auto& one, const auto& other) {
+                          return words::trimmed(one) == words::trimmed(other);
+                      });
 }
 
-std::string plainWord(ScratchTrack& scratch, const SongWord& word) {
+std::string plainWord(ScratchTrack& scratch, const words::SongWord& word) {
     const auto plain = picture::NoteText(word.text).lyric;
     if (plain.empty() || plain == word.text) {
         return word.text;
@@ -40,13 +41,13 @@ std::string plainWord(ScratchTrack& scratch, const SongWord& word) {
 song::Song withPlainWords(simulator::Editor& editor, song::Song song) {
     ScratchTrack scratch(editor);
     std::map<std::pair<std::string, std::size_t>, std::string> known;
-    for (const auto& word : wordsOf(song)) {
+    for (const auto& word : words::wordsOf(song)) {
         const auto [plain, isNew] = known.try_emplace({word.text, word.notes});
         if (isNew) {
             plain->second = plainWord(scratch, word);
         }
         if (plain->second != word.text) {
-            typeWord(song, word, plain->second);
+            words::typeWord(song, word, plain->second);
         }
     }
     return song;

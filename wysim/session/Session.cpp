@@ -4,12 +4,12 @@
 #include "wysim/picture/SongPicture.h"
 #include "wysim/session/SongChanges.h"
 #include "wysim/session/UnsungParts.h"
-#include "wysim/session/Wording.h"
 #include "wysim/song/BadInput.h"
 #include "wysim/song/NumberText.h"
 #include "wysim/song/Pitch.h"
 #include "wysim/song/SongFile.h"
 #include "wysim/terminal/TextTable.h"
+#include "wysim/words/Wording.h"
 
 #include <algorithm>
 #include <utility>
@@ -21,14 +21,14 @@ namespace {
 // Takes the first word off a text.
 std::string_view takeWord(std::string_view& text) {
     const auto word = text.substr(0, text.find_first_of(" \t"));
-    text = trimmed(text.substr(word.size()));
+    text = words::trimmed(text.substr(word.size()));
     return word;
 }
 
 void expectNothing(std::string_view arguments) {
     if (!arguments.empty()) {
         throw song::BadInput::expectedFound("the command alone",
-                                            inQuotes(arguments) + " behind it");
+                                            words::inQuotes(arguments) + " behind it");
     }
 }
 
@@ -40,7 +40,7 @@ std::size_t indexFrom(std::string_view number, std::size_t last, const std::stri
     const auto value = song::parseInteger(number);
     if (!value || *value < 1 || static_cast<std::size_t>(*value) > last) {
         throw song::BadInput::expectedFound(what + " from 1 to " + std::to_string(last),
-                                            inQuotes(number));
+                                            words::inQuotes(number));
     }
     return static_cast<std::size_t>(*value) - 1;
 }
@@ -49,7 +49,7 @@ double time(std::string_view text, const char* what) {
     const auto value = song::parseNumber(text);
     if (!value) {
         throw song::BadInput::expectedFound(std::string(what) + " in quarter notes",
-                                            inQuotes(text));
+                                            words::inQuotes(text));
     }
     return *value;
 }
@@ -107,7 +107,7 @@ Session::Session(simulator::Editor& editor, const song::Song& song, std::filesys
     : editor_(editor), opened_(song), file_(std::move(file)), editing_(editor, song), out_(out) {}
 
 void Session::run(std::string_view line) {
-    line = trimmed(line);
+    line = words::trimmed(line);
     if (line.empty() || line.front() == '#') {
         return;
     }
@@ -147,7 +147,7 @@ const Session::Command& Session::commandNamed(std::string_view name) {
         std::find_if(kCommands.begin(), kCommands.end(),
                      [name](const auto& candidate) { return candidate.name == name; });
     if (command == kCommands.end()) {
-        throw song::BadInput::expectedFound("a command ('help' lists them)", inQuotes(name));
+        throw song::BadInput::expectedFound("a command ('help' lists them)", words::inQuotes(name));
     }
     return *command;
 }
@@ -225,7 +225,8 @@ void Session::add(Arguments arguments) {
     const auto pitchText = takeWord(arguments);
     const auto pitch = song::parsePitch(pitchText);
     if (!pitch) {
-        throw song::BadInput::expectedFound("a pitch such as C4, F#3 or 60", inQuotes(pitchText));
+        throw song::BadInput::expectedFound("a pitch such as C4, F#3 or 60",
+                                            words::inQuotes(pitchText));
     }
     note.pitch = *pitch;
     note.lyric = lyricFrom(arguments);

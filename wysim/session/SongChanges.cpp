@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wysim/session/SongChanges.h"
 
-#include "wysim/session/Wording.h"
+#include "wysim/words/Wording.h"
 
 #include <unordered_map>
 
@@ -29,16 +29,16 @@ std::vector<std::string> SongChanges::lines() const {
     std::vector<std::string> lines;
     for (const auto& place : before_) {
         if (present.find(place.event.get()) == present.end()) {
-            lines.push_back(nameOf(place) + " is gone: " + inDoubleQuotes(place.lyric));
+            lines.push_back(nameOf(place) + " is gone: " + words::inDoubleQuotes(place.lyric));
         }
     }
     for (const auto& place : now) {
         const auto found = old.find(place.event.get());
         if (found == old.end()) {
-            lines.push_back(nameOf(place) + " is new: " + inDoubleQuotes(place.lyric));
+            lines.push_back(nameOf(place) + " is new: " + words::inDoubleQuotes(place.lyric));
         } else if (found->second->lyric != place.lyric) {
-            lines.push_back(nameOf(place) + ": " + inDoubleQuotes(found->second->lyric) + " -> " +
-                            inDoubleQuotes(place.lyric));
+            lines.push_back(nameOf(place) + ": " + words::inDoubleQuotes(found->second->lyric) +
+                            " -> " + words::inDoubleQuotes(place.lyric));
         }
     }
     return lines;

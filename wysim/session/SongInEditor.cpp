@@ -2,7 +2,7 @@
 #include "wysim/session/SongInEditor.h"
 
 #include "simulator/Track.h"
-#include "wysim/session/SongWords.h"
+#include "wysim/words/SongWords.h"
 
 #include <utility>
 
@@ -45,7 +45,7 @@ SongInEditor::SongInEditor(simulator::Editor& editor, const song::Song& song) {
     for (const auto& track : song.tracks) {
         addTrack(editor, track, typing);
     }
-    for (const auto& word : wordsOf(song)) {
+    for (const auto& word : words::wordsOf(song)) {
         setTypedLyric(word.track - 1, word.note - 1, word.text);
     }
     // The extension divides only what is typed after it has seen the tracks.

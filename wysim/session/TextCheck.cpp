@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wysim/session/TextCheck.h"
 
-#include "wysim/session/CharacterKinds.h"
-#include "wysim/session/LyricText.h"
-#include "wysim/session/Wording.h"
 #include "wysim/song/BadInput.h"
 #include "wysim/song/Song.h"
+#include "wysim/words/CharacterKinds.h"
+#include "wysim/words/LyricText.h"
+#include "wysim/words/Wording.h"
 
 #include <algorithm>
 #include <optional>
@@ -22,7 +22,7 @@ void expectLine(const std::string& lyric) {
     // A text may be indented by tabs, which no song holds.
     std::replace(line.begin(), line.end(), '\t', ' ');
     song::checkText(line);
-    const auto length = charactersOf(line).size();
+    const auto length = words::charactersOf(line).size();
     if (length > TextCheck::kLongestLine) {
         throw song::BadInput::expectedFound(
             "a line of at most " + std::to_string(TextCheck::kLongestLine) + " characters",
@@ -31,18 +31,18 @@ void expectLine(const std::string& lyric) {
 }
 
 // A part of a line, without the blanks around it.
-Finding findingOf(Text line, std::size_t begin, std::size_t end, Reason reason) {
+words::Finding findingOf(Text line, std::size_t begin, std::size_t end, words::Reason reason) {
     while (begin < end && line[begin] == U' ') {
         ++begin;
     }
     while (begin < end && line[end - 1] == U' ') {
         --end;
     }
-    return {1, begin + 1, utf8Of(line.substr(begin, end - begin)), reason, {}, 0};
+    return {1, begin + 1, words::utf8Of(line.substr(begin, end - begin)), reason, {}, 0};
 }
 
 bool holdsWords(Text text) {
-    return std::any_of(text.begin(), text.end(), isOfWords);
+    return std::any_of(text.begin(), text.end(), words::isOfWords);
 }
 
 // The last bracket of a line, and the text before and behind it.
@@ -57,24 +57,24 @@ std::optional<Bracket> findBracket(Text line) {
 }
 
 std::string firstSoundOf(const Syllables& syllables) {
-    const auto sounds =
-        syllables.empty() ? std::vector<std::string>() : wordsBetweenBlanks(syllables.front());
+    const auto sounds = syllables.empty() ? std::vector<std::string>()
+                                          : words::wordsBetweenBlanks(syllables.front());
     return sounds.empty() ? std::string() : sounds.front();
 }
 
 } // namespace
 
-CheckedLyric TextCheck::checkLyric(const std::string& lyric) {
+words::CheckedLyric TextCheck::checkLyric(const std::string& lyric) {
     expectLine(lyric);
     const auto syllables = scratch_.divide(lyric);
-    const auto line = charactersOf(lyric);
+    const auto line = words::charactersOf(lyric);
     return {lyric, syllables.size(),
             findBracket(line) ? findAroundBracket(line, syllables) : findInWords(line)};
 }
 
-std::vector<CheckedLyric> TextCheck::checkLines(const std::vector<std::string>& lines,
-                                                terminal::Progress& progress) {
-    std::vector<CheckedLyric> checked;
+std::vector<words::CheckedLyric> TextCheck::checkLines(const std::vector<std::string>& lines,
+                                                       terminal::Progress& progress) {
+    std::vector<words::CheckedLyric> checked;
     progress.start("checking", lines.size());
     for (const auto& line : lines) {
         const auto number = checked.size() + 1;
@@ -98,22 +98,23 @@ TextCheck::Findings TextCheck::findAroundBracket(Text line, const Syllables& syl
     const auto earlier = findBracket(line.substr(0, bracket.open));
     auto head = earlier ? earlier->end : 0;
     Findings findings;
-    if (earlier && scratch_.divide(utf8Of(line.substr(head))) == syllables) {
-        findings.push_back(findingOf(line, 0, head, Reason::OutsideBracket));
+    if (earlier && scratch_.divide(words::utf8Of(line.substr(head))) == syllables) {
+        findings.push_back(findingOf(line, 0, head, words::Reason::OutsideBracket));
     }
     if (const auto end = endOfOtherWords(line.substr(0, bracket.open), head, syllables)) {
-        findings.push_back(findingOf(line, head, *end, Reason::OutsideBracket));
+        findings.push_back(findingOf(line, head, *end, words::Reason::OutsideBracket));
         head = *end;
     }
     const bool isEmpty = std::all_of(syllables.begin(), syllables.end(),
                                      [](const auto& syllable) { return syllable.empty(); });
     if (isEmpty) {
-        findings.push_back(findingOf(line, head, bracket.end, Reason::EmptyBracket));
+        findings.push_back(findingOf(line, head, bracket.end, words::Reason::EmptyBracket));
         addMend(findings.back(), line.substr(head, bracket.open - head));
     }
     if (holdsWords(line.substr(bracket.end)) &&
-        scratch_.divide(utf8Of(line.substr(0, bracket.end))) == syllables) {
-        findings.push_back(findingOf(line, bracket.end, line.size(), Reason::OutsideBracket));
+        scratch_.divide(words::utf8Of(line.substr(0, bracket.end))) == syllables) {
+        findings.push_back(
+            findingOf(line, bracket.end, line.size(), words::Reason::OutsideBracket));
     }
     return findings;
 }
@@ -122,7 +123,7 @@ TextCheck::Findings TextCheck::findAroundBracket(Text line, const Syllables& syl
 // first begins with another sound.
 std::optional<std::size_t> TextCheck::endOfOtherWords(Text text, std::size_t begin,
                                                       const Syllables& syllables) {
-    const auto words = wordsBetweenBlanks(utf8Of(text.substr(begin)));
+    const auto words = words::wordsBetweenBlanks(words::utf8Of(text.substr(begin)));
     const auto sound = words.size() < 2 ? "" : firstSoundOf(scratch_.divide(words.front()));
     if (sound.empty() || sound == firstSoundOf(syllables)) {
         return std::nullopt;
@@ -130,8 +131,8 @@ std::optional<std::size_t> TextCheck::endOfOtherWords(Text text, std::size_t beg
     return text.rfind(U' ', text.find_last_not_of(U' '));
 }
 
-void TextCheck::addMend(Finding& finding, Text text) {
-    auto mend = std::string(trimmed(utf8Of(text)));
+void TextCheck::addMend(words::Finding& finding, Text text) {
+    auto mend = std::string(words::trimmed(words::utf8Of(text)));
     if (!scratch_.divide(mend).empty()) {
         finding.mends.push_back(std::move(mend));
     }
@@ -156,12 +157,12 @@ TextCheck::Findings TextCheck::findInWords(Text line) {
 
 // A "0" by itself works on the word before it.
 TextCheck::Findings TextCheck::findZero(const std::u32string& before) {
-    const auto without = scratch_.divide(utf8Of(before));
-    const auto syllables = scratch_.divide(utf8Of(before + U" 0"));
+    const auto without = scratch_.divide(words::utf8Of(before));
+    const auto syllables = scratch_.divide(words::utf8Of(before + U" 0"));
     if (syllables == without) {
         return {};
     }
-    Finding finding{1, 1, "0", Reason::Zero, {}, syllables.size() - without.size()};
+    words::Finding finding{1, 1, "0", words::Reason::Zero, {}, syllables.size() - without.size()};
     addMend(finding, U"zero");
     return {finding};
 }

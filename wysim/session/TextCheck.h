@@ -4,8 +4,8 @@
 #include "simulator/Editor.h"
 #include "wysim/session/PieceCheck.h"
 #include "wysim/session/ScratchTrack.h"
-#include "wysim/session/TextFinding.h"
 #include "wysim/terminal/Progress.h"
+#include "wysim/words/TextFinding.h"
 
 #include <cstddef>
 #include <map>
@@ -28,17 +28,17 @@ public:
 
     // What there is to say of a lyric that is typed into one note; the lines of the findings are 1.
     // Throws BadInput when it is no line of text or too long.
-    CheckedLyric checkLyric(const std::string& lyric);
+    words::CheckedLyric checkLyric(const std::string& lyric);
 
     // The phonemes of the lyric's syllables.
     Syllables syllablesOf(const std::string& lyric) { return scratch_.divide(lyric); }
 
     // Each line as a lyric. Throws BadInput, saying which line.
-    std::vector<CheckedLyric> checkLines(const std::vector<std::string>& lines,
-                                         terminal::Progress& progress);
+    std::vector<words::CheckedLyric> checkLines(const std::vector<std::string>& lines,
+                                                terminal::Progress& progress);
 
 private:
-    using Findings = std::vector<Finding>;
+    using Findings = std::vector<words::Finding>;
 
     Findings findAroundBracket(std::u32string_view line, const Syllables& syllables);
     // Where the words from `begin` on end that the syllables of a bracket behind the text leave
@@ -46,7 +46,7 @@ private:
     std::optional<std::size_t> endOfOtherWords(std::u32string_view text, std::size_t begin,
                                                const Syllables& syllables);
     // Adds the text as a mend if it is sung.
-    void addMend(Finding& finding, std::u32string_view text);
+    void addMend(words::Finding& finding, std::u32string_view text);
     Findings findInWords(std::u32string_view line);
     Findings findZero(const std::u32string& before);
     const Findings& findInPiece(const std::u32string& piece);

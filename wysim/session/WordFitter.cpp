@@ -5,7 +5,7 @@
 
 namespace wybeta::wysim::session {
 
-const FittedWord& WordFitter::fit(const SongWord& word) {
+const FittedWord& WordFitter::fit(const words::SongWord& word) {
     const auto [known, isNew] =
         fitted_.try_emplace({word.text, {word.notes, word.notesOfSyllables}});
     if (isNew) {

@@ -3,7 +3,7 @@
 
 #include "wysim/session/FittedWord.h"
 #include "wysim/session/ScratchTrack.h"
-#include "wysim/session/SongWords.h"
+#include "wysim/words/SongWords.h"
 
 #include <cstddef>
 #include <map>
@@ -22,7 +22,7 @@ public:
         : scratch_(scratch), usesBrackets_(usesBrackets) {}
 
     // Searches once for each word and division. The answer stays where it is.
-    const FittedWord& fit(const SongWord& word);
+    const FittedWord& fit(const words::SongWord& word);
 
 private:
     using Division = std::pair<std::size_t, std::vector<std::size_t>>;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wysim/session/WordSearch.h"
 
-#include "wysim/session/LyricText.h"
-#include "wysim/session/Wording.h"
+#include "wysim/words/LyricText.h"
+#include "wysim/words/Wording.h"
 
 #include <algorithm>
 #include <string_view>
@@ -43,7 +43,7 @@ std::vector<std::size_t> placesIn(std::u32string_view text) {
 
 // The text with marks that hold a syllable at a place: hyphens behind a letter.
 std::u32string withMarks(std::u32string text, std::size_t place, std::size_t count) {
-    const auto mark = isKana(text[place - 1]) ? U'ー' : U'-';
+    const auto mark = words::isKana(text[place - 1]) ? U'ー' : U'-';
     return text.insert(place, count, mark);
 }
 
@@ -71,7 +71,7 @@ std::string counted(std::size_t count, const char* what) {
 FittedWord WordSearch::run() {
     typed_ = tries_.divide(word_.text);
     if (const auto part = unknownPart()) {
-        return asItIs(Outcome::Unknown, inDoubleQuotes(*part) + " is not sung");
+        return asItIs(Outcome::Unknown, words::inDoubleQuotes(*part) + " is not sung");
     }
     findMainEntry();
     if (isRightAsItIs()) {
@@ -91,7 +91,7 @@ FittedWord WordSearch::run() {
 
 // Of words that share a note, each has to be sung.
 std::optional<std::string> WordSearch::unknownPart() {
-    const auto parts = wordsBetweenBlanks(word_.text);
+    const auto parts = words::wordsBetweenBlanks(word_.text);
     if (typed_.empty() || parts.size() < 2 || holdsBrackets(word_.text)) {
         return typed_.empty() ? std::optional(word_.text) : std::nullopt;
     }
@@ -102,11 +102,11 @@ std::optional<std::string> WordSearch::unknownPart() {
 }
 
 void WordSearch::findMainEntry() {
-    auto text = charactersOf(word_.text);
+    auto text = words::charactersOf(word_.text);
     if (!holdsBrackets(word_.text)) {
         text.erase(std::remove(text.begin(), text.end(), U'-'), text.end());
     }
-    const auto stem = utf8Of(text);
+    const auto stem = words::utf8Of(text);
     entries_.push_back(
         {std::move(text), stem == word_.text ? typed_ : tries_.divide(stem), Outcome::Hyphens});
 }
@@ -119,7 +119,7 @@ void WordSearch::findOtherEntries() {
         const auto word = text.substr(begin, end - begin);
         for (const auto* const suffix : {U"", U"(1)", U"(2)", U"(3)"}) {
             const auto other = word.substr(0, suffixOf(word)) + suffix;
-            if (other != word && !tries_.divide(utf8Of(other)).empty()) {
+            if (other != word && !tries_.divide(words::utf8Of(other)).empty()) {
                 addOtherEntry(text.substr(0, begin) + other + text.substr(end));
             }
         }
@@ -127,7 +127,7 @@ void WordSearch::findOtherEntries() {
 }
 
 void WordSearch::addOtherEntry(std::u32string text) {
-    auto syllables = tries_.divide(utf8Of(text));
+    auto syllables = tries_.divide(words::utf8Of(text));
     if (!syllables.empty() && syllables != entries_.front().syllables) {
         entries_.push_back({std::move(text), std::move(syllables), Outcome::OtherEntry});
     }
@@ -197,7 +197,7 @@ std::optional<Syllables> WordSearch::spreadAsDivided(const Syllables& syllables)
 // of the next.
 Syllables WordSearch::withSharedNotes() {
     Syllables shared;
-    for (const auto& part : wordsBetweenBlanks(utf8Of(entries_.front().text))) {
+    for (const auto& part : words::wordsBetweenBlanks(words::utf8Of(entries_.front().text))) {
         const auto syllables = tries_.divide(part);
         const bool isFirst = shared.empty() || syllables.empty();
         if (!isFirst) {
@@ -253,7 +253,7 @@ WordSearch::Found WordSearch::holdAny(const Entry& entry) {
 
 WordSearch::Found WordSearch::tryHeld(const Entry& entry, const std::u32string& text,
                                       const Holds& holds) {
-    const auto lyric = utf8Of(text);
+    const auto lyric = words::utf8Of(text);
     auto carried = tries_.divide(lyric);
     if (!carryHeld(carried, entry.syllables, holds)) {
         return std::nullopt;
@@ -263,7 +263,7 @@ WordSearch::Found WordSearch::tryHeld(const Entry& entry, const std::u32string& 
 
 std::optional<std::size_t> WordSearch::heldAt(const Entry& entry, std::size_t place,
                                               const std::vector<bool>& wanted) {
-    return heldOnce(tries_.divide(utf8Of(withMarks(entry.text, place, 1))), entry.syllables,
+    return heldOnce(tries_.divide(words::utf8Of(withMarks(entry.text, place, 1))), entry.syllables,
                     wanted);
 }
 

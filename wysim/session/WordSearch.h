@@ -4,7 +4,7 @@
 #include "wysim/session/FittedWord.h"
 #include "wysim/session/Holds.h"
 #include "wysim/session/ScratchTrack.h"
-#include "wysim/session/SongWords.h"
+#include "wysim/words/SongWords.h"
 
 #include <cstddef>
 #include <optional>
@@ -22,7 +22,7 @@ public:
     static constexpr std::size_t kMaxNotes = 1'000;
 
     // The track and the word have to outlive this.
-    WordSearch(ScratchTrack& scratch, const SongWord& word, bool usesBrackets)
+    WordSearch(ScratchTrack& scratch, const words::SongWord& word, bool usesBrackets)
         : tries_(scratch, kMaxTries), word_(word), usesBrackets_(usesBrackets) {}
 
     // To be called once.
@@ -62,7 +62,7 @@ private:
     FittedWord notFitted() const;
 
     LimitedTries tries_;
-    const SongWord& word_;
+    const words::SongWord& word_;
     bool usesBrackets_;
     Syllables typed_; // what the word gives as it is
     std::vector<Entry> entries_;

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "wysim/session/SongWords.h"
+#include "wysim/words/SongWords.h"
 
 #include "wysim/song/ScoreLyric.h"
 
 #include <algorithm>
 #include <utility>
 
-namespace wybeta::wysim::session {
+namespace wybeta::wysim::words {
 
 namespace {
 
@@ -62,4 +62,4 @@ void typeWord(song::Song& song, const SongWord& word, const std::string& text) {
                   [](auto& note) { note.lyric.clear(); });
 }
 
-} // namespace wybeta::wysim::session
+} // namespace wybeta::wysim::words

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "wysim/session/TextFinding.h"
+#include "wysim/words/TextFinding.h"
 
 #include <string>
 #include <vector>
 
-namespace wybeta::wysim::session {
+namespace wybeta::wysim::words {
 
 bool isAllSung(const std::vector<CheckedLyric>& lines);
 
@@ -22,4 +22,4 @@ std::string sentenceOn(const Finding& finding);
 // A name for programs, such as "kana-pair".
 std::string nameOf(Reason reason);
 
-} // namespace wybeta::wysim::session
+} // namespace wybeta::wysim::words

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace wybeta::wysim::session {
+namespace wybeta::wysim::words {
 
 // Why a word of a text is not sung, or what a writer may not expect of one that is.
 enum class Reason {
@@ -46,4 +46,4 @@ struct CheckedLyric {
     std::vector<Finding> findings;
 };
 
-} // namespace wybeta::wysim::session
+} // namespace wybeta::wysim::words

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "wysim/session/CheckReport.h"
+#include "wysim/words/CheckReport.h"
 
-#include "wysim/session/Wording.h"
+#include "wysim/words/Wording.h"
 
 #include <nlohmann/json.hpp>
 
@@ -9,7 +9,7 @@
 #include <cstddef>
 #include <iterator>
 
-namespace wybeta::wysim::session {
+namespace wybeta::wysim::words {
 
 namespace {
 
@@ -159,4 +159,4 @@ std::string nameOf(Reason reason) {
     return explanationOf(reason).name;
 }
 
-} // namespace wybeta::wysim::session
+} // namespace wybeta::wysim::words

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "wysim/session/LyricText.h"
+#include "wysim/words/LyricText.h"
 
 #include <utf8cpp/utf8.h>
 
@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <iterator>
 
-namespace wybeta::wysim::session {
+namespace wybeta::wysim::words {
 
 std::u32string charactersOf(std::string_view utf8) {
     std::u32string characters;
@@ -41,4 +41,4 @@ bool holdsKana(std::string_view utf8) {
     return std::any_of(characters.begin(), characters.end(), isKana);
 }
 
-} // namespace wybeta::wysim::session
+} // namespace wybeta::wysim::words

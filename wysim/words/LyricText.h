@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-namespace wybeta::wysim::session {
+namespace wybeta::wysim::words {
 
 // A text has to be valid UTF-8.
 std::u32string charactersOf(std::string_view utf8);
@@ -19,4 +19,4 @@ std::vector<std::string> wordsBetweenBlanks(std::string_view text);
 bool isKana(char32_t character);
 bool holdsKana(std::string_view utf8);
 
-} // namespace wybeta::wysim::session
+} // namespace wybeta::wysim::words

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-namespace wybeta::wysim::session {
+namespace wybeta::wysim::words {
 
 // A typed lyric of a song and the notes that belong to it: its own, and those up to the next typed
 // one.
@@ -25,4 +25,4 @@ std::vector<SongWord> wordsOf(const song::Song& song);
 // Puts another text in the place of a word of the song, yet to be divided.
 void typeWord(song::Song& song, const SongWord& word, const std::string& text);
 
-} // namespace wybeta::wysim::session
+} // namespace wybeta::wysim::words

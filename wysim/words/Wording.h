@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace wybeta::wysim::session {
+namespace wybeta::wysim::words {
 
 // What a person wrote, as a message names it: 'love', or "nothing" for an empty text.
 std::string inQuotes(std::string_view text);
@@ -16,4 +16,4 @@ std::string_view trimmed(std::string_view text);
 // A line without the carriage return that some systems end it with.
 std::string_view withoutReturn(std::string_view line);
 
-} // namespace wybeta::wysim::session
+} // namespace wybeta::wysim::words

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "wysim/session/CharacterKinds.h"
+#include "wysim/words/CharacterKinds.h"
 
 #include <algorithm>
 #include <cstddef>
 #include <iterator>
 #include <string_view>
 
-namespace wybeta::wysim::session {
+namespace wybeta::wysim::words {
 
 namespace {
 
@@ -129,4 +129,4 @@ std::u32string withOrdinaryKana(std::u32string text) {
     return text;
 }
 
-} // namespace wybeta::wysim::session
+} // namespace wybeta::wysim::words

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "wysim/session/Wording.h"
+#include "wysim/words/Wording.h"
 
-namespace wybeta::wysim::session {
+namespace wybeta::wysim::words {
 
 std::string inQuotes(std::string_view text) {
     return text.empty() ? "nothing" : "'" + std::string(text) + "'";
@@ -22,4 +22,4 @@ std::string_view withoutReturn(std::string_view line) {
     return !line.empty() && line.back() == '\r' ? line.substr(0, line.size() - 1) : line;
 }
 
-} // namespace wybeta::wysim::session
+} // namespace wybeta::wysim::words

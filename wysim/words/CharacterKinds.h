@@ -5,7 +5,7 @@
 
 #include <string>
 
-namespace wybeta::wysim::session {
+namespace wybeta::wysim::words {
 
 // A blank of any kind but the plain one.
 bool isOtherBlank(char32_t character);
@@ -28,4 +28,4 @@ std::u32string withPlainLetters(std::u32string text);
 // Half-width kana as ordinary ones, a kana and its voicing mark as one.
 std::u32string withOrdinaryKana(std::u32string text);
 
-} // namespace wybeta::wysim::session
+} // namespace wybeta::wysim::words
