@@ -6,18 +6,18 @@
 #include "fuzz/Check.h"
 #include "fuzz/ModuleExtension.h"
 #include "simulator/Editor.h"
-#include "wysim/session/FittedWord.h"
 #include "wysim/session/Fitting.h"
+#include "wysim/session/Proof.h"
 #include "wysim/session/ScratchTrack.h"
-#include "wysim/session/TextCheck.h"
-#include "wysim/session/WordFitter.h"
-#include "wysim/session/WordSearch.h"
 #include "wysim/song/BadInput.h"
 #include "wysim/song/Song.h"
 #include "wysim/terminal/Progress.h"
+#include "wysim/words/LyricReader.h"
 #include "wysim/words/LyricText.h"
 #include "wysim/words/SongWords.h"
+#include "wysim/words/TextCheck.h"
 #include "wysim/words/TextFinding.h"
+#include "wysim/words/WordFitter.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -94,17 +94,20 @@ song::Song songOf(const std::vector<Line>& lines) {
     return song;
 }
 
+words::LyricReader& reader() {
+    static words::LyricReader shared;
+    return shared;
+}
+
+// Each text is sung by the module as it was read.
 void checkFit(Editor& editor, const song::Song& song, bool usesBrackets) {
-    session::ScratchTrack scratch(editor);
-    session::WordFitter fitter(scratch, usesBrackets);
+    session::Proof proof(editor);
+    words::WordFitter fitter(reader(), usesBrackets);
     for (const auto& word : words::wordsOf(song)) {
-        const auto triesBefore = scratch.tries();
         const auto& fitted = fitter.fit(word);
-        check(scratch.tries() - triesBefore <= session::WordSearch::kMaxTries,
-              "a word took more tries than allowed");
-        if (session::isFitted(fitted.outcome)) {
-            check(fitted.carried.size() == word.notes, "a fitted word does not fill its notes");
-            checkEqual(scratch.divide(fitted.text), fitted.carried);
+        proof.sung(fitted.text, fitted.syllables);
+        if (words::isFitted(fitted.outcome)) {
+            check(fitted.syllables.size() == word.notes, "a fitted word does not fill its notes");
         } else {
             checkEqual(fitted.text, word.text);
             check(!fitted.reason.empty(), "a word is left without a reason");
@@ -115,23 +118,22 @@ void checkFit(Editor& editor, const song::Song& song, bool usesBrackets) {
 // What was fitted once is left as it is.
 void checkFitAgain(Editor& editor, const song::Song& song, bool usesBrackets) {
     terminal::Progress progress;
-    const auto words = session::fitWords(editor, song, usesBrackets, progress);
-    const auto again =
-        session::fitWords(editor, session::fittedSong(song, words), usesBrackets, progress);
+    const auto words = session::fitWords(editor, reader(), song, usesBrackets, progress);
+    const auto again = session::fitWords(editor, reader(), session::fittedSong(song, words),
+                                         usesBrackets, progress);
     check(words.size() == again.size(), "a fitted song has other words");
     for (std::size_t i = 0; i < words.size(); ++i) {
         const auto& fitted = words[i].fitted;
         checkEqual(again[i].fitted.text, fitted.text);
-        checkEqual(again[i].fitted.carried, fitted.carried);
-        check(session::isFitted(fitted.outcome)
-                  ? again[i].fitted.outcome == session::Outcome::AsItIs
-                  : again[i].fitted.outcome == fitted.outcome,
+        checkEqual(again[i].carried, words[i].carried);
+        check(words::isFitted(fitted.outcome) ? again[i].fitted.outcome == words::Outcome::AsItIs
+                                              : again[i].fitted.outcome == fitted.outcome,
               "a fitted word is fitted otherwise when it comes again");
     }
 }
 
-// Whether nothing in a text can undo a mend: a "0" can drop what it adds, and an earlier bracket be
-// as empty as the one that it takes out.
+// Whether nothing in a text can undo a suggestion: a "0" can drop what it adds, and an earlier
+// bracket be as empty as the one that it takes out.
 bool tellsByItself(const std::string& text) {
     return text.find('0') == std::string::npos && text.find('[') == text.rfind('[');
 }
@@ -143,19 +145,20 @@ void checkFinding(session::ScratchTrack& scratch, const words::CheckedLyric& che
     const auto begin = finding.column - 1;
     check(!word.empty() && line.compare(begin, word.size(), word) == 0,
           "a finding names another word than stands there");
-    for (const auto& mend : finding.mends) {
-        check(mend != finding.word, "a mend changes nothing");
-        auto mended = line;
-        mended.replace(begin, word.size(), words::charactersOf(mend));
+    for (const auto& suggestion : finding.suggestions) {
+        check(suggestion != finding.word, "a suggestion changes nothing");
+        auto changed = line;
+        changed.replace(begin, word.size(), words::charactersOf(suggestion));
         if (tellsByItself(checked.text)) {
-            check(scratch.divide(words::utf8Of(mended)) != scratch.divide(checked.text),
-                  "a mend does not change what is sung");
+            check(scratch.divide(words::utf8Of(changed)) != scratch.divide(checked.text),
+                  "a suggestion does not change what is sung");
         }
     }
 }
 
 void checkText(Editor& editor, const std::vector<Line>& lines) {
-    session::TextCheck text(editor);
+    session::Proof proof(editor);
+    words::TextCheck text(reader(), proof.prover());
     session::ScratchTrack scratch(editor);
     for (const auto& line : lines) {
         const auto checked = text.checkLyric(line.lyric);

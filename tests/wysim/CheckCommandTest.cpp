@@ -72,7 +72,7 @@ TEST(CheckCommand, WritesJsonForPrograms) {
           "word": "love　さく",
           "sung": false,
           "reason": "blank",
-          "mends": [
+          "suggestions": [
             "love さく"
           ],
           "syllables": 0
@@ -89,7 +89,7 @@ TEST(CheckCommand, WritesJsonForPrograms) {
           "word": "ス0",
           "sung": true,
           "reason": "zero",
-          "mends": [
+          "suggestions": [
             "ス"
           ],
           "syllables": 1

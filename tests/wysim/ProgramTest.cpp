@@ -111,6 +111,33 @@ TEST(Program, EndsWithOneWhenTheModuleCannotBeLoaded) {
     EXPECT_EQ(run.err.find("wysim: expected a module in the file "), 0u) << run.err;
 }
 
+// The built module with another pronunciation of "love" in its dictionary.
+std::string moduleThatSingsLoveOtherwise() {
+    auto bytes = bytesOf(modulePath());
+    const std::string line = "\nlove\tl ah1 v\t";
+    const auto found = bytes.find(line);
+    EXPECT_NE(found, std::string::npos);
+    return bytes.replace(found, line.size(), "\nlove\tl ae1 v\t");
+}
+
+TEST(Program, EndsWithOneWhenTheModuleSingsSomethingElseThanWasRead) {
+    const TemporaryFolder folder;
+    const auto module = folder.write("Other.vst3", moduleThatSingsLoveOtherwise()).u8string();
+    const auto song = dataFile("plain.musicxml").u8string();
+    const auto expectDisagreement = [&](std::vector<std::string> arguments,
+                                        const std::string& input) {
+        arguments.insert(arguments.end(), {"--module", module});
+        const auto run = runProgram(arguments, input);
+        EXPECT_EQ(run.status, 1) << arguments.front();
+        EXPECT_EQ(run.err, "wysim: internal error: expected the module to sing \"love\" as "
+                           "[l ah v], found [l ae v]; the module may be of another version.\n");
+    };
+    expectDisagreement({"check", "-"}, "hello\nlove\n");
+    expectDisagreement({song, "--script", "-"}, "type 1 love\n");
+    const auto run = runProgram({"check", "-", "--module", module}, "hello\n");
+    EXPECT_EQ(run.status, 0) << run.err;
+}
+
 TEST(Program, ExpectsAVerseOfAtLeastOne) {
     const auto run = runProgram({"song.musicxml", "--verse", "0"});
     EXPECT_EQ(run.err, "wysim: expected a whole number of at least 1 as --verse, found '0'.\n");

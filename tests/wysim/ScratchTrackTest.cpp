@@ -13,12 +13,10 @@ namespace wybeta::tests {
 
 namespace {
 
-using wysim::session::LimitedTries;
 using wysim::session::ScratchTrack;
 using wysim::session::Syllables;
 
 class ScratchTrackTest : public EditorTest<> {};
-class LimitedTriesTest : public EditorTest<> {};
 
 TEST_F(ScratchTrackTest, GivesThePhonemesOfEachSyllable) {
     useEditor([](simulator::Editor& editor) {
@@ -38,13 +36,12 @@ TEST_F(ScratchTrackTest, GivesNothingForWhatIsNotSung) {
     });
 }
 
-TEST_F(ScratchTrackTest, KeepsNothingOfATryForTheNext) {
+TEST_F(ScratchTrackTest, KeepsNothingOfALyricForTheNext) {
     useEditor([](simulator::Editor& editor) {
         ScratchTrack scratch(editor);
         scratch.divide("さくら");
         EXPECT_EQ(scratch.divide("love"), Syllables{"l ah v"});
         EXPECT_EQ(scratch.divide("love"), Syllables{"l ah v"});
-        EXPECT_EQ(scratch.tries(), 3u);
         EXPECT_FALSE(editor.canUndo());
     });
 }
@@ -60,18 +57,6 @@ TEST_F(ScratchTrackTest, GrowsWithTheLyric) {
             }
         }
         EXPECT_EQ(scratch.divide(lyric + lyric + lyric).size(), 192u);
-    });
-}
-
-TEST_F(LimitedTriesTest, SingNothingWhenTheyAreUsedUp) {
-    useEditor([](simulator::Editor& editor) {
-        ScratchTrack scratch(editor);
-        LimitedTries tries(scratch, 1);
-        EXPECT_FALSE(tries.areUsedUp());
-        EXPECT_EQ(tries.divide("love"), Syllables{"l ah v"});
-        EXPECT_TRUE(tries.areUsedUp());
-        EXPECT_EQ(tries.divide("love"), Syllables{});
-        EXPECT_EQ(scratch.tries(), 1u);
     });
 }
 

@@ -191,7 +191,7 @@ TEST_F(SongPageTest, TypesALyricAndSaysWhatIsNotSung) {
                            {"column", 1},
                            {"sentence", "\"loveキャ\" is not sung: two kana of one syllable come "
                                         "right behind it. Write \"love キャ\"."},
-                           {"mends", {"love キャ"}}}}}};
+                           {"suggestions", {"love キャ"}}}}}};
     EXPECT_EQ(song.at("check"), check);
     EXPECT_EQ(parsed(page.check(1, 1)), check);
 }
@@ -207,7 +207,7 @@ TEST_F(SongPageTest, ChecksALyricThatTheSongWasOpenedWith) {
     open(songOf({"", "Hello,*"}));
     const auto check = parsed(page.check(1, 2));
     EXPECT_EQ(check.at("lyric"), "Hello,");
-    EXPECT_EQ(check.at("findings").at(0).at("mends"), Json{"Hello"});
+    EXPECT_EQ(check.at("findings").at(0).at("suggestions"), Json{"Hello"});
     EXPECT_EQ(parsed(page.check(1, 1)), (Json{{"lyric", ""},
                                               {"syllables", Json::array()},
                                               {"lost", 0},

@@ -16,10 +16,10 @@ const WAYS_TO_FIT = ["hyphens", "otherEntries", "brackets"];
 export function checkReport(check, type) {
   const paragraphOf = (finding) => ({
     sentence: findingSentence(finding),
-    actions: finding.mends.map((mend) => ({
-      text: mend,
-      label: say("typeMend", { mend }),
-      run: () => type(mended(check.lyric, finding, mend)),
+    actions: finding.suggestions.map((suggestion) => ({
+      text: suggestion,
+      label: say("typeSuggestion", { suggestion }),
+      run: () => type(corrected(check.lyric, finding, suggestion)),
     })),
   });
   const unsung = check.findings.filter(({ sung }) => !sung);
@@ -77,9 +77,9 @@ function firstOf(items, most, paragraphOf) {
 }
 
 // Columns count characters, as the lyric's iterator does.
-function mended(lyric, { column, word }, mend) {
+function corrected(lyric, { column, word }, suggestion) {
   const characters = [...lyric];
-  characters.splice(column - 1, [...word].length, mend);
+  characters.splice(column - 1, [...word].length, suggestion);
   return characters.join("");
 }
 

@@ -134,7 +134,7 @@ std::string checkJson(const words::CheckedLyric& checked, const session::Syllabl
                             {"word", finding.word},
                             {"column", finding.column},
                             {"sentence", words::sentenceOn(finding)},
-                            {"mends", finding.mends}});
+                            {"suggestions", finding.suggestions}});
     }
     const ordered_json check = {
         {"lyric", checked.text}, {"syllables", syllables}, {"lost", lost}, {"findings", findings}};
@@ -144,7 +144,7 @@ std::string checkJson(const words::CheckedLyric& checked, const session::Syllabl
 std::string fitJson(const std::vector<session::FittedSongWord>& words) {
     using session::Outcome;
     auto left = ordered_json::array();
-    for (const auto& [word, fitted] : words) {
+    for (const auto& [word, fitted, carried] : words) {
         if (!isFitted(fitted.outcome)) {
             left.push_back({{"track", word.track},
                             {"note", word.note},

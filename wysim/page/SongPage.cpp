@@ -4,13 +4,14 @@
 #include "wysim/page/PageFile.h"
 #include "wysim/page/SongJson.h"
 #include "wysim/picture/NoteText.h"
-#include "wysim/session/PlainWord.h"
-#include "wysim/session/TextCheck.h"
+#include "wysim/session/Proof.h"
 #include "wysim/song/BadInput.h"
 #include "wysim/song/Example.h"
 #include "wysim/song/SongFile.h"
 #include "wysim/terminal/Progress.h"
+#include "wysim/words/PlainWords.h"
 #include "wysim/words/SongWords.h"
+#include "wysim/words/TextCheck.h"
 #include "wysim/words/Wording.h"
 
 #include <nlohmann/json.hpp>
@@ -179,8 +180,8 @@ std::string SongPage::fit(bool usesBrackets) {
         const auto words = fitted(usesBrackets);
         const auto& song = openSong().editing.inEditor();
         std::vector<session::TypedLyric> lyrics;
-        for (const auto& [word, found] : words) {
-            const bool isDone = found.text == word.text && carries(song, word, found.carried);
+        for (const auto& [word, found, carried] : words) {
+            const bool isDone = found.text == word.text && carries(song, word, carried);
             if (isFitted(found.outcome) && !isDone) {
                 lyrics.push_back({word.track - 1, word.note - 1, found.text});
             }
@@ -215,8 +216,7 @@ void SongPage::show(const song::Song& song, const std::string& name) {
 
 // A file holds divisions, of which a person typed the words alone.
 void SongPage::takeBracketsOff(const OpenSong& open) {
-    auto project = session_.editor().openProject();
-    for (const auto& word : words::wordsOf(session::withPlainWords(project, open.opened))) {
+    for (const auto& word : words::wordsOf(words::withPlainWords(reader_, open.opened))) {
         open.editing.inEditor().setTypedLyric(word.track - 1, word.note - 1, word.text);
     }
 }
@@ -256,9 +256,9 @@ std::string SongPage::members() const {
 
 std::string SongPage::checkOf(std::size_t track, std::size_t note, const std::string& lyric) {
     auto project = session_.editor().openProject();
-    session::TextCheck check(project);
-    const auto checked = check.checkLyric(lyric);
-    const auto syllables = check.syllablesOf(lyric);
+    session::Proof proof(project);
+    const auto checked = words::TextCheck(reader_, proof.prover()).checkLyric(lyric);
+    const auto& syllables = proof.sung(lyric, reader_.syllablesOf(lyric));
     const auto notes = countNotesFrom(openSong().editing.inEditor(), track, note);
     return checkJson(checked, syllables, syllables.size() - std::min(notes, syllables.size()));
 }
@@ -266,8 +266,8 @@ std::string SongPage::checkOf(std::size_t track, std::size_t note, const std::st
 std::vector<session::FittedSongWord> SongPage::fitted(bool usesBrackets) {
     auto project = session_.editor().openProject();
     terminal::Progress progress;
-    return session::fitWords(project, openSong().editing.inEditor().typedSong(), usesBrackets,
-                             progress);
+    return session::fitWords(project, reader_, openSong().editing.inEditor().typedSong(),
+                             usesBrackets, progress);
 }
 
 } // namespace wybeta::wysim::page

@@ -8,6 +8,7 @@
 #include "wysim/session/Fitting.h"
 #include "wysim/session/SongEditing.h"
 #include "wysim/song/Song.h"
+#include "wysim/words/LyricReader.h"
 
 #include <cstddef>
 #include <functional>
@@ -89,6 +90,7 @@ private:
     std::string checkOf(std::size_t track, std::size_t note, const std::string& lyric);
     std::vector<session::FittedSongWord> fitted(bool usesBrackets);
 
+    words::LyricReader reader_;
     simulator::RunningModule module_;
     simulator::EditorSession session_;
     std::unique_ptr<OpenSong> song_; // null until one is opened

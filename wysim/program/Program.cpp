@@ -7,9 +7,8 @@
 #include "wysim/program/TextFile.h"
 #include "wysim/session/Comparison.h"
 #include "wysim/session/Fitting.h"
-#include "wysim/session/PlainWord.h"
+#include "wysim/session/Proof.h"
 #include "wysim/session/Session.h"
-#include "wysim/session/TextCheck.h"
 #include "wysim/song/BadInput.h"
 #include "wysim/song/Example.h"
 #include "wysim/song/Song.h"
@@ -17,7 +16,9 @@
 #include "wysim/terminal/Console.h"
 #include "wysim/terminal/Progress.h"
 #include "wysim/words/CheckReport.h"
+#include "wysim/words/PlainWords.h"
 #include "wysim/words/SongWords.h"
+#include "wysim/words/TextCheck.h"
 #include "wysim/words/Wording.h"
 
 #include <cstddef>
@@ -123,11 +124,11 @@ void write(const std::string& file, const std::string& text, std::ostream& out) 
 }
 
 int runSession(const CommandLine& line, const song::Song& song, simulator::Editor& editor,
-               const Streams& streams) {
+               words::LyricReader& reader, const Streams& streams) {
     if (line.file.empty()) {
         streams.out << kExampleHint;
     }
-    session::Session session(editor, song, std::filesystem::u8path(line.file), streams.out);
+    session::Session session(editor, reader, song, std::filesystem::u8path(line.file), streams.out);
     const int status = runCommands(session, line, streams);
     if (!line.svg.empty()) {
         write(line.svg, session.picture(), streams.out);
@@ -144,9 +145,9 @@ void expectWords(const song::Song& song) {
 }
 
 int runFit(const CommandLine& line, const song::Song& song, simulator::Editor& editor,
-           terminal::Progress& progress, std::ostream& out) {
+           words::LyricReader& reader, terminal::Progress& progress, std::ostream& out) {
     expectWords(song);
-    const auto words = session::fitWords(editor, session::withPlainWords(editor, song),
+    const auto words = session::fitWords(editor, reader, words::withPlainWords(reader, song),
                                          line.usesBrackets, progress);
     out << session::fittingTable(words);
     const auto fitted = session::fittedSong(song, words);
@@ -162,21 +163,25 @@ int runFit(const CommandLine& line, const song::Song& song, simulator::Editor& e
 
 int runOnSong(const CommandLine& line, const song::Song& song, simulator::Editor& editor,
               terminal::Progress& progress, const Streams& streams) {
+    words::LyricReader reader;
     printSummary(song, line.file, streams.out);
     switch (line.command) {
     case Command::Compare:
-        streams.out << session::comparisonText(session::compareWords(editor, song, progress));
+        streams.out << session::comparisonText(
+            session::compareWords(editor, reader, song, progress));
         return kDone;
     case Command::Fit:
-        return runFit(line, song, editor, progress, streams.out);
+        return runFit(line, song, editor, reader, progress, streams.out);
     default:
-        return runSession(line, song, editor, streams);
+        return runSession(line, song, editor, reader, streams);
     }
 }
 
 int runCheck(const CommandLine& line, const std::vector<std::string>& text,
              simulator::Editor& editor, terminal::Progress& progress, std::ostream& out) {
-    const auto checked = session::TextCheck(editor).checkLines(text, progress);
+    words::LyricReader reader;
+    session::Proof proof(editor);
+    const auto checked = words::TextCheck(reader, proof.prover()).checkLines(text, progress);
     out << (line.writesJson ? words::checkJson(checked) : words::checkReport(checked));
     return words::isAllSung(checked) ? kDone : kWordsLeft;
 }

@@ -1,25 +1,31 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wysim/session/Comparison.h"
 
-#include "wysim/session/ScratchTrack.h"
+#include "wysim/session/Proof.h"
 #include "wysim/song/BadInput.h"
 #include "wysim/terminal/TextTable.h"
-#include "wysim/words/LyricText.h"
 
+#include <algorithm>
 #include <map>
 
 namespace wybeta::wysim::session {
 
 namespace {
 
-Recognizer recognizerOf(const std::string& word, const Syllables& syllables) {
-    if (syllables.empty()) {
+using lyrics::PartKind;
+
+Recognizer recognizerOf(const lyrics::LyricReading& reading) {
+    const auto holds = [&reading](auto... kinds) {
+        return std::any_of(reading.parts.begin(), reading.parts.end(),
+                           [&](const auto& part) { return ((part.kind == kinds) || ...); });
+    };
+    if (reading.syllables.empty()) {
         return Recognizer::Nothing;
     }
-    if (word.find('[') != std::string::npos) {
+    if (holds(PartKind::Bracket)) {
         return Recognizer::Brackets;
     }
-    return words::holdsKana(word) ? Recognizer::Kana : Recognizer::Dictionary;
+    return holds(PartKind::Kana, PartKind::KanaPair) ? Recognizer::Kana : Recognizer::Dictionary;
 }
 
 std::string nameOf(Recognizer knownBy) {
@@ -49,22 +55,23 @@ std::string verdictOn(const ComparedWord& compared) {
 
 } // namespace
 
-std::vector<ComparedWord> compareWords(simulator::Editor& editor, const song::Song& song,
-                                       terminal::Progress& progress) {
+std::vector<ComparedWord> compareWords(simulator::Editor& editor, words::LyricReader& reader,
+                                       const song::Song& song, terminal::Progress& progress) {
     const auto words = words::wordsOf(song);
     if (words.empty()) {
         throw song::BadInput::expectedFound("a song with words to compare", "none");
     }
-    ScratchTrack scratch(editor);
-    std::map<std::string, Syllables> divided;
+    Proof proof(editor);
+    std::map<std::string, lyrics::LyricReading> readings;
     std::vector<ComparedWord> compared;
     progress.start("comparing", words.size());
     for (const auto& word : words) {
-        const auto [known, isNew] = divided.try_emplace(word.text);
+        const auto [known, isNew] = readings.try_emplace(word.text);
         if (isNew) {
-            known->second = scratch.divide(word.text);
+            known->second = reader.read(word.text);
         }
-        compared.push_back({word, known->second.size(), recognizerOf(word.text, known->second)});
+        const auto& sung = proof.sung(word.text, known->second.syllables);
+        compared.push_back({word, sung.size(), recognizerOf(known->second)});
         progress.step();
     }
     progress.finish();

@@ -4,6 +4,7 @@
 #include "simulator/Editor.h"
 #include "wysim/song/Song.h"
 #include "wysim/terminal/Progress.h"
+#include "wysim/words/LyricReader.h"
 #include "wysim/words/SongWords.h"
 
 #include <cstddef>
@@ -22,9 +23,9 @@ struct ComparedWord {
 };
 
 // Types each word of the song into an empty track of an editor that holds nothing else. Throws
-// BadInput when the song has no words.
-std::vector<ComparedWord> compareWords(simulator::Editor& editor, const song::Song& song,
-                                       terminal::Progress& progress);
+// BadInput when the song has no words, ModuleDisagrees.
+std::vector<ComparedWord> compareWords(simulator::Editor& editor, words::LyricReader& reader,
+                                       const song::Song& song, terminal::Progress& progress);
 
 // A table of the words, and the totals.
 std::string comparisonText(const std::vector<ComparedWord>& words);

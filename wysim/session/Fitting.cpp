@@ -2,10 +2,11 @@
 #include "wysim/session/Fitting.h"
 
 #include "wysim/picture/SongPicture.h"
-#include "wysim/session/ScratchTrack.h"
+#include "wysim/session/Proof.h"
 #include "wysim/session/SongInEditor.h"
-#include "wysim/session/WordFitter.h"
 #include "wysim/terminal/TextTable.h"
+#include "wysim/words/WordFitter.h"
+#include "wysim/words/Wording.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -21,26 +22,21 @@ std::string outcomeOf(const FittedWord& fitted) {
                                  : nameOf(fitted.outcome) + ": " + fitted.reason;
 }
 
-std::string inBrackets(const Syllables& syllables) {
-    std::string text;
-    for (const auto& syllable : syllables) {
-        text += (text.empty() ? "[" : " [") + syllable + "]";
-    }
-    return text.empty() ? "-" : text;
-}
-
 } // namespace
 
-std::vector<FittedSongWord> fitWords(simulator::Editor& editor, const song::Song& song,
-                                     bool usesBrackets, terminal::Progress& progress) {
-    ScratchTrack scratch(editor);
-    WordFitter fitter(scratch, usesBrackets);
+std::vector<FittedSongWord> fitWords(simulator::Editor& editor, words::LyricReader& reader,
+                                     const song::Song& song, bool usesBrackets,
+                                     terminal::Progress& progress) {
+    Proof proof(editor);
+    words::WordFitter fitter(reader, usesBrackets);
     std::vector<FittedSongWord> fitted;
-    auto words = words::wordsOf(song);
+    const auto words = words::wordsOf(song);
     progress.start("fitting", words.size());
-    for (auto& word : words) {
-        auto found = fitter.fit(word);
-        fitted.push_back({std::move(word), std::move(found)});
+    for (const auto& word : words) {
+        const auto& found = fitter.fit(word);
+        auto carried = proof.sung(found.text, found.syllables);
+        carried.resize(std::min(carried.size(), word.notes));
+        fitted.push_back({word, found, std::move(carried)});
         progress.step();
     }
     progress.finish();
@@ -48,7 +44,7 @@ std::vector<FittedSongWord> fitWords(simulator::Editor& editor, const song::Song
 }
 
 song::Song fittedSong(song::Song song, const std::vector<FittedSongWord>& words) {
-    for (const auto& [word, fitted] : words) {
+    for (const auto& [word, fitted, carried] : words) {
         if (fitted.text != word.text) {
             words::typeWord(song, word, fitted.text);
         }
@@ -74,26 +70,6 @@ std::size_t countNotFitted(const std::vector<FittedSongWord>& words) {
     }));
 }
 
-std::string nameOf(Outcome outcome) {
-    switch (outcome) {
-    case Outcome::AsItIs:
-        return "as it is";
-    case Outcome::Hyphens:
-        return "hyphens";
-    case Outcome::OtherEntry:
-        return "other entry";
-    case Outcome::Brackets:
-        return "brackets";
-    case Outcome::Unknown:
-        return "unknown";
-    case Outcome::DividedOtherwise:
-        return "divided otherwise";
-    case Outcome::NotReached:
-        break;
-    }
-    return "not reached";
-}
-
 bool areAllFitted(const std::vector<FittedSongWord>& words) {
     return countNotFitted(words) == 0;
 }
@@ -101,9 +77,9 @@ bool areAllFitted(const std::vector<FittedSongWord>& words) {
 std::string fittingTable(const std::vector<FittedSongWord>& words) {
     terminal::TextTable table(
         {"track", "note", "word", "notes", "type", "the notes then carry", "fitted by"});
-    for (const auto& [word, fitted] : words) {
+    for (const auto& [word, fitted, carried] : words) {
         table.add({std::to_string(word.track), std::to_string(word.note), word.text,
-                   std::to_string(word.notes), fitted.text, inBrackets(fitted.carried),
+                   std::to_string(word.notes), fitted.text, words::inBrackets(carried),
                    outcomeOf(fitted)});
     }
     return table.text();

@@ -2,9 +2,10 @@
 #pragma once
 
 #include "simulator/Editor.h"
-#include "wysim/session/FittedWord.h"
 #include "wysim/song/Song.h"
 #include "wysim/terminal/Progress.h"
+#include "wysim/words/FittedWord.h"
+#include "wysim/words/LyricReader.h"
 #include "wysim/words/SongWords.h"
 
 #include <cstddef>
@@ -14,15 +15,21 @@
 
 namespace wybeta::wysim::session {
 
+using words::FittedWord;
+using words::Outcome;
+
 struct FittedSongWord {
     words::SongWord word;
     FittedWord fitted;
+    words::Syllables carried; // by its notes, when the module divides the text
 };
 
-// Fits each word of the song in an empty track of the editor. With `usesBrackets`, what hyphens and
-// other entries can't do is done by phonemes in brackets.
-std::vector<FittedSongWord> fitWords(simulator::Editor& editor, const song::Song& song,
-                                     bool usesBrackets, terminal::Progress& progress);
+// Fits each word of the song, and types each text into an empty track of the editor to see what the
+// notes then carry. With `usesBrackets`, what hyphens and other entries can't do is done by
+// phonemes in brackets. Throws ModuleDisagrees.
+std::vector<FittedSongWord> fitWords(simulator::Editor& editor, words::LyricReader& reader,
+                                     const song::Song& song, bool usesBrackets,
+                                     terminal::Progress& progress);
 
 // The song with the fitted words typed, yet to be divided.
 song::Song fittedSong(song::Song song, const std::vector<FittedSongWord>& words);
@@ -34,9 +41,6 @@ std::string fittedPicture(simulator::Editor& editor, const song::Song& fitted);
 std::map<Outcome, std::size_t> countOutcomes(const std::vector<FittedSongWord>& words);
 // Those that could not be fitted.
 std::size_t countNotFitted(const std::vector<FittedSongWord>& words);
-
-// Such as "divided otherwise".
-std::string nameOf(Outcome outcome);
 
 bool areAllFitted(const std::vector<FittedSongWord>& words);
 

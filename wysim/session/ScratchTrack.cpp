@@ -20,7 +20,6 @@ ScratchTrack::ScratchTrack(simulator::Editor& editor)
 }
 
 Syllables ScratchTrack::divide(const std::string& lyric) {
-    ++tries_;
     editor_.type(*notes_.front(), lyric);
     while (!notes_.back()->lyric().empty()) {
         editor_.undo();
@@ -53,14 +52,6 @@ Syllables ScratchTrack::carried() const {
         syllables.push_back(text.substr(open + 1, text.size() - open - 2));
     }
     return syllables;
-}
-
-Syllables LimitedTries::divide(const std::string& lyric) {
-    if (left_ == 0) {
-        return {};
-    }
-    --left_;
-    return scratch_.divide(lyric);
 }
 
 } // namespace wybeta::wysim::session

@@ -2,13 +2,16 @@
 #include "wysim/session/Session.h"
 
 #include "wysim/picture/SongPicture.h"
+#include "wysim/session/Proof.h"
 #include "wysim/session/SongChanges.h"
-#include "wysim/session/UnsungParts.h"
 #include "wysim/song/BadInput.h"
 #include "wysim/song/NumberText.h"
 #include "wysim/song/Pitch.h"
 #include "wysim/song/SongFile.h"
 #include "wysim/terminal/TextTable.h"
+#include "wysim/words/CheckReport.h"
+#include "wysim/words/LyricText.h"
+#include "wysim/words/TextCheck.h"
 #include "wysim/words/Wording.h"
 
 #include <algorithm>
@@ -102,9 +105,10 @@ const std::vector<Session::Command> Session::kCommands = {
     {"quit", "", "end the session", &Session::quit, false},
 };
 
-Session::Session(simulator::Editor& editor, const song::Song& song, std::filesystem::path file,
-                 std::ostream& out)
-    : editor_(editor), opened_(song), file_(std::move(file)), editing_(editor, song), out_(out) {}
+Session::Session(simulator::Editor& editor, words::LyricReader& reader, const song::Song& song,
+                 std::filesystem::path file, std::ostream& out)
+    : editor_(editor), reader_(reader), opened_(song), file_(std::move(file)),
+      editing_(editor, song), out_(out) {}
 
 void Session::run(std::string_view line) {
     line = words::trimmed(line);
@@ -167,7 +171,18 @@ void Session::change(const Command& command, std::string_view arguments) {
 }
 
 void Session::checkLyric(const std::string& lyric) {
-    remarks_ = sentencesOnUnsungParts(editor_, lyric);
+    song::checkText(lyric);
+    if (words::charactersOf(lyric).size() > words::TextCheck::kLongestLine) {
+        return;
+    }
+    auto project = editor_.openProject();
+    Proof proof(project);
+    const auto checked = words::TextCheck(reader_, proof.prover()).checkLyric(lyric);
+    for (const auto& finding : checked.findings) {
+        if (!isSung(finding.reason)) {
+            remarks_.push_back(sentenceOn(finding));
+        }
+    }
     editor_.notify();
 }
 

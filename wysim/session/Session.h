@@ -5,6 +5,7 @@
 #include "wysim/session/SongEditing.h"
 #include "wysim/session/SongInEditor.h"
 #include "wysim/song/Song.h"
+#include "wysim/words/LyricReader.h"
 
 #include <cstddef>
 #include <filesystem>
@@ -18,10 +19,10 @@ namespace wybeta::wysim::session {
 // A person's work on one song, command by command. Each command answers with what has changed.
 class Session {
 public:
-    // Opens the song, which was read from the file, in the editor. The editor and the stream have
-    // to outlive this.
-    Session(simulator::Editor& editor, const song::Song& song, std::filesystem::path file,
-            std::ostream& out);
+    // Opens the song, which was read from the file, in the editor. The editor, the reader and the
+    // stream have to outlive this.
+    Session(simulator::Editor& editor, words::LyricReader& reader, const song::Song& song,
+            std::filesystem::path file, std::ostream& out);
 
     // Runs one line; an empty one and one that begins with '#' do nothing. A mistake throws
     // BadInput, and then nothing has changed.
@@ -69,6 +70,7 @@ private:
     std::size_t noteIndex(std::string_view number) const;
 
     simulator::Editor& editor_;
+    words::LyricReader& reader_;
     song::Song opened_;
     std::filesystem::path file_;
     SongEditing editing_;

@@ -17,7 +17,7 @@ struct Explanation {
     Reason reason;
     const char* name;
     const char* why;
-    const char* advice; // where there is no mend
+    const char* advice; // where there is no suggestion
 };
 
 constexpr auto kUseBrackets = "Write its phonemes in brackets behind it";
@@ -48,22 +48,22 @@ const Explanation& explanationOf(Reason reason) {
 }
 
 // "a", "b" or "c".
-std::string listed(const std::vector<std::string>& mends) {
-    std::string text = inDoubleQuotes(mends.front());
-    for (std::size_t i = 1; i < mends.size(); ++i) {
-        text += (i + 1 == mends.size() ? " or " : ", ") + inDoubleQuotes(mends[i]);
+std::string listed(const std::vector<std::string>& suggestions) {
+    std::string text = inDoubleQuotes(suggestions.front());
+    for (std::size_t i = 1; i < suggestions.size(); ++i) {
+        text += (i + 1 == suggestions.size() ? " or " : ", ") + inDoubleQuotes(suggestions[i]);
     }
     return text;
 }
 
 std::string adviceOn(const Finding& finding) {
-    if (finding.mends.empty()) {
+    if (finding.suggestions.empty()) {
         return explanationOf(finding.reason).advice;
     }
     if (finding.reason == Reason::Unknown) {
-        return std::string(kUseBrackets) + ", or " + listed(finding.mends);
+        return std::string(kUseBrackets) + ", or " + listed(finding.suggestions);
     }
-    return "Write " + listed(finding.mends) + (isSung(finding.reason) ? " if not meant" : "");
+    return "Write " + listed(finding.suggestions) + (isSung(finding.reason) ? " if not meant" : "");
 }
 
 struct Totals {
@@ -135,7 +135,7 @@ std::string checkJson(const std::vector<CheckedLyric>& lines) {
                                 {"word", finding.word},
                                 {"sung", isSung(finding.reason)},
                                 {"reason", nameOf(finding.reason)},
-                                {"mends", finding.mends},
+                                {"suggestions", finding.suggestions},
                                 {"syllables", finding.syllables}});
         }
         list.push_back(

@@ -32,13 +32,4 @@ std::vector<std::string> wordsBetweenBlanks(std::string_view text) {
     return words;
 }
 
-bool isKana(char32_t character) {
-    return character >= 0x3041 && character <= 0x30FF;
-}
-
-bool holdsKana(std::string_view utf8) {
-    const auto characters = charactersOf(utf8);
-    return std::any_of(characters.begin(), characters.end(), isKana);
-}
-
 } // namespace wybeta::wysim::words

@@ -16,7 +16,4 @@ std::string utf8Of(std::u32string_view characters);
 // The words between the blanks of a text.
 std::vector<std::string> wordsBetweenBlanks(std::string_view text);
 
-bool isKana(char32_t character);
-bool holdsKana(std::string_view utf8);
-
 } // namespace wybeta::wysim::words

@@ -35,8 +35,8 @@ struct Finding {
     std::size_t column; // counted in characters
     std::string word;
     Reason reason;
-    // What to write in place of the word, each of which is sung.
-    std::vector<std::string> mends;
+    // What to write instead of the word, each of which is sung.
+    std::vector<std::string> suggestions;
     std::size_t syllables; // that the word has as it is
 };
 

@@ -11,6 +11,14 @@ std::string inDoubleQuotes(std::string_view lyric) {
     return "\"" + std::string(lyric) + "\"";
 }
 
+std::string inBrackets(const std::vector<std::string>& syllables) {
+    std::string text;
+    for (const auto& syllable : syllables) {
+        text += (text.empty() ? "[" : " [") + syllable + "]";
+    }
+    return text.empty() ? "-" : text;
+}
+
 std::string_view trimmed(std::string_view text) {
     const auto first = text.find_first_not_of(" \t\r");
     return first == std::string_view::npos

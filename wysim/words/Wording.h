@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace wybeta::wysim::words {
 
@@ -10,6 +11,9 @@ namespace wybeta::wysim::words {
 std::string inQuotes(std::string_view text);
 // A lyric between double quotation marks, also an empty one.
 std::string inDoubleQuotes(std::string_view lyric);
+
+// Syllables as notes carry them: "[hh ah] [l ow]", or "-" where there are none.
+std::string inBrackets(const std::vector<std::string>& syllables);
 
 // The text without blanks, tabs and carriage returns around it.
 std::string_view trimmed(std::string_view text);

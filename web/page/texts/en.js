@@ -103,7 +103,7 @@ export default {
       "The hyphens in “{word}” hold a syllable over more notes. If you did not mean that, take:",
     "zero": "The 0 in “{word}” drops the sound before it, or makes a rest.",
   },
-  typeMend: "Type “{mend}”",
+  typeSuggestion: "Type “{suggestion}”",
 
   fitting: "Fitting …",
   betweenSentences: " ",

@@ -115,7 +115,7 @@ export default {
     "hyphen-holds": "「{word}」のハイフンは、その分だけ後の音符に音を伸ばします。そのつもりでなければ:",
     "zero": "「{word}」の 0 は、直前の音を消すか、音符を無音にします。",
   },
-  typeMend: "「{mend}」と入力する",
+  typeSuggestion: "「{suggestion}」と入力する",
 
   fitting: "合わせています…",
   betweenSentences: "",

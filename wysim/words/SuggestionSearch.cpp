@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "wysim/session/MendSearch.h"
+#include "wysim/words/SuggestionSearch.h"
 
 #include "wysim/words/CharacterKinds.h"
 #include "wysim/words/LyricText.h"
@@ -8,12 +8,12 @@
 #include <string_view>
 #include <utility>
 
-namespace wybeta::wysim::session {
+namespace wybeta::wysim::words {
 
 namespace {
 
 bool isMarkOrBlank(char32_t character) {
-    return !words::isOfWords(character) && !words::isApostrophe(character);
+    return !isOfWords(character) && !isApostrophe(character);
 }
 
 std::u32string withoutLastMark(std::u32string text) {
@@ -31,8 +31,8 @@ std::u32string withoutFirstMark(std::u32string text) {
 }
 
 std::u32string withoutApostrophesAround(std::u32string text) {
-    text.erase(text.begin(), std::find_if(text.begin(), text.end(), words::isOfWords));
-    text.erase(std::find_if(text.rbegin(), text.rend(), words::isOfWords).base(), text.end());
+    text.erase(text.begin(), std::find_if(text.begin(), text.end(), isOfWords));
+    text.erase(std::find_if(text.rbegin(), text.rend(), isOfWords).base(), text.end());
     return text;
 }
 
@@ -48,22 +48,19 @@ std::u32string withBlanksForMarks(std::u32string text) {
 
 // What to change in a word, again and again, and what was wrong when it is sung then.
 struct Rewriting {
-    words::Reason reason;
+    Reason reason;
     std::u32string (*rewrite)(std::u32string);
 };
 constexpr Rewriting kRewritings[] = {
-    {words::Reason::Blank, words::withPlainBlanks},
-    {words::Reason::Mark, withoutLastMark},
-    {words::Reason::Mark, withoutFirstMark},
-    {words::Reason::Apostrophe, words::withPlainApostrophes},
-    {words::Reason::FullWidth, words::withPlainLetters},
-    {words::Reason::HalfWidthKana, words::withOrdinaryKana},
-    {words::Reason::Mark, withoutApostrophesAround},
+    {Reason::Blank, withPlainBlanks},         {Reason::Mark, withoutLastMark},
+    {Reason::Mark, withoutFirstMark},         {Reason::Apostrophe, withPlainApostrophes},
+    {Reason::FullWidth, withPlainLetters},    {Reason::HalfWidthKana, withOrdinaryKana},
+    {Reason::Mark, withoutApostrophesAround},
 };
 // What makes several words of one.
 constexpr Rewriting kPartings[] = {
-    {words::Reason::HyphenJoins, withBlanksForHyphens},
-    {words::Reason::Mark, withBlanksForMarks},
+    {Reason::HyphenJoins, withBlanksForHyphens},
+    {Reason::Mark, withBlanksForMarks},
 };
 
 // All texts that are one slip of the keyboard away, the likelier first: two letters in the wrong
@@ -99,33 +96,33 @@ std::vector<std::u32string> neighboursOf(const std::u32string& word) {
 
 } // namespace
 
-Mending MendSearch::run() {
+Diagnosis SuggestionSearch::run() {
     const auto& word = word_.word;
-    if (std::any_of(word.begin(), word.end(), words::isKanji)) {
-        return {words::Reason::Kanji, {}};
+    if (std::any_of(word.begin(), word.end(), isKanji)) {
+        return {Reason::Kanji, {}};
     }
-    syllablesAround_ = tries_.divide(words::utf8Of(word_.before + U" " + word_.after)).size();
-    if (auto mending = tryRewriting()) {
-        return *std::move(mending);
+    syllablesAround_ = reader_.syllablesOf(utf8Of(word_.before + U" " + word_.after)).size();
+    if (auto diagnosis = tryRewriting()) {
+        return *std::move(diagnosis);
     }
     const bool hasLetters = std::any_of(word.begin(), word.end(), [](char32_t character) {
-        return words::isAscii(character) && words::isOfWords(character);
+        return isAscii(character) && isOfWords(character);
     });
-    return hasLetters ? Mending{words::Reason::Unknown, sungNeighbours()}
-                      : Mending{words::Reason::OtherCharacter, {}};
+    return hasLetters ? Diagnosis{Reason::Unknown, sungNeighbours()}
+                      : Diagnosis{Reason::OtherCharacter, {}};
 }
 
-std::optional<std::u32string> MendSearch::sung(const std::u32string& text) {
-    const auto words = words::wordsBetweenBlanks(words::utf8Of(text));
+std::optional<std::u32string> SuggestionSearch::sung(const std::u32string& text) {
+    const auto words = wordsBetweenBlanks(utf8Of(text));
     const bool areAllSung = std::all_of(words.begin(), words.end(), [this](const auto& word) {
-        return !tries_.divide(word).empty();
+        return !reader_.syllablesOf(word).empty();
     });
     if (words.empty() || !areAllSung) {
         return std::nullopt;
     }
     for (const auto* const blank : {U"", U" "}) {
         auto candidate = text + blank;
-        const auto syllables = tries_.divide(words::utf8Of(word_.before + candidate + word_.after));
+        const auto syllables = reader_.syllablesOf(utf8Of(word_.before + candidate + word_.after));
         if (syllables.size() > syllablesAround_) {
             return candidate;
         }
@@ -133,52 +130,52 @@ std::optional<std::u32string> MendSearch::sung(const std::u32string& text) {
     return std::nullopt;
 }
 
-std::optional<Mending> MendSearch::tryRewriting() {
+std::optional<Diagnosis> SuggestionSearch::tryRewriting() {
     auto text = word_.word;
-    if (const auto mend = sung(text)) {
-        return Mending{words::Reason::BeforeKanaPair, {*mend}};
+    if (const auto suggestion = sung(text)) {
+        return Diagnosis{Reason::BeforeKanaPair, {*suggestion}};
     }
     for (const auto& [reason, rewrite] : kRewritings) {
         for (auto next = rewrite(text); next != text; next = rewrite(text)) {
             text = std::move(next);
-            if (const auto mend = sung(text)) {
-                return Mending{reason, {*mend}};
+            if (const auto suggestion = sung(text)) {
+                return Diagnosis{reason, {*suggestion}};
             }
         }
     }
     rewritten_ = text;
     for (const auto& [reason, part] : kPartings) {
-        if (const auto mend = sung(part(text))) {
-            return Mending{reason, {*mend}};
+        if (const auto suggestion = sung(part(text))) {
+            return Diagnosis{reason, {*suggestion}};
         }
     }
     return std::nullopt;
 }
 
-// The words with one letter changed that the extension sings, when there are letters enough to tell
+// The words with one letter changed that the dictionary has, when there are letters enough to tell
 // which word may be meant.
-std::vector<std::u32string> MendSearch::sungNeighbours() {
+std::vector<std::u32string> SuggestionSearch::sungNeighbours() {
     constexpr std::size_t kShortest = 3;
     constexpr std::size_t kLongest = 32;
     std::vector<std::u32string> found;
     auto word = rewritten_;
     word.erase(std::remove(word.begin(), word.end(), U'-'), word.end());
     const bool isOfLetters = std::all_of(word.begin(), word.end(), [](char32_t character) {
-        return words::isAsciiLetter(character) || character == U'\'' || !words::isAscii(character);
+        return isAsciiLetter(character) || character == U'\'' || !isAscii(character);
     });
     if (!isOfLetters || word.size() < kShortest || word.size() > kLongest) {
         return found;
     }
     for (const auto& neighbour : neighboursOf(word)) {
-        if (found.size() == kMaxMends || tries_.areUsedUp()) {
-            break;
+        const auto suggestion = reader_.hasWord(utf8Of(neighbour)) ? sung(neighbour) : std::nullopt;
+        if (suggestion && std::find(found.begin(), found.end(), *suggestion) == found.end()) {
+            found.push_back(*suggestion);
         }
-        const auto mend = sung(neighbour);
-        if (mend && std::find(found.begin(), found.end(), *mend) == found.end()) {
-            found.push_back(*mend);
+        if (found.size() == kMaxSuggestions) {
+            break;
         }
     }
     return found;
 }
 
-} // namespace wybeta::wysim::session
+} // namespace wybeta::wysim::words

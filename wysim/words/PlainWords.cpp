@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "wysim/session/PlainWord.h"
+#include "wysim/words/PlainWords.h"
 
-#include "wysim/picture/NoteText.h"
-#include "wysim/session/ScratchTrack.h"
+#include "lyrics/BracketedPhonemes.h"
+#include "text/Splitting.h"
 #include "wysim/words/SongWords.h"
-#include "wysim/words/Wording.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -12,7 +11,7 @@
 #include <string>
 #include <utility>
 
-namespace wybeta::wysim::session {
+namespace wybeta::wysim::words {
 
 namespace {
 
@@ -20,37 +19,36 @@ namespace {
 bool areAlike(const Syllables& some, const Syllables& others) {
     return std::equal(some.begin(), some.end(), others.begin(), others.end(),
                       [](const auto& one, const auto& other) {
-                          return words::trimmed(one) == words::trimmed(other);
+                          return text::trimmed(one) == text::trimmed(other);
                       });
 }
 
-std::string plainWord(ScratchTrack& scratch, const words::SongWord& word) {
-    const auto plain = picture::NoteText(word.text).lyric;
-    if (plain.empty() || plain == word.text) {
+std::string plainWord(LyricReader& reader, const SongWord& word) {
+    const auto bracketed = lyrics::findBracketedPhonemes(word.text);
+    if (!bracketed || bracketed->text.empty() || word.text.back() != ']') {
         return word.text;
     }
-    const auto carried = scratch.divide(word.text);
-    auto syllables = scratch.divide(plain);
+    const std::string plain(bracketed->text);
+    auto syllables = reader.syllablesOf(plain);
     // Those that the notes had no room for are not in the bracket.
     syllables.resize(std::min(syllables.size(), word.notes));
-    return areAlike(syllables, carried) ? plain : word.text;
+    return areAlike(syllables, lyrics::bracketToSyllables(bracketed->phonemes)) ? plain : word.text;
 }
 
 } // namespace
 
-song::Song withPlainWords(simulator::Editor& editor, song::Song song) {
-    ScratchTrack scratch(editor);
+song::Song withPlainWords(LyricReader& reader, song::Song song) {
     std::map<std::pair<std::string, std::size_t>, std::string> known;
-    for (const auto& word : words::wordsOf(song)) {
+    for (const auto& word : wordsOf(song)) {
         const auto [plain, isNew] = known.try_emplace({word.text, word.notes});
         if (isNew) {
-            plain->second = plainWord(scratch, word);
+            plain->second = plainWord(reader, word);
         }
         if (plain->second != word.text) {
-            words::typeWord(song, word, plain->second);
+            typeWord(song, word, plain->second);
         }
     }
     return song;
 }
 
-} // namespace wybeta::wysim::session
+} // namespace wybeta::wysim::words

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "wysim/session/ScratchTrack.h"
+#include "wysim/words/LyricReader.h"
 
 #include <string>
 
-namespace wybeta::wysim::session {
+namespace wybeta::wysim::words {
 
 // What it takes to bring a word onto its notes, or why that fails.
 enum class Outcome {
@@ -22,11 +22,14 @@ constexpr bool isFitted(Outcome outcome) {
     return outcome <= Outcome::Brackets;
 }
 
+// Such as "divided otherwise".
+std::string nameOf(Outcome outcome);
+
 struct FittedWord {
     Outcome outcome = Outcome::Unknown;
-    std::string text;   // to type: as it was where it could not be fitted
-    Syllables carried;  // by its notes
-    std::string reason; // why it could not be fitted
+    std::string text;    // to type: as it was where it could not be fitted
+    Syllables syllables; // that the text gives
+    std::string reason;  // why it could not be fitted
 };
 
-} // namespace wybeta::wysim::session
+} // namespace wybeta::wysim::words

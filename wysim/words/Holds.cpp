@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "wysim/session/Holds.h"
+#include "wysim/words/Holds.h"
 
 #include "wysim/words/LyricText.h"
 
@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-namespace wybeta::wysim::session {
+namespace wybeta::wysim::words {
 
 namespace {
 
@@ -23,7 +23,7 @@ template <class Iterator>
 std::vector<std::string> soundsOf(Iterator begin, Iterator end) {
     std::vector<std::string> sounds;
     for (; begin != end; ++begin) {
-        const auto symbols = words::wordsBetweenBlanks(*begin);
+        const auto symbols = wordsBetweenBlanks(*begin);
         std::copy_if(symbols.begin(), symbols.end(), std::back_inserter(sounds),
                      [](const auto& symbol) { return symbol != kHold; });
     }
@@ -44,45 +44,6 @@ std::vector<std::size_t> groupsOf(const Syllables& syllables) {
 }
 
 } // namespace
-
-bool carryHeld(const Syllables& carried, const Syllables& syllables, const Holds& holds) {
-    auto next = carried.begin();
-    for (std::size_t i = 0; i < syllables.size(); ++i) {
-        if (static_cast<std::size_t>(carried.end() - next) < 1 + holds[i]) {
-            return false;
-        }
-        const auto end = next + static_cast<std::ptrdiff_t>(1 + holds[i]);
-        const auto syllable = syllables.begin() + static_cast<std::ptrdiff_t>(i);
-        if (isHold(*next) != isHold(*syllable) || !std::all_of(next + 1, end, isHold) ||
-            soundsOf(next, end) != soundsOf(syllable, syllable + 1)) {
-            return false;
-        }
-        next = end;
-    }
-    return next == carried.end();
-}
-
-std::optional<std::size_t> heldOnce(const Syllables& carried, const Syllables& syllables,
-                                    const std::vector<bool>& wanted) {
-    if (carried.size() != syllables.size() + 1) {
-        return std::nullopt;
-    }
-    const auto place = std::mismatch(syllables.begin(), syllables.end(), carried.begin()).first;
-    const auto other = static_cast<std::size_t>(place - syllables.begin());
-    // It is the first that differs, or the one before a hold that was put in.
-    auto first = other == 0 ? 0 : other - 1;
-    while (first > 0 && isHold(syllables[first])) {
-        --first;
-    }
-    for (std::size_t i = first; i <= other && i < syllables.size(); ++i) {
-        Holds holds(syllables.size());
-        holds[i] = 1;
-        if (wanted[i] && carryHeld(carried, syllables, holds)) {
-            return i;
-        }
-    }
-    return std::nullopt;
-}
 
 std::optional<Holds> holdsFor(const Syllables& syllables,
                               const std::vector<std::size_t>& notesOfSyllables) {
@@ -128,4 +89,4 @@ Syllables spread(const Syllables& syllables, std::size_t notes) {
     return carried;
 }
 
-} // namespace wybeta::wysim::session
+} // namespace wybeta::wysim::words

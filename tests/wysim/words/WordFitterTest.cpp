@@ -1,15 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "wysim/session/WordFitter.h"
+#include "wysim/words/WordFitter.h"
 
 #include "simulator/Editor.h"
 #include "tests/wysim/EditorFixture.h"
-#include "wysim/session/FittedWord.h"
-#include "wysim/session/ScratchTrack.h"
-#include "wysim/session/WordSearch.h"
+#include "wysim/session/Fitting.h"
+#include "wysim/session/Proof.h"
+#include "wysim/song/Song.h"
+#include "wysim/terminal/Progress.h"
+#include "wysim/words/FittedWord.h"
+#include "wysim/words/LyricReader.h"
 #include "wysim/words/SongWords.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <map>
 #include <numeric>
@@ -59,10 +63,10 @@ std::string described(Outcome outcome) {
 }
 
 // How it is fitted, the text, what the notes carry, and the reason why not.
-std::string described(const FittedWord& fitted) {
+std::string described(const FittedWord& fitted, std::size_t notes) {
     std::string text = described(fitted.outcome) + ": " + fitted.text;
-    for (const auto& syllable : fitted.carried) {
-        text += " [" + syllable + "]";
+    for (std::size_t i = 0; i < std::min(notes, fitted.syllables.size()); ++i) {
+        text += " [" + fitted.syllables[i] + "]";
     }
     return text + (fitted.reason.empty() ? "" : ": " + fitted.reason);
 }
@@ -79,16 +83,21 @@ void PrintTo(const FitCase& example, std::ostream* out) {
     *out << example.name;
 }
 
+// Fits words, and has the module sing what they are fitted by.
 template <class Base>
 class FitterTest : public EditorTest<Base> {
 protected:
     static FittedWord fit(const SongWord& word, bool usesBrackets = false) {
-        FittedWord fitted;
+        const auto fitted = WordFitter(reader(), usesBrackets).fit(word);
         EditorTest<Base>::useEditor([&](simulator::Editor& editor) {
-            ScratchTrack scratch(editor);
-            fitted = WordFitter(scratch, usesBrackets).fit(word);
+            EXPECT_NO_THROW(Proof(editor).sung(fitted.text, fitted.syllables));
         });
         return fitted;
+    }
+
+    static LyricReader& reader() {
+        static LyricReader shared;
+        return shared;
     }
 };
 
@@ -97,8 +106,8 @@ class WordFitterTest : public FitterTest<testing::Test> {};
 
 TEST_P(WordFitterAnswer, IsWhatToType) {
     const auto& example = GetParam();
-    EXPECT_EQ(described(fit(wordOf(example.word, example.notes), example.usesBrackets)),
-              example.answer);
+    const auto word = wordOf(example.word, example.notes);
+    EXPECT_EQ(described(fit(word, example.usesBrackets), word.notes), example.answer);
 }
 
 constexpr bool kWithBrackets = true;
@@ -167,7 +176,17 @@ INSTANTIATE_TEST_SUITE_P(
                     FitCase{"TooFewNotes", "hello", "=1",
                             "divided otherwise: hello [hh ah]: 2 syllables for 1 note"},
                     FitCase{"NotReached", "fiasco", "1+1+2",
-                            "not reached: fiasco [f iy] [ae] [s k ow]: no hyphen holds syllable 3"},
+                            "not reached: fiasco [f iy] [ae] [s k ow]: no hyphen holds syllable 3: "
+                            "the dictionary divides the word as fia-sco"},
+                    FitCase{"NotReachedInTheMiddle", "fiasco love", "1+1+2+1",
+                            "not reached: fiasco love [f iy] [ae] [s k ow] [l ah v]: no hyphen "
+                            "holds syllable 3: the dictionary divides the word as fia-sco"},
+                    FitCase{"NotReachedAsAZeroDropsIt", "カ0", "2",
+                            "not reached: カ0 [k]: no hyphen holds syllable 1: a 0 drops its "
+                            "sound"},
+                    FitCase{"NotReachedAsItIsARest", "0 love", "2+1",
+                            "not reached: 0 love [sil] [l ah v]: no hyphen holds syllable 1: a "
+                            "rest is not held"},
                     FitCase{
                         "BracketsThatAreTooShort", "la[l a]", "=2",
                         "not reached: la[l a] [l a]: its brackets give 1 syllable for 2 notes"}),
@@ -181,17 +200,30 @@ std::string repeated(const std::string& text, std::size_t count) {
     return all;
 }
 
-TEST_F(WordFitterTest, EndsAfterAThousandTries) {
-    useEditor([](simulator::Editor& editor) {
-        ScratchTrack scratch(editor);
-        const auto word = counted(repeated("か ", 400), 401);
-        const auto fitted = WordFitter(scratch, true).fit(word);
-        EXPECT_EQ(scratch.tries(), WordSearch::kMaxTries);
-        EXPECT_EQ(WordSearch::kMaxTries, 1000u);
-        EXPECT_EQ(fitted.outcome, Outcome::NotReached);
-        EXPECT_EQ(fitted.reason, "nothing was found in 1000 tries");
-        EXPECT_EQ(fitted.text, word.text);
-    });
+std::size_t conversionsOf(const SongWord& word, bool usesBrackets = false) {
+    LyricReader reader;
+    WordFitter(reader, usesBrackets).fit(word);
+    return reader.conversions();
+}
+
+TEST_F(WordFitterTest, ReadsAWordOnceForEachOfItsEntries) {
+    EXPECT_EQ(conversionsOf(divided("Gloria", {1, 1, 1})), 1u);
+    EXPECT_EQ(conversionsOf(divided("Gloria", {3, 1, 1})), 1u);
+    EXPECT_EQ(conversionsOf(counted("Gloria", 9)), 1u);
+    EXPECT_EQ(conversionsOf(divided("our", {3})), 3u);
+    EXPECT_EQ(conversionsOf(counted("our", 5)), 3u);
+    EXPECT_EQ(conversionsOf(divided("fiasco", {1, 1, 3}), true), 1u);
+    EXPECT_EQ(conversionsOf(counted(repeated("か ", 400), 401)), 1u);
+}
+
+TEST_F(WordFitterTest, ReadsAWordWithHyphensOnceMore) {
+    EXPECT_EQ(conversionsOf(divided("lo-ve", {3})), 2u);
+}
+
+TEST_F(WordFitterTest, FitsAWordOfManySyllables) {
+    const auto fitted = fit(counted(repeated("か ", 400), 401));
+    EXPECT_EQ(fitted.outcome, Outcome::Hyphens);
+    EXPECT_EQ(fitted.text, repeated("か ", 399) + "かー ");
 }
 
 TEST_F(WordFitterTest, SearchesForNothingLongerThanAWord) {
@@ -208,16 +240,14 @@ TEST_F(WordFitterTest, SearchesForNothingLongerThanAWord) {
 }
 
 TEST_F(WordFitterTest, SearchesOnceForEachWordAndDivision) {
-    useEditor([](simulator::Editor& editor) {
-        ScratchTrack scratch(editor);
-        WordFitter fitter(scratch, false);
-        const auto& first = fitter.fit(divided("Gloria", {3, 1, 1}));
-        const auto tries = scratch.tries();
-        EXPECT_EQ(&fitter.fit(divided("Gloria", {3, 1, 1})), &first);
-        EXPECT_EQ(scratch.tries(), tries);
-        EXPECT_EQ(fitter.fit(divided("Gloria", {1, 3, 1})).text, "Glori--a");
-        EXPECT_EQ(first.text, "Glo--ria");
-    });
+    LyricReader reader;
+    WordFitter fitter(reader, false);
+    const auto& first = fitter.fit(divided("Gloria", {3, 1, 1}));
+    const auto conversions = reader.conversions();
+    EXPECT_EQ(&fitter.fit(divided("Gloria", {3, 1, 1})), &first);
+    EXPECT_EQ(reader.conversions(), conversions);
+    EXPECT_EQ(fitter.fit(divided("Gloria", {1, 3, 1})).text, "Glori--a");
+    EXPECT_EQ(first.text, "Glo--ria");
 }
 
 TEST_F(WordFitterTest, LeavesItsOwnAnswersAsTheyAre) {
@@ -226,8 +256,25 @@ TEST_F(WordFitterTest, LeavesItsOwnAnswersAsTheyAre) {
         const auto fitted = fit(word, true);
         const auto again = fit(counted(fitted.text, word.notes), true);
         EXPECT_EQ(again.outcome, Outcome::AsItIs);
-        EXPECT_EQ(again.carried, fitted.carried);
+        EXPECT_EQ(again.syllables, fitted.syllables);
     }
+}
+
+TEST_F(WordFitterTest, HasEachTextTypedOnceIntoTheModule) {
+    useEditor([](simulator::Editor& editor) {
+        wysim::song::Song song;
+        song.tracks = {{"", {}}};
+        for (const bool isTyped : {true, false, true, false, true}) {
+            const auto start = static_cast<double>(song.tracks[0].notes.size());
+            song.tracks[0].notes.push_back({start, 1, 60, isTyped ? "love" : "", isTyped, false});
+        }
+        wysim::terminal::Progress progress;
+        const auto words = fitWords(editor, reader(), song, false, progress);
+        ASSERT_EQ(words.size(), 3u);
+        EXPECT_EQ(words[0].fitted.text, "love-");
+        EXPECT_EQ(words[0].carried, (Syllables{"l ah", "- v"}));
+        EXPECT_EQ(words[2].carried, Syllables{"l ah v"});
+    });
 }
 
 } // namespace

@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "wysim/session/TextCheck.h"
+#include "wysim/words/TextCheck.h"
 
 #include "simulator/Editor.h"
 #include "tests/wysim/EditorFixture.h"
-#include "wysim/session/MendSearch.h"
-#include "wysim/session/ScratchTrack.h"
+#include "wysim/session/Proof.h"
 #include "wysim/song/BadInput.h"
 #include "wysim/terminal/Progress.h"
 #include "wysim/words/CheckReport.h"
+#include "wysim/words/LyricReader.h"
+#include "wysim/words/SuggestionSearch.h"
 #include "wysim/words/TextFinding.h"
 
 #include <gtest/gtest.h>
@@ -15,6 +16,7 @@
 #include <cstddef>
 #include <ostream>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace wybeta::tests {
@@ -25,14 +27,14 @@ using namespace wysim::session;
 using namespace wysim::words;
 using wysim::song::BadInput;
 
-// "column word: reason: mend, mend" of each finding.
+// "column word: reason: suggestion, suggestion" of each finding.
 std::vector<std::string> described(const std::vector<Finding>& findings) {
     std::vector<std::string> lines;
     for (const auto& finding : findings) {
         auto& line = lines.emplace_back(std::to_string(finding.column) + " " + finding.word + ": " +
                                         nameOf(finding.reason));
-        for (std::size_t i = 0; i < finding.mends.size(); ++i) {
-            line += (i == 0 ? ": " : ", ") + finding.mends[i];
+        for (std::size_t i = 0; i < finding.suggestions.size(); ++i) {
+            line += (i == 0 ? ": " : ", ") + finding.suggestions[i];
         }
     }
     return lines;
@@ -54,11 +56,22 @@ void PrintTo(const CheckCase& example, std::ostream* out) {
 template <class Base>
 class CheckTest : public EditorTest<Base> {
 protected:
-    static CheckedLyric check(const std::string& lyric) {
-        CheckedLyric checked;
-        EditorTest<Base>::useEditor(
-            [&](simulator::Editor& editor) { checked = TextCheck(editor).checkLyric(lyric); });
+    // Has the module sing what is counted and suggested.
+    static CheckedLyric check(const std::string& lyric) { return checkLines({lyric}).front(); }
+
+    static std::vector<CheckedLyric> checkLines(const std::vector<std::string>& lines) {
+        std::vector<CheckedLyric> checked;
+        EditorTest<Base>::useEditor([&](simulator::Editor& editor) {
+            Proof proof(editor);
+            wysim::terminal::Progress progress;
+            checked = TextCheck(reader(), proof.prover()).checkLines(lines, progress);
+        });
         return checked;
+    }
+
+    static LyricReader& reader() {
+        static LyricReader shared;
+        return shared;
     }
 
     static std::string refusalOf(const std::string& lyric) {
@@ -73,7 +86,7 @@ protected:
 
 class TextCheckAnswer : public CheckTest<testing::TestWithParam<CheckCase>> {};
 class TextCheckTest : public CheckTest<testing::Test> {};
-class MendSearchTest : public EditorTest<> {};
+class SuggestionSearchTest : public CheckTest<testing::Test> {};
 
 TEST_P(TextCheckAnswer, HasTheSyllablesAndWhatIsFound) {
     const auto checked = check(GetParam().lyric);
@@ -184,15 +197,12 @@ INSTANTIATE_TEST_SUITE_P(
     nameOfCase);
 
 TEST_F(TextCheckTest, CountsColumnsInCharactersAndNumbersLines) {
-    useEditor([](simulator::Editor& editor) {
-        wysim::terminal::Progress progress;
-        const auto lines = TextCheck(editor).checkLines({"love", "", "さ 𠮷さ love!"}, progress);
-        ASSERT_EQ(lines.size(), 3u);
-        EXPECT_EQ(described(lines[2].findings), (Lines{"3 𠮷: kanji", "6 love!: mark: love"}));
-        for (const auto& finding : lines[2].findings) {
-            EXPECT_EQ(finding.line, 3u);
-        }
-    });
+    const auto lines = checkLines({"love", "", "さ 𠮷さ love!"});
+    ASSERT_EQ(lines.size(), 3u);
+    EXPECT_EQ(described(lines[2].findings), (Lines{"3 𠮷: kanji", "6 love!: mark: love"}));
+    for (const auto& finding : lines[2].findings) {
+        EXPECT_EQ(finding.line, 3u);
+    }
 }
 
 TEST_F(TextCheckTest, TellsTheSyllablesThatAWordHasAsItIs) {
@@ -208,43 +218,44 @@ TEST_F(TextCheckTest, FindsTheSameInAWordThatComesAgain) {
 TEST_F(TextCheckTest, RefusesWhatIsNoLineOfText) {
     EXPECT_EQ(refusalOf(std::string(1000, 'x')), "");
     EXPECT_EQ(refusalOf(std::string(1001, 'x')),
-              "expected a line of at most 1000 characters, found one of 1001");
+              "expected a line of at most 1000 characters, found one of 1001 at line 1");
     const auto noText = "expected a text of one line in UTF-8, found control characters or other "
-                        "bytes";
+                        "bytes at line 1";
     EXPECT_EQ(refusalOf("love\xFF"), noText);
     EXPECT_EQ(refusalOf("love\nme"), noText);
-    useEditor([](simulator::Editor& editor) {
-        wysim::terminal::Progress progress;
-        try {
-            TextCheck(editor).checkLines({"love", std::string(2000, 'x')}, progress);
-            FAIL();
-        } catch (const BadInput& error) {
-            EXPECT_STREQ(error.what(), "expected a line of at most 1000 characters, found one of "
-                                       "2000 at line 2");
-        }
-    });
+    try {
+        checkLines({"love", std::string(2000, 'x')});
+        FAIL();
+    } catch (const BadInput& error) {
+        EXPECT_STREQ(error.what(), "expected a line of at most 1000 characters, found one of 2000 "
+                                   "at line 2");
+    }
 }
 
-TEST_F(MendSearchTest, EndsAfterAThousandTries) {
-    useEditor([](simulator::Editor& editor) {
-        ScratchTrack scratch(editor);
-        const WordInText word{U"", std::u32string(32, U'q'), U""};
-        const auto mending = MendSearch(scratch, word).run();
-        EXPECT_EQ(mending.reason, Reason::Unknown);
-        EXPECT_TRUE(mending.mends.empty());
-        EXPECT_EQ(scratch.tries(), MendSearch::kMaxTries);
-        EXPECT_EQ(MendSearch::kMaxTries, 1000u);
+TEST_F(TextCheckTest, HasEachLineAndEachSuggestionSungOnce) {
+    using Proved = std::vector<std::pair<std::string, Syllables>>;
+    Proved proved;
+    TextCheck text(reader(), [&proved](const std::string& lyric, const Syllables& syllables) {
+        proved.emplace_back(lyric, syllables);
     });
+    text.checkLyric("love! さ");
+    EXPECT_EQ(proved, (Proved{{"love! さ", {"s a"}}, {"love", {"l ah v"}}}));
+    proved.clear();
+    text.checkLyric("love!");
+    EXPECT_EQ(proved, (Proved{{"love!", {}}}));
 }
 
-TEST_F(MendSearchTest, ProposesOnlyWhatIsSungWhereTheWordStands) {
-    useEditor([](simulator::Editor& editor) {
-        ScratchTrack scratch(editor);
-        const WordInText word{U"さ", U"helo", U"ちゃ"};
-        const auto mending = MendSearch(scratch, word).run();
-        ASSERT_EQ(mending.mends.size(), MendSearch::kMaxMends);
-        EXPECT_EQ(mending.mends.front(), U"hello ");
-    });
+TEST_F(SuggestionSearchTest, FindsTheLastNeighbourOfALongWord) {
+    const WordInText word{U"", U"Antidisestablishmentarianizm", U""};
+    EXPECT_EQ(SuggestionSearch(reader(), word).run().suggestions,
+              (std::vector<std::u32string>{U"Antidisestablishmentarianism"}));
+}
+
+TEST_F(SuggestionSearchTest, ProposesOnlyWhatIsSungWhereTheWordIs) {
+    const WordInText word{U"さ", U"helo", U"ちゃ"};
+    const auto diagnosis = SuggestionSearch(reader(), word).run();
+    ASSERT_EQ(diagnosis.suggestions.size(), SuggestionSearch::kMaxSuggestions);
+    EXPECT_EQ(diagnosis.suggestions.front(), U"hello ");
 }
 
 } // namespace

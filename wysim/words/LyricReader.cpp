@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "wysim/words/LyricReader.h"
+
+#include "resources/ResourceTable.h"
+
+#include <algorithm>
+
+namespace wybeta::wysim::words {
+
+namespace {
+
+dictionary::PronunciationDictionary loadDictionary() {
+    const auto& text = *resources::findResource("cmudict0_7butf8spll");
+    return dictionary::loadPronunciationDictionary(text.data, text.size);
+}
+
+} // namespace
+
+LyricReader::LyricReader() : dictionary_(loadDictionary()) {}
+
+bool LyricReader::hasWord(std::string word) const {
+    std::transform(word.begin(), word.end(), word.begin(), [](char letter) {
+        return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+    });
+    return dictionary_.find(word).has_value();
+}
+
+lyrics::LyricReading LyricReader::read(std::string_view lyric) {
+    ++conversions_;
+    return lyrics::readLyric(lyric, dictionary_);
+}
+
+} // namespace wybeta::wysim::words
