@@ -212,6 +212,9 @@ class Names(unittest.TestCase):
 class Changelog(unittest.TestCase):
     def test_begins_with_this_version_and_goes_back_in_time(self) -> None:
         headings = re.findall(r"^## (.*)$", read("CHANGELOG.md"), re.MULTILINE)
+        # What is done since the last release may stand first.
+        if headings[0] == "[Unreleased]":
+            headings = headings[1:]
         released = [re.fullmatch(r"\[([\d.]+)\] - (\d{4}-\d\d-\d\d)", line) for line in headings]
         self.assertTrue(all(released), headings)
         self.assertEqual(released[0][1], VERSION)
