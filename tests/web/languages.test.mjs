@@ -100,7 +100,7 @@ describe("The two languages", () => {
   });
 
   it("have a sentence for every reason that the extension names", async () => {
-    const source = await readFile(`${PROJECT}wysim/session/CheckReport.cpp`, "utf8");
+    const source = await readFile(`${PROJECT}wysim/words/CheckReport.cpp`, "utf8");
     const reasons = [...source.matchAll(/\{Reason::\w+, "([a-z-]+)"/g)].map(([, name]) => name);
     assert.ok(reasons.length > 10);
     assert.deepEqual(Object.keys(ja.findings).sort(), reasons.sort());
