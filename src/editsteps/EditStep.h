@@ -3,10 +3,9 @@
 
 #include "host/IEditStep.h"
 #include "host/IProjectNode.h"
+#include "host/ReferenceCount.h"
 
 #include "pluginterfaces/base/smartpointer.h"
-
-#include <atomic>
 
 namespace wybeta::editsteps {
 
@@ -15,17 +14,22 @@ namespace wybeta::editsteps {
 // order and any number of times, even after the extension is gone.
 class EditStep : public host::IEditStep {
 public:
+    virtual ~EditStep() = default;
     EditStep(const EditStep&) = delete;
     EditStep& operator=(const EditStep&) = delete;
 
     Steinberg::tresult PLUGIN_API queryInterface(const Steinberg::TUID id, void** object) final;
-    Steinberg::uint32 PLUGIN_API addRef() final;
-    Steinberg::uint32 PLUGIN_API release() final;
+    Steinberg::uint32 PLUGIN_API addRef() final {
+        return static_cast<Steinberg::uint32>(
+            Steinberg::FUnknownPrivate::atomicAdd(references_, 1));
+    }
+    Steinberg::uint32 PLUGIN_API release() final {
+        return host::releaseReference(this, references_);
+    }
 
 protected:
     // The track node is borrowed: the step never holds or releases it.
     explicit EditStep(host::IProjectNode* trackNode) : trackNode_(trackNode) {}
-    virtual ~EditStep() = default;
 
     host::IProjectNode* trackNode() const { return trackNode_; }
 
@@ -33,7 +37,7 @@ protected:
     Steinberg::IPtr<host::IEditStep> holdSelf() { return Steinberg::shared<host::IEditStep>(this); }
 
 private:
-    std::atomic<Steinberg::int32> references_{1};
+    Steinberg::int32 references_ = 1;
     host::IProjectNode* trackNode_;
 };
 

@@ -21,9 +21,6 @@ using Steinberg::kResultFalse;
 using Steinberg::kResultOk;
 using Steinberg::tresult;
 
-// While the extension is destroyed, what it releases may take and give back references to it.
-constexpr Steinberg::int32 kBeingDestroyed = -1'000'000;
-
 IPtr<host::IProjectManager> findManager(host::IProjectHost& projectHost) {
     void* found = nullptr;
     if (projectHost.getInterface(host::IProjectManager::iid, &found) != kResultOk) {
@@ -84,17 +81,6 @@ tresult PLUGIN_API WyBetaExtension::queryInterface(const Steinberg::TUID id, voi
     alignas(Steinberg::uint64) Steinberg::TUID aligned = {};
     std::memcpy(aligned, id, sizeof(aligned));
     return FObject::queryInterface(aligned, object);
-}
-
-// FObject's own release reads the count again after it has counted down, when another thread may
-// have freed the extension already.
-Steinberg::uint32 PLUGIN_API WyBetaExtension::release() {
-    const auto left = Steinberg::FUnknownPrivate::atomicAdd(refCount, -1);
-    if (left == 0) {
-        refCount = kBeingDestroyed;
-        delete this;
-    }
-    return static_cast<Steinberg::uint32>(left);
 }
 
 tresult PLUGIN_API WyBetaExtension::initialize(Steinberg::FUnknown* context) {

@@ -6,6 +6,7 @@
 #include "host/IProjectHost.h"
 #include "host/IProjectManager.h"
 #include "host/IProjectNotification.h"
+#include "host/ReferenceCount.h"
 #include "tracks/TrackTable.h"
 
 #include "base/source/fobject.h"
@@ -30,7 +31,11 @@ public:
     Steinberg::tresult PLUGIN_API queryInterface(const Steinberg::TUID id, void** object) override;
     OBJ_METHODS(WyBetaExtension, Steinberg::FObject)
     Steinberg::uint32 PLUGIN_API addRef() override { return FObject::addRef(); }
-    Steinberg::uint32 PLUGIN_API release() override;
+    // FObject's own release reads the count again after it has counted down, when another thread
+    // may have freed the extension already.
+    Steinberg::uint32 PLUGIN_API release() override {
+        return host::releaseReference(this, refCount);
+    }
 
     // Makes this the current instance. Returns 0, or 1 when the context does not answer
     // IProjectHost.
