@@ -54,10 +54,11 @@ else()
     target_compile_options(vst3sdk PUBLIC
         "SHELL:$<$<COMPILE_LANGUAGE:CXX>:-include \"${PROJECT_SOURCE_DIR}/src/host/ComAbi.h\">")
     # The SDK's own choice for Linux reads a count once more after it has changed it, by when another
-    # thread may have changed it too: two threads could both give back the last reference.
+    # thread may have changed it too: two threads could both give back the last reference. Its other
+    # choice includes C's <stdatomic.h>, which GCC has for C++23 only.
     set_source_files_properties(${VST3_SDK_DIR}/pluginterfaces/base/funknown.cpp PROPERTIES
         COMPILE_DEFINITIONS SMTG_USE_STDATOMIC_H=1
-        COMPILE_OPTIONS "-include;${PROJECT_SOURCE_DIR}/cmake/SdkAtomics.h")
+        COMPILE_OPTIONS -std=c++2b)
 endif()
 
 # Header-only packages are reached through links, one folder each: the cross compiler must not see
