@@ -12,15 +12,6 @@ namespace {
 
 Steinberg::int32 initCount = 0;
 
-// The extension needs nothing of the module but its code, so there is nothing to set up or to undo.
-bool initModule() {
-    return true;
-}
-
-bool deinitModule() {
-    return true;
-}
-
 Steinberg::FUnknown* createExtension(void* /*context*/) {
     auto* const extension = new (std::nothrow) wybeta::extension::WyBetaExtension;
     return static_cast<Steinberg::IPluginBase*>(extension);
@@ -45,11 +36,12 @@ Steinberg::IPluginFactory* PLUGIN_API GetPluginFactory() {
     return gPluginFactory;
 }
 
+// The extension needs nothing of the module but its code, so there is nothing to set up or to undo.
 bool InitDll() {
-    return ++initCount == 1 ? initModule() : true;
+    ++initCount;
+    return true;
 }
 
 bool ExitDll() {
-    --initCount;
-    return initCount == 0 ? deinitModule() : initCount > 0;
+    return --initCount >= 0;
 }
