@@ -1,48 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "editsteps/LyricsDevideEditStep.h"
 
+#include "host/AttributeValue.h"
 #include "host/IProjectEvent.h"
 #include "host/Query.h"
 #include "text/Utf16.h"
 #include "tracks/TrackTable.h"
 
-#include "pluginterfaces/base/fvariant.h"
-
 #include <cstddef>
-#include <string_view>
 #include <utility>
 
 namespace wybeta::editsteps {
 
-namespace {
-
-using Steinberg::FVariant;
 using Steinberg::kResultOk;
 using Steinberg::tresult;
-
-// A text as the host takes it. The variant must never free it, even if the host marks it as the
-// variant's own.
-class TextAttribute {
-public:
-    TextAttribute() = default;
-    ~TextAttribute() { value_.setOwner(false); }
-    TextAttribute(const TextAttribute&) = delete;
-    TextAttribute& operator=(const TextAttribute&) = delete;
-
-    // The UTF-8 text up to its first zero byte; good until the next call.
-    FVariant* set(std::string_view utf8) {
-        text::utf16FromUtf8(utf8, utf16_);
-        value_.setOwner(false);
-        value_.setString16(utf16_.c_str());
-        return &value_;
-    }
-
-private:
-    std::u16string utf16_;
-    FVariant value_;
-};
-
-} // namespace
 
 LyricsDevideEditStep::LyricsDevideEditStep(host::IProjectNode* trackNode,
                                            tracks::LyricsDivision division)
@@ -83,11 +54,13 @@ LyricsDevideEditStep::reportChangedObjects(host::IEditObjectCollector* collector
 }
 
 void LyricsDevideEditStep::applyLyrics(const std::vector<std::string>& texts) const {
-    TextAttribute text;
+    std::u16string utf16;
     for (std::size_t i = 0; i < division_.notes.size(); ++i) {
-        FVariant* const value = text.set(texts[i]);
+        text::utf16FromUtf8(texts[i], utf16);
+        host::AttributeValue value;
+        value.setString16(utf16.c_str());
         if (const auto note = host::query<host::IProjectNoteEvent>(division_.notes[i])) {
-            note->setAttribute("lyrics", value, 0, 0);
+            note->setAttribute("lyrics", &value, 0, 0);
         }
     }
 }
