@@ -34,12 +34,6 @@ dictionary::PronunciationDictionary loadEmbeddedDictionary() {
     return dictionary::loadPronunciationDictionary(text.data, text.size);
 }
 
-// Puts `value` into `place` before what was there is released, since the release may call back.
-template <class I>
-void replace(IPtr<I>& place, IPtr<I> value) {
-    std::swap(place, value);
-}
-
 } // namespace
 
 WyBetaExtension::WyBetaExtension() {
@@ -47,11 +41,12 @@ WyBetaExtension::WyBetaExtension() {
 }
 
 // The manager and the host may call back while they are released, so this happens before any member
-// is destroyed. A host may drop the extension without having terminated it.
+// is destroyed, and std::exchange empties a member before what it held is released. A host may drop
+// the extension without having terminated it.
 WyBetaExtension::~WyBetaExtension() {
     trackTable_.clear();
-    replace(projectManager_, {});
-    replace(projectHost_, {});
+    std::exchange(projectManager_, {});
+    std::exchange(projectHost_, {});
     if (tracks::currentTrackTable() == &trackTable_) {
         tracks::setCurrentTrackTable(nullptr);
     }
@@ -85,12 +80,12 @@ tresult PLUGIN_API WyBetaExtension::queryInterface(const Steinberg::TUID id, voi
 
 tresult PLUGIN_API WyBetaExtension::initialize(Steinberg::FUnknown* context) {
     const auto self = holdSelf();
-    replace(projectHost_, host::query<host::IProjectHost>(context));
+    std::exchange(projectHost_, host::query<host::IProjectHost>(context));
     const auto projectHost = projectHost_;
     if (!projectHost) {
         return kResultFalse;
     }
-    replace(projectManager_, findManager(*projectHost));
+    std::exchange(projectManager_, findManager(*projectHost));
     if (const auto manager = projectManager_) {
         manager->addNotification(this);
     }
@@ -101,7 +96,7 @@ tresult PLUGIN_API WyBetaExtension::initialize(Steinberg::FUnknown* context) {
 tresult PLUGIN_API WyBetaExtension::terminate() {
     const auto self = holdSelf();
     tracks::setCurrentTrackTable(nullptr);
-    replace(projectHost_, {});
+    std::exchange(projectHost_, {});
     // Moved out of the object first, so that a host that calls back finds it terminated.
     const auto manager = std::exchange(projectManager_, {});
     if (!manager) {
@@ -116,10 +111,6 @@ tresult PLUGIN_API WyBetaExtension::terminate() {
     return kResultOk;
 }
 
-void PLUGIN_API WyBetaExtension::ignored3(void* /*hostDefined*/) {}
-
-void PLUGIN_API WyBetaExtension::ignored4(void* /*hostDefined*/) {}
-
 tresult PLUGIN_API WyBetaExtension::documentOpened(host::IProjectDocument* document) {
     return document != nullptr ? document->addStorageNotification(this) : kInvalidArgument;
 }
@@ -128,17 +119,9 @@ tresult PLUGIN_API WyBetaExtension::documentClosing(host::IProjectDocument* docu
     return document != nullptr ? document->removeStorageNotification(this) : kInvalidArgument;
 }
 
-tresult PLUGIN_API WyBetaExtension::ignored7(void* /*hostDefined*/) {
-    return kResultOk;
-}
-
-void PLUGIN_API WyBetaExtension::ignored8(void* /*hostDefined*/) {}
-
 void PLUGIN_API WyBetaExtension::projectChanged(Steinberg::FUnknown* argument) {
     walkProject(argument, nullptr);
 }
-
-void PLUGIN_API WyBetaExtension::storageChanged(void* /*hostDefined*/) {}
 
 tresult PLUGIN_API WyBetaExtension::hookEdit(Steinberg::FUnknown* argument,
                                              host::IProjectEditContext* context) {

@@ -44,18 +44,20 @@ public:
     // current instance afterwards. Returns 0, also when it was never initialised.
     Steinberg::tresult PLUGIN_API terminate() override;
 
-    void PLUGIN_API ignored3(void* hostDefined) override;
-    void PLUGIN_API ignored4(void* hostDefined) override;
+    void PLUGIN_API ignored3(void* /*hostDefined*/) override {}
+    void PLUGIN_API ignored4(void* /*hostDefined*/) override {}
     // Add and remove this extension as the document's storage listener. Return the document's
     // result; for null, kInvalidArgument.
     Steinberg::tresult PLUGIN_API documentOpened(host::IProjectDocument* document) override;
     Steinberg::tresult PLUGIN_API documentClosing(host::IProjectDocument* document) override;
-    Steinberg::tresult PLUGIN_API ignored7(void* hostDefined) override;
-    void PLUGIN_API ignored8(void* hostDefined) override;
+    Steinberg::tresult PLUGIN_API ignored7(void* /*hostDefined*/) override {
+        return Steinberg::kResultOk;
+    }
+    void PLUGIN_API ignored8(void* /*hostDefined*/) override {}
     // An argument that is null or does not answer IProjectNode is ignored, here and by hookEdit.
     void PLUGIN_API projectChanged(Steinberg::FUnknown* argument) override;
 
-    void PLUGIN_API storageChanged(void* hostDefined) override;
+    void PLUGIN_API storageChanged(void* /*hostDefined*/) override {}
 
     Steinberg::tresult PLUGIN_API hookEdit(Steinberg::FUnknown* argument,
                                            host::IProjectEditContext* context) override;
