@@ -27,19 +27,11 @@ using tracks::NoteRecord;
 // A tree that never ends must not hang the editor. No project has so many folders and tracks.
 constexpr int kMaxNodes = 1'048'576;
 
-// Clears everything but the event.
-void clearForNextEvent(NoteRecord& record) {
-    const void* const event = record.event;
-    record = {};
-    record.event = event;
-}
-
 // Reads all events of a track that is seen for the first time. An event that is not a note gets a
 // record as well, an empty one that repeats the event of the last note before it; the lyric pass
 // skips such events, so that the next walk sees a change of count.
 NoteList readAllEvents(host::IProjectNotificationArgument& argument, IProjectNode& track) {
-    NoteList records;
-    NoteRecord record;
+    NoteList list;
     host::ChildCursor children(&track);
     while (const auto child = children.next()) {
         if (!child->isKind("part")) {
@@ -48,12 +40,13 @@ NoteList readAllEvents(host::IProjectNotificationArgument& argument, IProjectNod
         const auto timeContext = Steinberg::owned(argument.timeContext(child));
         host::ChildCursor events(host::query<IProjectNode>(child));
         while (const auto event = events.next()) {
-            clearForNextEvent(record);
+            NoteRecord record;
+            record.event = list.records.empty() ? nullptr : list.records.back().event;
             tracks::readNoteEvent(static_cast<host::IPartEvent&>(*event), timeContext, record);
-            records.append(record);
+            list.records.push_back(std::move(record));
         }
     }
-    return records;
+    return list;
 }
 
 // The step for lists of different length.
@@ -61,7 +54,7 @@ IPtr<host::IEditStep> makeCountStep(IProjectNode& node, tracks::TrackKey track,
                                     const NoteList& oldRecords, const NoteList& newRecords) {
     using editsteps::ChangeNoteEventCountEditStep;
     using Cause = ChangeNoteEventCountEditStep::Cause;
-    const bool hasGrown = newRecords.size() > oldRecords.size();
+    const bool hasGrown = newRecords.records.size() > oldRecords.records.size();
     auto changes = hasGrown ? tracks::diffNoteLists(newRecords, oldRecords)
                             : tracks::diffNoteLists(oldRecords, newRecords);
     return Steinberg::owned<host::IEditStep>(new ChangeNoteEventCountEditStep(
@@ -95,35 +88,35 @@ void ProjectWalk::run(IPtr<IProjectNode> node) {
 void ProjectWalk::visitTrack(IProjectNode& node, host::IProjectTrack& track) {
     visited_.push_back(&track);
     const auto entry = table_.find(&track);
-    if (entry == table_.end()) {
-        auto records = std::make_shared<NoteList>(readAllEvents(argument_, node));
-        table_[&track].notes = std::move(records);
+    if (entry != table_.end()) {
+        updateTrack(node, &track, entry->second);
         return;
     }
-    // Held for the whole update: the host may call back, and an inner walk replace the entry.
-    auto oldRecords = entry->second.notes;
-    auto spare = std::exchange(entry->second.spare, {});
-    updateTrack(node, &track, *oldRecords, spare ? std::move(spare) : std::make_shared<NoteList>());
-    const auto updated = table_.find(&track);
-    if (updated != table_.end() && oldRecords.use_count() == 1) {
-        updated->second.spare = std::move(oldRecords);
-    }
+    auto records = std::make_shared<NoteList>(readAllEvents(argument_, node));
+    table_[&track].notes = std::move(records);
 }
 
 void ProjectWalk::updateTrack(IProjectNode& node, tracks::TrackKey track,
-                              const NoteList& oldRecords, std::shared_ptr<NoteList> newRecords) {
+                              tracks::TrackEntry& entry) {
+    // Held for the whole update: the host may call back, and an inner walk replace the entry.
+    auto oldRecords = entry.notes;
+    auto newRecords = std::exchange(entry.spare, {});
+    // A walk around this one may still read the spare list.
+    if (newRecords.use_count() != 1) {
+        newRecords = std::make_shared<NoteList>();
+    }
     tracks::LyricsDivision division;
     const int result =
-        tracks::convertTrackLyrics(argument_, node, oldRecords, *newRecords, division);
+        tracks::convertTrackLyrics(argument_, node, *oldRecords, *newRecords, division);
 
     // Made first, so that a failed allocation leaves the table unchanged.
     IPtr<host::IEditStep> step;
     if (context_ != nullptr && result == 1) {
         step = Steinberg::owned(new editsteps::LyricsDevideEditStep(&node, std::move(division)));
-    } else if (context_ != nullptr && newRecords->size() != oldRecords.size()) {
-        step = makeCountStep(node, track, oldRecords, *newRecords);
+    } else if (context_ != nullptr && newRecords->records.size() != oldRecords->records.size()) {
+        step = makeCountStep(node, track, *oldRecords, *newRecords);
     }
-    table_[track].notes = std::move(newRecords);
+    table_[track] = {std::move(newRecords), std::move(oldRecords)};
     if (step) {
         context_->addEditStep(step);
     }

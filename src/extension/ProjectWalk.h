@@ -4,12 +4,10 @@
 #include "host/IEditStep.h"
 #include "host/IProjectNode.h"
 #include "host/IProjectTrack.h"
-#include "tracks/NoteList.h"
 #include "tracks/TrackTable.h"
 
 #include "pluginterfaces/base/smartpointer.h"
 
-#include <memory>
 #include <vector>
 
 namespace wybeta::extension {
@@ -34,9 +32,7 @@ public:
 
 private:
     void visitTrack(host::IProjectNode& node, host::IProjectTrack& track);
-    void updateTrack(host::IProjectNode& node, tracks::TrackKey track,
-                     const tracks::NoteList& oldRecords,
-                     std::shared_ptr<tracks::NoteList> newRecords);
+    void updateTrack(host::IProjectNode& node, tracks::TrackKey track, tracks::TrackEntry& entry);
 
     tracks::TrackTable& table_;
     host::IProjectNotificationArgument& argument_;

@@ -66,7 +66,7 @@ private:
     void readFlagged(host::IPartEvent& event, NoteRecord& record) {
         pending_.drop();
         // A note that the table does not know counts as one with an empty lyric.
-        const auto* const old = records_.findPrevious(&event);
+        const auto* const old = records_.findPrevious();
         const std::string_view oldLyric = old != nullptr ? old->lyrics : std::string_view();
         if (record.lyrics == oldLyric) {
             return;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tracks/NoteListDiff.h"
 
+#include <algorithm>
 #include <cstddef>
 
 namespace wybeta::tracks {
@@ -20,17 +21,19 @@ bool belongsAt(const NoteChange& change, std::size_t place) {
 } // namespace
 
 NoteChanges diffNoteLists(const NoteList& longer, const NoteList& shorter) {
-    if (longer.size() < shorter.size()) {
+    const auto& all = longer.records;
+    const auto& some = shorter.records;
+    if (all.size() < some.size()) {
         return {};
     }
     NoteChanges changes;
     std::size_t j = 0;
-    for (std::size_t i = 0; i < longer.size(); ++i) {
-        const void* const event = j < shorter.size() ? shorter[j].event : nullptr;
-        if (event == longer[i].event) {
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        const void* const event = j < some.size() ? some[j].event : nullptr;
+        if (event == all[i].event) {
             ++j;
         } else {
-            changes.push_back({i, longer[i]});
+            changes.push_back({i, all[i]});
         }
     }
     return changes;
@@ -38,28 +41,30 @@ NoteChanges diffNoteLists(const NoteList& longer, const NoteList& shorter) {
 
 NoteList mergeNotes(const NoteList& list, const NoteChanges& changes) {
     NoteList merged;
-    merged.reserve(list.size() + changes.size());
-    auto change = changes.begin();
-    const auto appendChanges = [&] {
-        for (; change != changes.end() && belongsAt(*change, merged.size()); ++change) {
-            merged.append(change->note);
+    auto& records = merged.records;
+    auto next = list.records.begin();
+    for (const auto& change : changes) {
+        while (next != list.records.end() && !belongsAt(change, records.size())) {
+            records.push_back(*next++);
         }
-    };
-    appendChanges();
-    for (const auto& record : list) {
-        merged.append(record);
-        appendChanges();
+        if (!belongsAt(change, records.size())) {
+            break;
+        }
+        records.push_back(change.note);
     }
+    records.insert(records.end(), next, list.records.end());
     return merged;
 }
 
 void removeNotes(NoteList& list, const NoteChanges& changes) {
+    auto& records = list.records;
     for (const auto& change : changes) {
-        if (change.position < list.size()) {
-            list.value(static_cast<std::size_t>(change.position)) = kDeletionMark;
+        if (change.position < records.size()) {
+            records[static_cast<std::size_t>(change.position)].value = kDeletionMark;
         }
     }
-    list.removeIf([](const NoteRecord& record) { return record.value == kDeletionMark; });
+    const auto isMarked = [](const NoteRecord& record) { return record.value == kDeletionMark; };
+    records.erase(std::remove_if(records.begin(), records.end(), isMarked), records.end());
 }
 
 } // namespace wybeta::tracks

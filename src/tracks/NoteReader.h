@@ -2,7 +2,7 @@
 #pragma once
 
 #include "host/IProjectEvent.h"
-#include "tracks/NoteRecord.h"
+#include "tracks/NoteList.h"
 
 namespace wybeta::tracks {
 

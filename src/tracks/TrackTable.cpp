@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <functional>
 #include <iterator>
+#include <utility>
 
 namespace wybeta::tracks {
 
@@ -20,19 +21,6 @@ NoteList& unshared(std::shared_ptr<NoteList>& notes) {
         notes = std::make_shared<NoteList>(*notes);
     }
     return *notes;
-}
-
-// Writes the texts into the records from `position` on, as far as there are records.
-void writeLyrics(NoteList& list, std::size_t position, const std::vector<std::string>& texts) {
-    const std::size_t count = std::min(texts.size(), list.size() - position);
-    // Reserve before writing, so that a failed allocation leaves the list unchanged.
-    for (std::size_t i = 0; i < count; ++i) {
-        auto& lyrics = list.lyrics(position + i);
-        lyrics.reserve(std::max(lyrics.capacity(), texts[i].size()));
-    }
-    for (std::size_t i = 0; i < count; ++i) {
-        list.lyrics(position + i) = texts[i];
-    }
 }
 
 } // namespace
@@ -55,16 +43,17 @@ void pruneTrackTable(TrackTable& table, std::vector<TrackKey> visited) {
 }
 
 void syncTrackTableLyrics(TrackTable& table, const void* firstEvent,
-                          const std::vector<std::string>& texts) {
+                          std::vector<std::string> texts) {
+    const auto isFirst = [firstEvent](const NoteRecord& note) { return note.event == firstEvent; };
     for (auto& [track, entry] : table) {
-        const auto& notes = *entry.notes;
-        const auto first =
-            std::find_if(notes.begin(), notes.end(), [firstEvent](const NoteRecord& record) {
-                return record.event == firstEvent;
-            });
+        const auto& notes = entry.notes->records;
+        const auto first = std::find_if(notes.begin(), notes.end(), isFirst);
         if (first != notes.end()) {
             const auto position = static_cast<std::size_t>(first - notes.begin());
-            writeLyrics(unshared(entry.notes), position, texts);
+            auto& records = unshared(entry.notes).records;
+            for (std::size_t i = 0; i < std::min(texts.size(), records.size() - position); ++i) {
+                records[position + i].lyrics = std::move(texts[i]);
+            }
             return;
         }
     }

@@ -20,7 +20,7 @@ struct TrackEntry {
     // The notes as last seen. Shared, because a walk goes on reading the list that it began with
     // when the host calls back and an inner walk puts another list in its place.
     std::shared_ptr<NoteList> notes;
-    // A list that is no longer needed, for the next walk to write over; may be null.
+    // The list before, for the next walk to write over; may be null.
     std::shared_ptr<NoteList> spare;
 };
 
@@ -39,7 +39,7 @@ void pruneTrackTable(TrackTable& table, std::vector<TrackKey> visited);
 // the table that has one. Texts past the end of that list are left out; without such a record
 // nothing happens. When an allocation fails, the list is unchanged.
 void syncTrackTableLyrics(TrackTable& table, const void* firstEvent,
-                          const std::vector<std::string>& texts);
+                          std::vector<std::string> texts);
 
 enum class CountChange { Insert, Remove };
 

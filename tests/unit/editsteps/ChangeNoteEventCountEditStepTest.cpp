@@ -67,7 +67,7 @@ TEST_F(ChangeNoteEventCountEditStep, TakesAddedNotesOutAndPutsThemBackAgain) {
 }
 
 TEST_F(ChangeNoteEventCountEditStep, AsksNothingWithoutAChange) {
-    put(track.get(), notesNamed("ab")).value(0) = -1;
+    put(track.get(), notesNamed("ab")).records[0].value = -1;
     for (const auto cause : {Cause::NotesAdded, Cause::NotesRemoved}) {
         const auto step = makeStep({}, cause);
         const auto calls = state->calls.count();

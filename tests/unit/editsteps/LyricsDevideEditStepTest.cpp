@@ -68,9 +68,9 @@ protected:
             tracks::NoteRecord record;
             record.lyrics = "recorded";
             record.event = note ? note->ownInterface() : nullptr;
-            records.append(record);
+            records.records.push_back(record);
         }
-        division.firstEvent = records.empty() ? nullptr : records[0].event;
+        division.firstEvent = records.records.empty() ? nullptr : records.records[0].event;
         division.newLyrics = std::move(newLyrics);
         division.oldLyrics = std::move(oldLyrics);
         put(track.get(), std::move(records));
@@ -88,7 +88,7 @@ protected:
 
     Lyrics recorded() const {
         Lyrics lyrics;
-        for (const auto& record : *table().at(track.get()).notes) {
+        for (const auto& record : table().at(track.get()).notes->records) {
             lyrics.push_back(record.lyrics);
         }
         return lyrics;

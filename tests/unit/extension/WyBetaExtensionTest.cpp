@@ -31,8 +31,8 @@ using Steinberg::kResultOk;
 
 std::shared_ptr<tracks::NoteList> twoNotes() {
     auto list = std::make_shared<tracks::NoteList>();
-    list->append({});
-    list->append({});
+    list->records.emplace_back();
+    list->records.emplace_back();
     return list;
 }
 

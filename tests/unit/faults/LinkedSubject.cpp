@@ -27,7 +27,7 @@ public:
         SeenTracks tracks;
         for (const auto& [track, entry] : *table) {
             auto& notes = tracks[track];
-            for (const auto& record : *entry.notes) {
+            for (const auto& record : entry.notes->records) {
                 notes.push_back({record.event, record.start, record.length, record.value,
                                  record.lyrics, record.phoneme});
             }

@@ -24,8 +24,6 @@ using simulator::Handle;
 using simulator::makeHandle;
 using simulator::Part;
 
-using tests::listOf;
-
 using Lyrics = std::vector<std::string>;
 
 class LyricPass : public testing::Test {
@@ -58,8 +56,8 @@ protected:
 
     // Writes over a list that is no longer needed.
     int pass(const NoteList& oldRecords = {}) {
-        newRecords = tests::knownDistinct(tests::listOf(
-            {{9, 9, 9, "stale", "stale", &newRecords}, {9, 9, 9, "s", "s", nullptr}}));
+        newRecords = {{{9, 9, 9, "stale", "stale", &newRecords}, {9, 9, 9, "s", "s", nullptr}},
+                      true};
         division = {};
         return convertTrackLyrics(*track, *track, oldRecords, newRecords, division);
     }
@@ -79,8 +77,8 @@ TEST_F(LyricPass, ReadsAllFieldsOfEveryNote) {
     note->setText("phoneme", "p");
 
     EXPECT_EQ(pass(), 0);
-    ASSERT_EQ(newRecords.size(), 2u);
-    const auto& record = newRecords[1];
+    ASSERT_EQ(newRecords.records.size(), 2u);
+    const auto& record = newRecords.records[1];
     EXPECT_EQ(record.start, 8.5);
     EXPECT_EQ(record.length, 0.25);
     EXPECT_EQ(record.value, -7);
@@ -95,9 +93,9 @@ TEST_F(LyricPass, ClearsTheRecordBeforeEachNote) {
     full->setText("phoneme", "p");
     part->add(makeHandle<Event>(state));
     pass();
-    ASSERT_EQ(newRecords.size(), 2u);
-    EXPECT_EQ(newRecords[1].lyrics, "");
-    EXPECT_EQ(newRecords[1].phoneme, "");
+    ASSERT_EQ(newRecords.records.size(), 2u);
+    EXPECT_EQ(newRecords.records[1].lyrics, "");
+    EXPECT_EQ(newRecords.records[1].phoneme, "");
 }
 
 TEST_F(LyricPass, HasNoRecordForAnEventThatIsNoNoteAndDoesNotAskItForItsFlag) {
@@ -109,7 +107,7 @@ TEST_F(LyricPass, HasNoRecordForAnEventThatIsNoNoteAndDoesNotAskItForItsFlag) {
         return simulator::Answer::Normal;
     });
     EXPECT_EQ(pass(), 0);
-    EXPECT_TRUE(newRecords.empty());
+    EXPECT_TRUE(newRecords.records.empty());
 }
 
 TEST_F(LyricPass, FillsTheThreeListsOfADivision) {
@@ -119,7 +117,7 @@ TEST_F(LyricPass, FillsTheThreeListsOfADivision) {
     const auto next = addNote(*part, "x");
     addNote(*part, "y");
 
-    EXPECT_EQ(pass(listOf({recordOf(*typed, "old")})), 1);
+    EXPECT_EQ(pass({{recordOf(*typed, "old")}}), 1);
     ASSERT_EQ(division.notes.size(), 2u);
     EXPECT_EQ(division.notes[0], typed->node());
     EXPECT_EQ(division.notes[1], next->node());
@@ -136,17 +134,17 @@ TEST_F(LyricPass, PutsTheNewTextsIntoTheRecordsAndNotIntoTheNotes) {
     const auto next = addNote(*part, "x");
     next->setText("phoneme", "p");
     pass();
-    EXPECT_EQ(newRecords[0].lyrics, "かき[k a]");
-    EXPECT_EQ(newRecords[1].lyrics, "[k i]");
-    EXPECT_EQ(newRecords[1].phoneme, "p");
+    EXPECT_EQ(newRecords.records[0].lyrics, "かき[k a]");
+    EXPECT_EQ(newRecords.records[1].lyrics, "[k i]");
+    EXPECT_EQ(newRecords.records[1].phoneme, "p");
     EXPECT_EQ(typed->lyric(), "かき");
     EXPECT_EQ(next->lyric(), "x");
 }
 
 TEST_F(LyricPass, TakesTheFirstRecordOfANoteForWhatItWas) {
     const auto typed = addNote(*addPart(), "か", true);
-    EXPECT_EQ(pass(listOf({recordOf(*typed, "か"), recordOf(*typed, "old")})), 0);
-    EXPECT_EQ(pass(listOf({recordOf(*typed, "old"), recordOf(*typed, "か")})), 1);
+    EXPECT_EQ(pass({{recordOf(*typed, "か"), recordOf(*typed, "old")}}), 0);
+    EXPECT_EQ(pass({{recordOf(*typed, "old"), recordOf(*typed, "か")}}), 1);
     EXPECT_EQ(division.oldLyrics, Lyrics{"old"});
 }
 
@@ -163,7 +161,7 @@ TEST_F(LyricPass, DividesAClearedLyricIntoOneEmptyText) {
     const auto part = addPart();
     const auto typed = addNote(*part, "", true);
     addNote(*part, "x");
-    EXPECT_EQ(pass(listOf({recordOf(*typed, "old")})), 1);
+    EXPECT_EQ(pass({{recordOf(*typed, "old")}}), 1);
     EXPECT_EQ(division.newLyrics, Lyrics{""});
     EXPECT_EQ(division.oldLyrics, Lyrics{"old"});
 }
@@ -173,12 +171,12 @@ TEST_F(LyricPass, KnowsTheNotesOfItsListToBeDistinctAfterItSearchedThemAll) {
     addNote(*part, "a", true);
     addNote(*part, "b");
     pass();
-    EXPECT_FALSE(newRecords.isKnownDistinct());
+    EXPECT_FALSE(newRecords.isKnownDistinct);
     pass(NoteList(newRecords));
-    EXPECT_TRUE(newRecords.isKnownDistinct());
+    EXPECT_TRUE(newRecords.isKnownDistinct);
     addNote(*part, "c");
     pass(NoteList(newRecords));
-    EXPECT_FALSE(newRecords.isKnownDistinct());
+    EXPECT_FALSE(newRecords.isKnownDistinct);
 }
 
 TEST_F(LyricPass, NeverTakesANoteThatIsYieldedTwiceForDistinct) {
@@ -186,15 +184,15 @@ TEST_F(LyricPass, NeverTakesANoteThatIsYieldedTwiceForDistinct) {
     part->add(addNote(*part, "a", true));
     for (int i = 0; i < 3; ++i) {
         pass(NoteList(newRecords));
-        EXPECT_FALSE(newRecords.isKnownDistinct());
+        EXPECT_FALSE(newRecords.isKnownDistinct);
     }
 }
 
 TEST_F(LyricPass, ReturnsNothingForATrackWithoutParts) {
-    EXPECT_EQ(pass(listOf({NoteRecord()})), 0);
+    EXPECT_EQ(pass({{NoteRecord()}}), 0);
     track->answerNoIteratorWhenEmpty();
-    EXPECT_EQ(pass(listOf({NoteRecord()})), 0);
-    EXPECT_TRUE(newRecords.empty());
+    EXPECT_EQ(pass({{NoteRecord()}}), 0);
+    EXPECT_TRUE(newRecords.records.empty());
     EXPECT_TRUE(division.notes.empty());
     EXPECT_EQ(division.firstEvent, nullptr);
 }
@@ -204,7 +202,7 @@ TEST_F(LyricPass, KeepsWhatItReadWhenAChildThatIsNoPartStopsIt) {
     track->add(makeHandle<simulator::TreeNode>(state, "Node", "automation"));
     addNote(*addPart(), "き", true);
     EXPECT_EQ(pass(), 1);
-    EXPECT_EQ(newRecords.size(), 1u);
+    EXPECT_EQ(newRecords.records.size(), 1u);
     EXPECT_EQ(division.newLyrics, Lyrics{"か[k a]"});
 }
 

@@ -7,7 +7,6 @@
 
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace wybeta::tests {
 
@@ -24,22 +23,14 @@ inline tracks::NoteRecord noteNamed(char letter) {
     return note;
 }
 
-inline tracks::NoteList listOf(const std::vector<tracks::NoteRecord>& records) {
-    tracks::NoteList list;
-    for (const auto& record : records) {
-        list.append(record);
-    }
-    return list;
-}
-
 // The same list once a walk has found its events to be distinct.
 inline tracks::NoteList knownDistinct(const tracks::NoteList& list) {
     tracks::NoteList known;
     tracks::NoteListWriter writer(known, list);
-    for (const auto& record : list) {
+    for (const auto& record : list.records) {
         writer.next() = record;
         writer.keep();
-        writer.findPrevious(record.event);
+        writer.findPrevious();
     }
     writer.finish();
     return known;
@@ -49,14 +40,14 @@ inline tracks::NoteList knownDistinct(const tracks::NoteList& list) {
 inline tracks::NoteList notesNamed(std::string_view letters) {
     tracks::NoteList notes;
     for (const char letter : letters) {
-        notes.append(noteNamed(letter));
+        notes.records.push_back(noteNamed(letter));
     }
     return notes;
 }
 
 inline std::string namesOf(const tracks::NoteList& notes) {
     std::string names;
-    for (const auto& note : notes) {
+    for (const auto& note : notes.records) {
         names += note.lyrics;
     }
     return names;

@@ -90,7 +90,7 @@ TEST(NoteListDiff, LooksAtTheEventsOnlyAndCopiesWholeRecords) {
     second.length = 0.25;
     second.value = 7;
     second.phoneme = "p";
-    const auto changes = diffNoteLists(tests::listOf({first, second}), notesNamed("a"));
+    const auto changes = diffNoteLists({{first, second}}, notesNamed("a"));
 
     ASSERT_EQ(changes.size(), 1u);
     EXPECT_EQ(changes[0].position, 1u);
@@ -165,13 +165,13 @@ TEST(NoteListDiffRemoval, TakesAPositionThatComesTwiceOnce) {
 
 TEST(NoteListDiffRemoval, DropsRecordsThatHeldTheDeletionMarkBefore) {
     auto records = notesNamed("abcd");
-    records.value(0) = -1;
-    records.value(3) = static_cast<std::int32_t>(0xFFFFFFFF);
+    records.records[0].value = -1;
+    records.records[3].value = static_cast<std::int32_t>(0xFFFFFFFF);
     removeNotes(records, {{1, noteNamed('b')}});
     EXPECT_EQ(namesOf(records), "c");
 
     records = notesNamed("ab");
-    records.value(1) = -1;
+    records.records[1].value = -1;
     removeNotes(records, {});
     EXPECT_EQ(namesOf(records), "a");
 }

@@ -4,7 +4,7 @@
 #include "simulator/Event.h"
 #include "simulator/HostObject.h"
 #include "simulator/ProjectTree.h"
-#include "tracks/NoteRecord.h"
+#include "tracks/NoteList.h"
 
 #include "pluginterfaces/base/fvariant.h"
 

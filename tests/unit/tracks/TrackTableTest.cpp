@@ -125,10 +125,10 @@ TEST(TrackTableLyrics, ChangeNoOtherFieldOfTheRecords) {
     record.length = 0.5;
     record.value = 3;
     record.phoneme = "p";
-    *table[key(1)].notes = tests::listOf({record});
+    *table[key(1)].notes = {{record}};
     syncTrackTableLyrics(table, eventNamed('a'), {"X"});
 
-    const auto& after = (*table[key(1)].notes)[0];
+    const auto& after = table[key(1)].notes->records[0];
     EXPECT_EQ(after.start, 1.5);
     EXPECT_EQ(after.length, 0.5);
     EXPECT_EQ(after.value, 3);
