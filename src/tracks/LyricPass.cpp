@@ -11,7 +11,7 @@
 
 #include "pluginterfaces/base/smartpointer.h"
 
-#include <cstddef>
+#include <algorithm>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -20,27 +20,11 @@ namespace wybeta::tracks {
 
 namespace {
 
-// The texts of one typed lyric that its notes have not taken yet.
-class PendingTexts {
-public:
-    void start(lyrics::NoteLyricList texts) {
-        texts_ = std::move(texts);
-        next_ = 0;
-    }
-    void drop() { next_ = texts_.size(); }
-    bool empty() const { return next_ == texts_.size(); }
-    std::string takeNext() { return std::move(texts_[next_++]); }
-
-private:
-    lyrics::NoteLyricList texts_;
-    std::size_t next_ = 0;
-};
-
 // One pass over the notes of a track. Pending texts go on from part to part.
 class LyricPass {
 public:
-    LyricPass(const NoteList& oldRecords, NoteList& newRecords, LyricsDivision& division)
-        : records_(newRecords, oldRecords), division_(division) {}
+    LyricPass(NoteListWriter& records, LyricsDivision& division)
+        : records_(records), division_(division) {}
 
     void readEvent(host::IPartEvent& event, Steinberg::FUnknown* timeContext) {
         NoteRecord& record = records_.next();
@@ -55,44 +39,36 @@ public:
         }
     }
 
-    // Returns whether a lyric was divided.
-    bool finish() {
-        records_.finish();
-        return hasDivided_;
-    }
-
 private:
     // A flagged note ends the division before it, and starts its own when its lyric was typed.
     void readFlagged(host::IPartEvent& event, NoteRecord& record) {
-        pending_.drop();
+        pending_.clear();
         // A note that the table does not know counts as one with an empty lyric.
         const auto* const old = records_.findPrevious();
         const std::string_view oldLyric = old != nullptr ? old->lyrics : std::string_view();
         if (record.lyrics == oldLyric) {
             return;
         }
-        hasDivided_ = true;
-        lyrics::NoteLyricList texts;
-        lyrics::convertLyric(record.lyrics, texts, dictionary::pronunciationDictionary());
-        pending_.start(std::move(texts));
+        lyrics::convertLyric(record.lyrics, pending_, dictionary::pronunciationDictionary());
+        std::reverse(pending_.begin(), pending_.end());
         takeNextText(event, record, oldLyric);
     }
 
     void takeNextText(host::IPartEvent& event, NoteRecord& record, std::string_view oldLyric) {
-        std::string newLyric = pending_.takeNext();
         if (division_.notes.empty()) {
             division_.firstEvent = &event;
         }
         division_.oldLyrics.emplace_back(oldLyric);
-        division_.newLyrics.push_back(newLyric);
+        division_.newLyrics.push_back(pending_.back());
         division_.notes.push_back(host::query<host::IProjectNode>(&event));
-        record.lyrics = std::move(newLyric);
+        record.lyrics = std::move(pending_.back());
+        pending_.pop_back();
     }
 
-    NoteListWriter records_;
+    NoteListWriter& records_;
     LyricsDivision& division_;
-    PendingTexts pending_;
-    bool hasDivided_ = false;
+    // The texts of one typed lyric that its notes have not taken yet, the next one last.
+    lyrics::NoteLyricList pending_;
 };
 
 // Returns false when the part offers no iterator over its events.
@@ -113,7 +89,8 @@ bool readPart(host::IProjectNotificationArgument& argument, host::IProjectItem& 
 
 int convertTrackLyrics(host::IProjectNotificationArgument& argument, host::IProjectNode& track,
                        const NoteList& oldRecords, NoteList& newRecords, LyricsDivision& division) {
-    LyricPass pass(oldRecords, newRecords, division);
+    NoteListWriter records(newRecords, oldRecords);
+    LyricPass pass(records, division);
     host::ChildCursor children(&track);
     // A child that is not a part ends the pass, where the first reading of a track goes on.
     while (const auto child = children.next()) {
@@ -121,7 +98,8 @@ int convertTrackLyrics(host::IProjectNotificationArgument& argument, host::IProj
             break;
         }
     }
-    return pass.finish() ? 1 : 0;
+    records.finish();
+    return division.notes.empty() ? 0 : 1;
 }
 
 } // namespace wybeta::tracks
