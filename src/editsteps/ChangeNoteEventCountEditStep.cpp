@@ -5,35 +5,23 @@
 
 namespace wybeta::editsteps {
 
-using Steinberg::kResultOk;
-using Steinberg::tresult;
+using tracks::CountChange;
 
 ChangeNoteEventCountEditStep::ChangeNoteEventCountEditStep(host::IProjectNode* trackNode,
                                                            tracks::TrackKey track,
-                                                           tracks::NoteChanges changes, Cause cause)
-    : EditStep(trackNode), changes_(std::move(changes)), cause_(cause), track_(track) {}
-
-// The walk that made the step has put the new list into the table already.
-tresult PLUGIN_API ChangeNoteEventCountEditStep::execute() {
-    return kResultOk;
-}
+                                                           tracks::NoteChanges changes,
+                                                           CountChange kind)
+    : EditStep(trackNode), changes_(std::move(changes)), kind_(kind), track_(track) {}
 
 void PLUGIN_API ChangeNoteEventCountEditStep::undo() {
-    apply(cause_ == Cause::NotesRemoved ? tracks::CountChange::Insert
-                                        : tracks::CountChange::Remove);
+    apply(kind_ == CountChange::Insert ? CountChange::Remove : CountChange::Insert);
 }
 
 void PLUGIN_API ChangeNoteEventCountEditStep::redo() {
-    apply(cause_ == Cause::NotesRemoved ? tracks::CountChange::Remove
-                                        : tracks::CountChange::Insert);
+    apply(kind_);
 }
 
-tresult PLUGIN_API
-ChangeNoteEventCountEditStep::reportChangedObjects(host::IEditObjectCollector* /*collector*/) {
-    return kResultOk;
-}
-
-void ChangeNoteEventCountEditStep::apply(tracks::CountChange kind) {
+void ChangeNoteEventCountEditStep::apply(CountChange kind) {
     if (!changes_.empty()) {
         const auto self = holdSelf();
         tracks::applyNoteCountChange(trackNode(), track_, changes_, kind);

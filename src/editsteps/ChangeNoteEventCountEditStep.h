@@ -13,23 +13,24 @@ namespace wybeta::editsteps {
 // Writes nothing to the host, and holds no note: their addresses are identities only.
 class ChangeNoteEventCountEditStep final : public EditStep {
 public:
-    enum class Cause { NotesAdded, NotesRemoved };
-
-    // `track` is the key under which the table knows the track.
+    // `track` is the key under which the table knows the track; `kind` is what the user did.
     ChangeNoteEventCountEditStep(host::IProjectNode* trackNode, tracks::TrackKey track,
-                                 tracks::NoteChanges changes, Cause cause);
+                                 tracks::NoteChanges changes, tracks::CountChange kind);
 
-    Steinberg::tresult PLUGIN_API execute() override;
+    // The walk that made the step has put the new list into the table already.
+    Steinberg::tresult PLUGIN_API execute() override { return Steinberg::kResultOk; }
     void PLUGIN_API undo() override;
     void PLUGIN_API redo() override;
     Steinberg::tresult PLUGIN_API
-    reportChangedObjects(host::IEditObjectCollector* collector) override;
+    reportChangedObjects(host::IEditObjectCollector* /*collector*/) override {
+        return Steinberg::kResultOk;
+    }
 
 private:
     void apply(tracks::CountChange kind);
 
     tracks::NoteChanges changes_;
-    Cause cause_;
+    tracks::CountChange kind_;
     tracks::TrackKey track_;
 };
 

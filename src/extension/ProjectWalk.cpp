@@ -21,6 +21,7 @@ namespace {
 
 using host::IProjectNode;
 using Steinberg::IPtr;
+using tracks::CountChange;
 using tracks::NoteList;
 using tracks::NoteRecord;
 
@@ -52,13 +53,11 @@ NoteList readAllEvents(host::IProjectNotificationArgument& argument, IProjectNod
 // The step for lists of different length.
 IPtr<host::IEditStep> makeCountStep(IProjectNode& node, tracks::TrackKey track,
                                     const NoteList& oldRecords, const NoteList& newRecords) {
-    using editsteps::ChangeNoteEventCountEditStep;
-    using Cause = ChangeNoteEventCountEditStep::Cause;
     const bool hasGrown = newRecords.records.size() > oldRecords.records.size();
     auto changes = hasGrown ? tracks::diffNoteLists(newRecords, oldRecords)
                             : tracks::diffNoteLists(oldRecords, newRecords);
-    return Steinberg::owned<host::IEditStep>(new ChangeNoteEventCountEditStep(
-        &node, track, std::move(changes), hasGrown ? Cause::NotesAdded : Cause::NotesRemoved));
+    return Steinberg::owned<host::IEditStep>(new editsteps::ChangeNoteEventCountEditStep(
+        &node, track, std::move(changes), hasGrown ? CountChange::Insert : CountChange::Remove));
 }
 
 } // namespace

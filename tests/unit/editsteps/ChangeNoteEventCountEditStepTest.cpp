@@ -24,18 +24,18 @@ namespace {
 using simulator::makeHandle;
 using simulator::Track;
 using Steinberg::IPtr;
-using Cause = editsteps::ChangeNoteEventCountEditStep::Cause;
+using tracks::CountChange;
 
 class ChangeNoteEventCountEditStep : public CurrentTable {
 protected:
-    IPtr<host::IEditStep> makeStep(tracks::NoteChanges changes, Cause cause) {
-        return makeStep(track.get(), std::move(changes), cause);
+    IPtr<host::IEditStep> makeStep(tracks::NoteChanges changes, CountChange kind) {
+        return makeStep(track.get(), std::move(changes), kind);
     }
 
     IPtr<host::IEditStep> makeStep(host::IProjectNode* node, tracks::NoteChanges changes,
-                                   Cause cause) {
+                                   CountChange kind) {
         return Steinberg::owned(new editsteps::ChangeNoteEventCountEditStep(
-            node, track.get(), std::move(changes), cause));
+            node, track.get(), std::move(changes), kind));
     }
 
     std::string names() const { return namesOf(*table().at(track.get()).notes); }
@@ -46,7 +46,7 @@ protected:
 
 TEST_F(ChangeNoteEventCountEditStep, PutsDeletedNotesBackAndTakesThemOutAgain) {
     put(track.get(), notesNamed("ad"));
-    const auto step = makeStep(twoChanges, Cause::NotesRemoved);
+    const auto step = makeStep(twoChanges, CountChange::Remove);
     EXPECT_EQ(step->execute(), 0);
     EXPECT_EQ(names(), "ad");
     step->undo();
@@ -57,7 +57,7 @@ TEST_F(ChangeNoteEventCountEditStep, PutsDeletedNotesBackAndTakesThemOutAgain) {
 
 TEST_F(ChangeNoteEventCountEditStep, TakesAddedNotesOutAndPutsThemBackAgain) {
     put(track.get(), notesNamed("aeb"));
-    const auto step = makeStep({{1, noteNamed('e')}}, Cause::NotesAdded);
+    const auto step = makeStep({{1, noteNamed('e')}}, CountChange::Insert);
     EXPECT_EQ(step->execute(), 0);
     EXPECT_EQ(names(), "aeb");
     step->undo();
@@ -68,8 +68,8 @@ TEST_F(ChangeNoteEventCountEditStep, TakesAddedNotesOutAndPutsThemBackAgain) {
 
 TEST_F(ChangeNoteEventCountEditStep, AsksNothingWithoutAChange) {
     put(track.get(), notesNamed("ab")).records[0].value = -1;
-    for (const auto cause : {Cause::NotesAdded, Cause::NotesRemoved}) {
-        const auto step = makeStep({}, cause);
+    for (const auto kind : {CountChange::Insert, CountChange::Remove}) {
+        const auto step = makeStep({}, kind);
         const auto calls = state->calls.count();
         step->undo();
         step->redo();
@@ -80,7 +80,7 @@ TEST_F(ChangeNoteEventCountEditStep, AsksNothingWithoutAChange) {
 
 TEST_F(ChangeNoteEventCountEditStep, DoesNothingWithoutATrackNode) {
     put(track.get(), notesNamed("abcd"));
-    const auto step = makeStep(nullptr, twoChanges, Cause::NotesAdded);
+    const auto step = makeStep(nullptr, twoChanges, CountChange::Insert);
     step->undo();
     EXPECT_EQ(names(), "abcd");
     step->redo();
@@ -90,7 +90,7 @@ TEST_F(ChangeNoteEventCountEditStep, DoesNothingWithoutATrackNode) {
 TEST_F(ChangeNoteEventCountEditStep, DoesNothingWhenTheNodeIsNoTrackAnyMore) {
     put(track.get(), notesNamed("abcd"));
     const auto folder = makeHandle<simulator::Folder>(state);
-    const auto step = makeStep(folder.get(), twoChanges, Cause::NotesAdded);
+    const auto step = makeStep(folder.get(), twoChanges, CountChange::Insert);
     step->undo();
     EXPECT_EQ(names(), "abcd");
     step->redo();
@@ -101,7 +101,7 @@ TEST_F(ChangeNoteEventCountEditStep, ChangesTheEntryOfItsTrackAlone) {
     const auto other = makeHandle<Track>(state);
     put(other.get(), notesNamed("abcd"));
     put(track.get(), notesNamed("abcd"));
-    makeStep(twoChanges, Cause::NotesAdded)->undo();
+    makeStep(twoChanges, CountChange::Insert)->undo();
     EXPECT_EQ(names(), "ad");
     EXPECT_EQ(namesOf(*table().at(other.get()).notes), "abcd");
 }
@@ -109,7 +109,7 @@ TEST_F(ChangeNoteEventCountEditStep, ChangesTheEntryOfItsTrackAlone) {
 TEST_F(ChangeNoteEventCountEditStep, DoesNothingForATrackThatTheTableDoesNotKnow) {
     const auto other = makeHandle<Track>(state);
     put(other.get(), notesNamed("abcd"));
-    const auto step = makeStep(twoChanges, Cause::NotesAdded);
+    const auto step = makeStep(twoChanges, CountChange::Insert);
     step->undo();
     EXPECT_EQ(namesOf(*table().at(other.get()).notes), "abcd");
     step->redo();
@@ -120,7 +120,7 @@ TEST_F(ChangeNoteEventCountEditStep, DoesNothingForATrackThatTheTableDoesNotKnow
 TEST_F(ChangeNoteEventCountEditStep, AsksNothingWithoutAnExtension) {
     put(track.get(), notesNamed("abcd"));
     const auto records = table().at(track.get()).notes;
-    const auto step = makeStep(twoChanges, Cause::NotesAdded);
+    const auto step = makeStep(twoChanges, CountChange::Insert);
     terminate();
     const auto calls = state->calls.count();
     step->undo();
@@ -133,7 +133,7 @@ TEST_F(ChangeNoteEventCountEditStep, AsksNothingWithoutAnExtension) {
 TEST_F(ChangeNoteEventCountEditStep, LeavesAListAsItIsForAWalkThatReadsIt) {
     put(track.get(), notesNamed("abcd"));
     const auto read = table().at(track.get()).notes;
-    const auto step = makeStep(twoChanges, Cause::NotesAdded);
+    const auto step = makeStep(twoChanges, CountChange::Insert);
     step->undo();
     EXPECT_EQ(namesOf(*read), "abcd");
     const auto readLater = table().at(track.get()).notes;
@@ -145,7 +145,7 @@ TEST_F(ChangeNoteEventCountEditStep, LeavesAListAsItIsForAWalkThatReadsIt) {
 TEST_F(ChangeNoteEventCountEditStep, SurvivesPositionsThatItsListDoesNotHave) {
     put(track.get(), notesNamed("ab"));
     const tracks::NoteChanges changes{{0, noteNamed('x')}, {0xFFFFFFFF, noteNamed('y')}};
-    const auto step = makeStep(changes, Cause::NotesAdded);
+    const auto step = makeStep(changes, CountChange::Insert);
     step->undo();
     EXPECT_EQ(names(), "b");
     step->redo();
@@ -153,7 +153,7 @@ TEST_F(ChangeNoteEventCountEditStep, SurvivesPositionsThatItsListDoesNotHave) {
 }
 
 TEST_F(ChangeNoteEventCountEditStep, HoldsNothingAndReportsNothing) {
-    const auto step = makeStep(twoChanges, Cause::NotesAdded);
+    const auto step = makeStep(twoChanges, CountChange::Insert);
     const auto collector = makeHandle<simulator::ObjectCollector>(state);
     EXPECT_EQ(step->reportChangedObjects(collector.get()), 0);
     EXPECT_TRUE(collector->objects().empty());
