@@ -3,6 +3,7 @@
 
 #include "host/IEditStep.h"
 #include "host/IProjectNode.h"
+#include "host/InterfaceId.h"
 #include "host/ReferenceCount.h"
 
 #include "pluginterfaces/base/smartpointer.h"
@@ -18,7 +19,15 @@ public:
     EditStep(const EditStep&) = delete;
     EditStep& operator=(const EditStep&) = delete;
 
-    Steinberg::tresult PLUGIN_API queryInterface(const Steinberg::TUID id, void** object) final;
+    Steinberg::tresult PLUGIN_API queryInterface(const Steinberg::TUID id, void** object) final {
+        if (!host::sameId(id, Steinberg::FUnknown_iid) && !host::sameId(id, host::IEditStep::iid)) {
+            *object = nullptr;
+            return Steinberg::kNoInterface;
+        }
+        addRef();
+        *object = static_cast<host::IEditStep*>(this);
+        return Steinberg::kResultOk;
+    }
     Steinberg::uint32 PLUGIN_API addRef() final {
         return static_cast<Steinberg::uint32>(
             Steinberg::FUnknownPrivate::atomicAdd(references_, 1));
