@@ -20,26 +20,20 @@ public:
 
     // Enters a folder, unless it is open already: a folder may contain itself.
     void open(Steinberg::IPtr<host::IProjectNode> folder) {
-        const auto* const address = folder.get();
-        if (addresses_.insert(address).second) {
-            folders_.push_back({address, host::ChildCursor(std::move(folder))});
+        if (addresses_.insert(folder).second) {
+            folders_.emplace_back(std::move(folder));
         }
     }
 
-    host::ChildCursor& innermost() { return folders_.back().children; }
+    host::ChildCursor& innermost() { return folders_.back(); }
 
     void closeInnermost() {
-        addresses_.erase(folders_.back().address);
+        addresses_.erase(folders_.back().node());
         folders_.pop_back();
     }
 
 private:
-    struct Folder {
-        const host::IProjectNode* address;
-        host::ChildCursor children;
-    };
-
-    std::vector<Folder> folders_;
+    std::vector<host::ChildCursor> folders_;
     std::unordered_set<const host::IProjectNode*> addresses_;
 };
 

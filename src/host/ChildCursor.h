@@ -16,6 +16,8 @@ public:
     // A null node has no children.
     explicit ChildCursor(Steinberg::IPtr<IProjectNode> node);
 
+    const IProjectNode* node() const { return node_; }
+
     // Whether the host offered an iterator, even an empty one.
     bool hasIterator() const { return iterator_.get() != nullptr; }
 
