@@ -21,10 +21,6 @@ bool hasType(IProjectElement& element, std::string_view type) {
     return name != nullptr && name == type;
 }
 
-bool isVoiceSynthesizer(Steinberg::FUnknown* plugin) {
-    return host::query<host::IVoiceSynthesizer>(plugin).get() != nullptr;
-}
-
 // A slot that is empty or holds more than one element does not count, whatever is in it.
 bool holdsVoiceSynthesizer(IProjectElement& slot) {
     if (slot.countElements() != 1) {
@@ -32,7 +28,8 @@ bool holdsVoiceSynthesizer(IProjectElement& slot) {
     }
     const auto element = Steinberg::owned(slot.element(0));
     const auto pluginSlot = host::query<host::IProjectPluginSlot>(element);
-    return pluginSlot.get() != nullptr && isVoiceSynthesizer(pluginSlot->plugin());
+    return pluginSlot.get() != nullptr &&
+           host::query<host::IVoiceSynthesizer>(pluginSlot->plugin()).get() != nullptr;
 }
 
 bool hasVoiceSynthesizerSlot(IProjectElement& device) {

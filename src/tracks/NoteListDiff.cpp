@@ -14,8 +14,7 @@ constexpr std::int32_t kDeletionMark = -1;
 // Whether the change goes to that place of the merged list. Its position counts as a signed 32-bit
 // number.
 bool belongsAt(const NoteChange& change, std::size_t place) {
-    const std::int64_t position = static_cast<std::int32_t>(change.position);
-    return position == static_cast<std::int64_t>(place);
+    return static_cast<std::int32_t>(change.position) == static_cast<std::int64_t>(place);
 }
 
 } // namespace
