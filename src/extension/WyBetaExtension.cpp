@@ -48,7 +48,7 @@ WyBetaExtension::~WyBetaExtension() {
     std::exchange(projectManager_, {});
     std::exchange(projectHost_, {});
     if (tracks::currentTrackTable() == &trackTable_) {
-        tracks::setCurrentTrackTable(nullptr);
+        tracks::currentTrackTable() = nullptr;
     }
 }
 
@@ -89,13 +89,13 @@ tresult PLUGIN_API WyBetaExtension::initialize(Steinberg::FUnknown* context) {
     if (const auto manager = projectManager_) {
         manager->addNotification(this);
     }
-    tracks::setCurrentTrackTable(&trackTable_);
+    tracks::currentTrackTable() = &trackTable_;
     return kResultOk;
 }
 
 tresult PLUGIN_API WyBetaExtension::terminate() {
     const auto self = holdSelf();
-    tracks::setCurrentTrackTable(nullptr);
+    tracks::currentTrackTable() = nullptr;
     std::exchange(projectHost_, {});
     // Moved out of the object first, so that a host that calls back finds it terminated.
     const auto manager = std::exchange(projectManager_, {});
@@ -127,10 +127,6 @@ tresult PLUGIN_API WyBetaExtension::hookEdit(Steinberg::FUnknown* argument,
                                              host::IProjectEditContext* context) {
     walkProject(argument, context);
     return kResultOk;
-}
-
-IPtr<Steinberg::IPluginBase> WyBetaExtension::holdSelf() {
-    return Steinberg::shared<Steinberg::IPluginBase>(this);
 }
 
 void WyBetaExtension::walkProject(Steinberg::FUnknown* argument,

@@ -64,7 +64,9 @@ public:
 
 private:
     // Keeps the extension alive while it calls the host, which may drop it meanwhile.
-    Steinberg::IPtr<Steinberg::IPluginBase> holdSelf();
+    Steinberg::IPtr<Steinberg::IPluginBase> holdSelf() {
+        return Steinberg::shared<Steinberg::IPluginBase>(this);
+    }
     void walkProject(Steinberg::FUnknown* argument, host::IProjectEditContext* context);
 
     Steinberg::IPtr<host::IProjectHost> projectHost_;

@@ -5,15 +5,11 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <functional>
-#include <iterator>
 #include <utility>
 
 namespace wybeta::tracks {
 
 namespace {
-
-TrackTable* currentTable = nullptr;
 
 // The notes of an entry for changing in place. A walk that is reading the list keeps it as it was.
 NoteList& unshared(std::shared_ptr<NoteList>& notes) {
@@ -25,21 +21,17 @@ NoteList& unshared(std::shared_ptr<NoteList>& notes) {
 
 } // namespace
 
-TrackTable* currentTrackTable() {
-    return currentTable;
+TrackTable*& currentTrackTable() {
+    static TrackTable* table = nullptr;
+    return table;
 }
 
-void setCurrentTrackTable(TrackTable* table) {
-    currentTable = table;
-}
-
-void pruneTrackTable(TrackTable& table, std::vector<TrackKey> visited) {
-    std::sort(visited.begin(), visited.end(), std::less<>());
-    for (auto entry = table.begin(); entry != table.end();) {
-        const bool isVisited =
-            std::binary_search(visited.begin(), visited.end(), entry->first, std::less<>());
-        entry = isVisited ? std::next(entry) : table.erase(entry);
+void pruneTrackTable(TrackTable& table, const std::vector<TrackKey>& visited) {
+    TrackTable kept;
+    for (const auto* const track : visited) {
+        kept.insert(table.extract(track));
     }
+    table = std::move(kept);
 }
 
 void syncTrackTableLyrics(TrackTable& table, const void* firstEvent,
@@ -61,19 +53,16 @@ void syncTrackTableLyrics(TrackTable& table, const void* firstEvent,
 
 void applyNoteCountChange(host::IProjectNode* trackNode, TrackKey track, const NoteChanges& changes,
                           CountChange kind) {
-    if (currentTable == nullptr || currentTable->count(track) == 0) {
+    TrackTable* const& table = currentTrackTable();
+    if (table == nullptr || table->count(track) == 0) {
         return;
     }
     const auto answered = host::query<host::IProjectTrack>(trackNode);
     // The query may have called back, so the table is looked up again.
-    if (currentTable == nullptr) {
+    if (table == nullptr || table->count(answered) == 0) {
         return;
     }
-    const auto entry = currentTable->find(answered.get());
-    if (entry == currentTable->end()) {
-        return;
-    }
-    auto& notes = entry->second.notes;
+    auto& notes = table->at(answered).notes;
     if (kind == CountChange::Insert) {
         notes = std::make_shared<NoteList>(mergeNotes(*notes, changes));
     } else {

@@ -29,11 +29,10 @@ using TrackTable = std::map<TrackKey, TrackEntry>;
 // The table of the current extension instance, null while there is none. Edit steps in the host's
 // history reach the table through it. The pointer is borrowed: the extension that owns the table
 // resets it to null before it is destroyed.
-TrackTable* currentTrackTable();
-void setCurrentTrackTable(TrackTable* table);
+TrackTable*& currentTrackTable();
 
 // Drops the entries of all tracks that are not in `visited`.
-void pruneTrackTable(TrackTable& table, std::vector<TrackKey> visited);
+void pruneTrackTable(TrackTable& table, const std::vector<TrackKey>& visited);
 
 // Writes the texts into consecutive records from the one of `firstEvent` on, in the first list of
 // the table that has one. Texts past the end of that list are left out; without such a record
