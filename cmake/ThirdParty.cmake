@@ -91,6 +91,13 @@ if(WYBETA_BUILD_SIMULATOR)
         endif()
     endfunction()
 
+    # Of Flite, the tables of its letter-to-sound rules alone. Its function that applies them brings in
+    # fifty more files, for sockets and sound devices too, and ends the process when memory ends.
+    find_sources(FLITE_SOURCE_DIR flite lang/cmulex/cmu_lts_model.c)
+    set(flite_sources cmu_lts_model.c cmu_lts_rules.c)
+    list(TRANSFORM flite_sources PREPEND ${FLITE_SOURCE_DIR}/lang/cmulex/)
+    add_third_party(flite INCLUDE ${FLITE_SOURCE_DIR}/include SOURCES ${flite_sources})
+
     find_sources(PUGIXML_SOURCE_DIR pugixml src/pugixml.cpp)
     add_third_party(pugixml
         INCLUDE ${PUGIXML_SOURCE_DIR}/src

@@ -14,6 +14,10 @@ fail() {
 }
 
 case $library in
+flite)
+    readonly version=2.2 tarball=flite_2.2.orig.tar.gz
+    readonly sha256=ab1555fe5adc3f99f1d4a1a0eb1596d329fd6d74f1464a0097c81f53c0cf9e5c
+    ;;
 pugixml)
     readonly version=1.13 tarball=pugixml_1.13.orig.tar.gz
     readonly sha256=5c5ad5d7caeb791420408042a7d88c2c6180781bf218feca259fd9d840a888e1
@@ -23,7 +27,7 @@ zlib)
     readonly sha256=71feb7947e3c00ef125f83b79a4e529bde31171e5babe48b391f06758d1ab0a1
     ;;
 *)
-    echo "fetch-library: expected pugixml or zlib, found '$library'." >&2
+    echo "fetch-library: expected flite, pugixml or zlib, found '$library'." >&2
     exit 2
     ;;
 esac

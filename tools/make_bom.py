@@ -41,6 +41,8 @@ TARGETS = {
     "utfcpp": Material("UTF8-CPP", "BSL-1.0"),
     "cli11": Material("CLI11", "BSD-3-Clause", "Version.hpp", r'CLI11_VERSION "([\d.]+)"'),
     "nlohmann_json": Material("JSON for Modern C++", "MIT", "json.hpp", r"version ([\d.]+)"),
+    "flite": Material("Flite", "MIT-Festival", "flite_version.h",
+                      r'FLITE_PROJECT_VERSION "([\d.]+)"'),
     "pugixml": Material("pugixml", "MIT", "pugixml.hpp", r"PUGIXML_VERSION \d+ // ([\d.]+)"),
     "zlib": Material("zlib", "Zlib", "zlib.h", r'ZLIB_VERSION "([\d.]+)"'),
     "minizip": Material("minizip", "Zlib", "contrib/minizip/unzip.h", r"Version ([\d.]+)"),

@@ -8,7 +8,7 @@ cd "$(dirname "$0")/.."
 
 # The packages of each group of tasks.
 readonly -A packages=(
-    # What every preset is configured with, and pugixml and zlib below.
+    # What every preset is configured with, and flite, pugixml and zlib below.
     [build]="g++ cmake ninja-build make python3 xz-utils bzip2 ca-certificates libutfcpp-dev
         libcli11-dev nlohmann-json3-dev googletest"
     [windows]="g++-mingw-w64-x86-64-posix wine64"
@@ -76,6 +76,6 @@ elif [ ! -f "$VST3_SDK_DIR/pluginterfaces/base/funknown.h" ]; then
     exit 1
 fi
 
-for library in pugixml zlib; do
+for library in flite pugixml zlib; do
     tools/fetch-library.sh $library "$PWD/.deps/$library"
 done

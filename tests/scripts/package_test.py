@@ -59,7 +59,7 @@ def copy_project() -> None:
             shutil.copytree(item, COPY / item.name, ignore=not_sources)
     (COPY / ".deps").mkdir()
     (COPY / ".deps/vst3sdk").symlink_to(SDK)
-    for library in ("pugixml", "zlib"):
+    for library in ("flite", "pugixml", "zlib"):
         (COPY / ".deps" / library).symlink_to(PROJECT / ".deps" / library)
 
 
@@ -203,7 +203,7 @@ class BillOfMaterials(unittest.TestCase):
         sdk = re.search(r"version=([\d.]+)", read("tools/fetch-sdk.sh"))[1]
         self.assertTrue(sdk.startswith(self.components["vst3sdk"]["version"]))
         libraries = read("tools/fetch-library.sh")
-        for name in ("pugixml", "zlib"):
+        for name in ("flite", "pugixml", "zlib"):
             version = re.search(rf"tarball={name}_([\d.]+\d)\.", libraries)[1]
             self.assertEqual(self.components[name]["version"], version)
 
@@ -232,6 +232,13 @@ class Notices(unittest.TestCase):
             # Without the heading.
             licence = " ".join(read(file).split("\n", 1)[1].split())
             self.assertIn(licence, notices, file)
+
+    def test_have_the_licence_of_flite_as_a_collection(self) -> None:
+        licences = " ".join(read(".deps/flite/COPYING").split())
+        # Between what it says of itself and of single files.
+        begin = licences.index("Language Technologies Institute")
+        licence = licences[begin:licences.index(" All files within this distribution")]
+        self.assertIn(licence, " ".join(read("THIRD-PARTY-NOTICES").split()))
 
 
 if __name__ == "__main__":
