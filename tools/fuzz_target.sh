@@ -12,7 +12,7 @@ shift
 case $target in
 lyric_conversion) maxLength=160 ;;
 song_fit) maxLength=48 ;;
-text_splitting) maxLength=96 ;;
+letter_to_sound | text_splitting) maxLength=96 ;;
 session | unreliable_host) maxLength=256 ;;
 dictionary) maxLength=512 ;;
 *) maxLength=4096 ;;
