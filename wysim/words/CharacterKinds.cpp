@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wysim/words/CharacterKinds.h"
 
+#include "wysim/words/Letters.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <iterator>
@@ -49,10 +51,6 @@ template <std::size_t Size>
 bool isInOne(char32_t character, const Range (&ranges)[Size]) {
     return std::any_of(std::begin(ranges), std::end(ranges),
                        [character](Range range) { return isIn(character, range); });
-}
-
-bool isOneOf(char32_t character, std::u32string_view set) {
-    return set.find(character) != std::u32string_view::npos;
 }
 
 // A kana with the voicing mark behind it; 0 when they do not go together.

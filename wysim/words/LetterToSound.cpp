@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wysim/words/LetterToSound.h"
 
-#include "wysim/words/SyllableDivision.h"
+#include "wysim/words/Sounds.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -193,10 +193,11 @@ std::vector<std::string> guessSyllables(std::string_view word) {
     }
     auto sounds = withoutNeedlessVowels(soundsByRules(spelling->letters), *spelling);
     sounds = withSyllabicSonorants(sounds, *spelling);
-    std::vector<std::string_view> phonemes(sounds.size());
-    std::transform(sounds.begin(), sounds.end(), phonemes.begin(),
-                   [](const Sound& sound) { return sound.phoneme; });
-    return divideIntoSyllables(phonemes);
+    Symbols symbols;
+    for (const auto& sound : sounds) {
+        symbols.emplace_back(sound.phoneme);
+    }
+    return countNuclei(symbols) == 0 ? Symbols() : dividedIntoSyllables(symbols);
 }
 
 } // namespace wybeta::wysim::words

@@ -3,6 +3,7 @@
 
 #include "lyrics/KanaPhonemeTable.h"
 #include "text/Splitting.h"
+#include "wysim/words/CharacterKinds.h"
 #include "wysim/words/Letters.h"
 
 #include <algorithm>
@@ -26,18 +27,6 @@ constexpr char32_t kFullWidthZero = U'０';
 
 bool isKana(char32_t character) {
     return lyrics::findKanaSingle({&character, 1}, 0) != nullptr;
-}
-
-bool isKanji(char32_t character) {
-    struct Range {
-        char32_t first;
-        char32_t last;
-    };
-    constexpr Range kRanges[] = {{0x3005, 0x3007}, {0x3021, 0x3029}, {0x3400, 0x4DBF},
-                                 {0x4E00, 0x9FFF}, {0xF900, 0xFAFF}, {0x20000, 0x3FFFF}};
-    return std::any_of(std::begin(kRanges), std::end(kRanges), [character](const auto& range) {
-        return character >= range.first && character <= range.last;
-    });
 }
 
 bool isSameKana(char32_t one, char32_t other) {

@@ -18,7 +18,7 @@ struct EnglishEntry {
 // Every so many-th entry of the dictionary that is built in.
 std::vector<EnglishEntry> englishEntries(std::size_t step);
 
-// The syllables of an entry, as divideIntoSyllables gives them.
+// The syllables of an entry, one phoneme string each.
 std::vector<std::string> syllablesOf(const EnglishEntry& entry);
 
 // The phonemes of syllables in order, as views into them.

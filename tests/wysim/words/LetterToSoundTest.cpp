@@ -3,7 +3,7 @@
 
 #include "tests/wysim/words/EnglishEntries.h"
 #include "text/Splitting.h"
-#include "wysim/words/SyllableDivision.h"
+#include "wysim/words/Sounds.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wysim/words/Readings.h"
 
-#include "wysim/session/CharacterKinds.h"
+#include "wysim/words/CharacterKinds.h"
 
 #include <gtest/gtest.h>
 
@@ -91,8 +91,8 @@ TEST(SungMarks, HoldAKanaOrSilenceIt) {
 }
 
 TEST(SungMarks, HoldAHalfWidthKanaThatWasMadeOrdinary) {
-    EXPECT_EQ(withSungMarks(wysim::session::withOrdinaryKana(U"ﾗ-")), U"ラー");
-    EXPECT_EQ(withSungMarks(wysim::session::withOrdinaryKana(U"ｶﾞ～")), U"ガー");
+    EXPECT_EQ(withSungMarks(wysim::words::withOrdinaryKana(U"ﾗ-")), U"ラー");
+    EXPECT_EQ(withSungMarks(wysim::words::withOrdinaryKana(U"ｶﾞ～")), U"ガー");
 }
 
 TEST(SungMarks, StandNowhereElse) {
