@@ -3,7 +3,6 @@
 
 #include <utf8cpp/utf8.h>
 
-#include <algorithm>
 #include <array>
 #include <iterator>
 
@@ -20,10 +19,6 @@ bool isLeadSurrogate(char16_t unit) {
 
 bool isTrailSurrogate(char16_t unit) {
     return unit >= 0xDC00 && unit <= 0xDFFF;
-}
-
-bool isAscii(char byte) {
-    return static_cast<unsigned char>(byte) < 0x80;
 }
 
 // Takes one code point off the front of a text that is not at its end.
@@ -53,10 +48,8 @@ void utf8FromUtf16(const char16_t* text, std::string& utf8) {
 
 void utf16FromUtf8(std::string_view utf8, std::u16string& utf16) {
     utf8 = utf8.substr(0, utf8.find('\0'));
-    // Phonemes are ASCII, which needs no decoding.
-    const auto rest = std::find_if_not(utf8.begin(), utf8.end(), isAscii);
-    utf16.assign(utf8.begin(), rest);
-    utf8::utf8to16(rest, utf8.end(), std::back_inserter(utf16));
+    utf16.clear();
+    utf8::utf8to16(utf8.begin(), utf8.end(), std::back_inserter(utf16));
 }
 
 } // namespace wybeta::text
