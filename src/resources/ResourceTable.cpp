@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "resources/ResourceTable.h"
 
-#include <algorithm>
-#include <iterator>
-
 // Defined in Resources.S.
 extern "C" {
 extern const char wybetaDictionaryText[];
@@ -13,14 +10,9 @@ extern const std::int32_t wybetaDictionaryTextSize;
 namespace wybeta::resources {
 
 const Resource* findResource(std::string_view name) {
-    static const Resource table[] = {
-        {"cmudict0_7butf8spll", "cmudict-0.7b-utf8-spll", wybetaDictionaryText,
-         wybetaDictionaryTextSize},
-    };
-    const auto found =
-        std::find_if(std::begin(table), std::end(table),
-                     [name](const Resource& resource) { return resource.name == name; });
-    return found != std::end(table) ? found : nullptr;
+    static const Resource dictionary = {"cmudict0_7butf8spll", "cmudict-0.7b-utf8-spll",
+                                        wybetaDictionaryText, wybetaDictionaryTextSize};
+    return name == dictionary.name ? &dictionary : nullptr;
 }
 
 } // namespace wybeta::resources
