@@ -17,16 +17,12 @@ wchar_t moduleFolder[MAX_PATH] = {};
 // Leaves the folder as it is when Windows can't tell or tells a name without a folder.
 void recordModuleFolder(HINSTANCE instance) {
     wchar_t fileName[MAX_PATH] = {};
-    const DWORD length = GetModuleFileNameW(instance, fileName, MAX_PATH);
-    if (length == 0 || length >= MAX_PATH) {
-        return;
+    const bool isWhole = GetModuleFileNameW(instance, fileName, MAX_PATH) < MAX_PATH;
+    wchar_t* const lastBackslash = isWhole ? std::wcsrchr(fileName, L'\\') : nullptr;
+    if (lastBackslash != nullptr) {
+        lastBackslash[1] = L'\0';
+        std::wmemcpy(moduleFolder, fileName, MAX_PATH);
     }
-    wchar_t* const lastBackslash = std::wcsrchr(fileName, L'\\');
-    if (lastBackslash == nullptr) {
-        return;
-    }
-    lastBackslash[1] = L'\0';
-    std::wmemcpy(moduleFolder, fileName, MAX_PATH);
 }
 
 } // namespace
