@@ -31,15 +31,11 @@ tresult PLUGIN_API LyricsDevideEditStep::execute() {
 }
 
 void PLUGIN_API LyricsDevideEditStep::undo() {
-    const auto self = holdSelf();
-    applyLyrics(division_.oldLyrics);
-    syncTable(division_.oldLyrics);
+    applyToNotesAndTable(division_.oldLyrics);
 }
 
 void PLUGIN_API LyricsDevideEditStep::redo() {
-    const auto self = holdSelf();
-    applyLyrics(division_.newLyrics);
-    syncTable(division_.newLyrics);
+    applyToNotesAndTable(division_.newLyrics);
 }
 
 tresult PLUGIN_API
@@ -65,7 +61,9 @@ void LyricsDevideEditStep::applyLyrics(const std::vector<std::string>& texts) co
     }
 }
 
-void LyricsDevideEditStep::syncTable(const std::vector<std::string>& texts) const {
+void LyricsDevideEditStep::applyToNotesAndTable(const std::vector<std::string>& texts) {
+    const auto self = holdSelf();
+    applyLyrics(texts);
     auto* const table = tracks::currentTrackTable();
     if (table != nullptr && !division_.notes.empty() && division_.notes.front()) {
         tracks::syncTrackTableLyrics(*table, division_.firstEvent, texts);

@@ -29,7 +29,7 @@ private:
     // Skips notes that are null or no longer notes. A text that is not valid UTF-8 throws
     // utf8::exception after the notes before it have been written.
     void applyLyrics(const std::vector<std::string>& texts) const;
-    void syncTable(const std::vector<std::string>& texts) const;
+    void applyToNotesAndTable(const std::vector<std::string>& texts);
 
     tracks::LyricsDivision division_;
 };
