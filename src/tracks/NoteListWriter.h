@@ -42,7 +42,11 @@ public:
             return &previous_.records[count_ - 1];
         }
         if (firstRecords_.empty()) {
-            indexPrevious();
+            firstRecords_.reserve(previous_.records.size());
+            for (const auto& record : previous_.records) {
+                firstRecords_.emplace(record.event, &record);
+            }
+            isPreviousDistinct_ = firstRecords_.size() == previous_.records.size();
         }
         const auto found = firstRecords_.find(list_.records[count_ - 1].event);
         return found != firstRecords_.end() ? found->second : nullptr;
@@ -55,14 +59,6 @@ public:
     }
 
 private:
-    void indexPrevious() {
-        firstRecords_.reserve(previous_.records.size());
-        for (const auto& record : previous_.records) {
-            firstRecords_.emplace(record.event, &record);
-        }
-        isPreviousDistinct_ = firstRecords_.size() == previous_.records.size();
-    }
-
     NoteList& list_;
     const NoteList& previous_;
     bool isPreviousDistinct_;
