@@ -140,7 +140,7 @@ void loadPlainly(benchmark::State& state) {
 BENCHMARK(loadPlainly)->Unit(benchmark::kMillisecond);
 
 void loadDictionary(benchmark::State& state) {
-    loadAll(state, dictionary::loadPronunciationDictionary);
+    loadAll(state, [](auto... text) { return dictionary::loadPronunciationDictionary(text...); });
 }
 BENCHMARK(loadDictionary)->Unit(benchmark::kMillisecond);
 

@@ -115,9 +115,25 @@ std::vector<std::size_t> countHyphens(std::string_view typed, const Pieces& writ
     return hyphens;
 }
 
-void appendWhole(std::vector<std::string>& syllables, const PronunciationEntry& entry) {
-    text::forEachSplit(entry.phonemes, ".", [&syllables](std::string_view syllable) {
-        syllables.emplace_back(text::trimmed(syllable));
+// Appends a syllable without its stress digits, and then without the white space at its ends.
+void appendSyllable(std::vector<std::string>& syllables, std::string_view syllable) {
+    const auto isSpaceOrDigit = [](char byte) {
+        return isStressDigit(byte) || text::isSpace(byte);
+    };
+    while (!syllable.empty() && isSpaceOrDigit(syllable.back())) {
+        syllable.remove_suffix(1);
+    }
+    std::string& symbols = syllables.emplace_back();
+    for (const char byte : syllable) {
+        if (!isStressDigit(byte) && !(symbols.empty() && text::isSpace(byte))) {
+            symbols.push_back(byte);
+        }
+    }
+}
+
+void appendWhole(std::vector<std::string>& syllables, std::string_view phonemes) {
+    text::forEachSplit(phonemes, ".", [&syllables](std::string_view syllable) {
+        appendSyllable(syllables, syllable);
     });
 }
 
@@ -164,8 +180,8 @@ void convertEnglishWord(const PronunciationDictionary& dictionary, std::u32strin
         silenceLast(syllables);
     }
     if (!hasHyphens(typed)) {
-        if (const auto entry = dictionary.find(typed)) {
-            appendWhole(syllables, *entry);
+        if (const auto line = dictionary.findLine(typed)) {
+            appendWhole(syllables, line->phonemes);
         }
     } else if (const auto entry = dictionary.find(withoutHyphens(typed))) {
         appendDivided(syllables, *entry, typed);

@@ -31,7 +31,8 @@ IPtr<host::IProjectManager> findManager(host::IProjectHost& projectHost) {
 
 dictionary::PronunciationDictionary loadEmbeddedDictionary() {
     const auto& text = *resources::findResource("cmudict0_7butf8spll");
-    return dictionary::loadPronunciationDictionary(text.data, text.size);
+    return dictionary::loadPronunciationDictionary(text.data, text.size,
+                                                   dictionary::TextLifetime::OutlivesTheDictionary);
 }
 
 } // namespace

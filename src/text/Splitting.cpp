@@ -40,10 +40,6 @@ std::vector<std::string_view> splitAtDelimiter(std::string_view text, std::strin
 
 } // namespace
 
-bool isSpace(char byte) {
-    return byte == ' ' || (byte >= '\t' && byte <= '\r');
-}
-
 std::string_view trimmed(std::string_view text) {
     text = withoutLeadingSpace(text);
     while (!text.empty() && isSpace(text.back())) {

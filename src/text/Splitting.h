@@ -10,7 +10,9 @@
 namespace wybeta::text {
 
 // White space as the C locale has it: space, TAB, LF, VT, FF and CR.
-bool isSpace(char byte);
+inline bool isSpace(char byte) {
+    return byte == ' ' || (byte >= '\t' && byte <= '\r');
+}
 
 // The text without the white space at both of its ends.
 std::string_view trimmed(std::string_view text);

@@ -3,6 +3,7 @@
 #include "dictionary/PronunciationDictionary.h"
 #include "host/IProjectHost.h"
 #include "host/IProjectNotification.h"
+#include "resources/ResourceTable.h"
 #include "simulator/CallInterceptor.h"
 #include "simulator/HostObject.h"
 #include "simulator/ProjectHost.h"
@@ -19,6 +20,7 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 
 namespace wybeta::tests {
@@ -79,6 +81,15 @@ TEST_F(WyBetaExtension, PutsADictionaryOfItsOwnInThePlaceOfTheOneBefore) {
     EXPECT_EQ(dictionary.size(), size);
     EXPECT_TRUE(dictionary.find("abandon"));
     EXPECT_NE(dictionary.find("la").value().phonemes, "x");
+}
+
+TEST_F(WyBetaExtension, SearchesTheDictionaryTextWhereItIsInTheLibrary) {
+    extension::WyBetaExtension extension;
+    const auto& text = *resources::findResource("cmudict0_7butf8spll");
+    const auto line = dictionary::pronunciationDictionary().findLine("abandon").value();
+    const std::less_equal<> isNotAfter;
+    EXPECT_TRUE(isNotAfter(text.data, line.word.data()));
+    EXPECT_TRUE(isNotAfter(line.word.data(), text.data + text.size));
 }
 
 TEST_F(WyBetaExtension, LeavesTheDictionaryInPlaceWhenItIsDestroyed) {
