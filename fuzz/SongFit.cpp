@@ -118,7 +118,7 @@ void checkFit(Editor& editor, const song::Song& song, bool usesBrackets) {
 // What was fitted once is left as it is.
 void checkFitAgain(Editor& editor, const song::Song& song, bool usesBrackets) {
     terminal::Progress progress;
-    const auto words = session::fitWords(editor, reader(), song, usesBrackets, progress);
+    const auto words = session::fitWords(editor, reader(), song, {usesBrackets, usesBrackets}, progress);
     const auto again = session::fitWords(editor, reader(), session::fittedSong(song, words),
                                          usesBrackets, progress);
     check(words.size() == again.size(), "a fitted song has other words");

@@ -29,14 +29,13 @@ TEST(CheckCommand, TellsOfEachLineItsSyllablesAndWhatIsNotSung) {
         "         column 5: \"ス0\" is sung, but 0 drops the sound before it, or makes a rest. "
         "Write \"ス\" if not meant.\n"
         "    0  helo xyzzy 桜\n"
-        "         column 1: \"helo\" is not sung: the dictionary does not have it. Write its "
-        "phonemes in brackets behind it, or \"hello\", \"hemlo\", \"helot\", \"delo\" or "
-        "\"celo\".\n"
+        "         column 1: \"helo\" is not sung: the dictionary does not have it. Write "
+        "\"hello\", \"hemlo\", \"helot\" or \"delo\".\n"
         "         column 6: \"xyzzy\" is not sung: the dictionary does not have it. Write its "
         "phonemes in brackets behind it.\n"
         "         column 12: \"桜\" is not sung: kanji are passed over. Write it in kana.\n"
         "lines: 3; syllables: 7, without the 4 words that are not sung; not sung: 4, to look at: "
-        "1\n");
+        "1; unknown: 2, with a proposal: 1\n");
     EXPECT_EQ(run.err, "");
 }
 
@@ -46,8 +45,14 @@ TEST(CheckCommand, CountsTheSyllablesThatAreSung) {
         return out.substr(out.find("lines: "));
     };
     EXPECT_EQ(total("love, me"), "lines: 1; syllables: 1, without the 1 word that is not sung; "
-                                 "not sung: 1, to look at: 0\n");
-    EXPECT_EQ(total("love lo-ve"), "lines: 1; syllables: 3; not sung: 0, to look at: 1\n");
+                                 "not sung: 1, to look at: 0; unknown: 0, with a proposal: "
+                                 "0\n");
+    EXPECT_EQ(total("love lo-ve"), "lines: 1; syllables: 3; not sung: 0, to look at: 1; "
+                                   "unknown: 0, with a proposal: 0\n");
+    EXPECT_EQ(total("xyzzy 7"), "lines: 1; syllables: 0, without the 2 words that are not sung; "
+                                "not sung: 2, to look at: 0; unknown: 2, with a proposal: 0\n");
+    EXPECT_EQ(total("xyzzy"), "lines: 1; syllables: 0, without the 1 word that is not sung; not "
+                              "sung: 1, to look at: 0; unknown: 1, with a proposal: 1\n");
 }
 
 TEST(CheckCommand, EndsWithThreeWhenSomethingIsNotSung) {
@@ -73,7 +78,9 @@ TEST(CheckCommand, WritesJsonForPrograms) {
           "sung": false,
           "reason": "blank",
           "suggestions": [
-            "love さく"
+            {
+              "text": "love さく"
+            }
           ],
           "syllables": 0
         }
@@ -90,7 +97,9 @@ TEST(CheckCommand, WritesJsonForPrograms) {
           "sung": true,
           "reason": "zero",
           "suggestions": [
-            "ス"
+            {
+              "text": "ス"
+            }
           ],
           "syllables": 1
         }
@@ -99,7 +108,9 @@ TEST(CheckCommand, WritesJsonForPrograms) {
   ],
   "syllables": 4,
   "notSung": 1,
-  "toLookAt": 1
+  "toLookAt": 1,
+  "unknown": 0,
+  "withProposal": 0
 }
 )");
 }
@@ -109,7 +120,7 @@ TEST(CheckCommand, ReadsAFileWithAnyLineEndsAndAByteOrderMark) {
     const auto file = folder.write("words.txt", "\xEF\xBB\xBFlove\r\nme\r\n");
     const auto run = runProgram({"check", file.u8string()});
     EXPECT_EQ(run.out, "    1  love\n    1  me\nlines: 2; syllables: 2; not sung: 0, to look at: "
-                       "0\n");
+                       "0; unknown: 0, with a proposal: 0\n");
 }
 
 TEST(CheckCommand, RefusesATextThatItCannotCheck) {

@@ -80,13 +80,13 @@ TEST(SessionCommands, TypeSaysWhatOfTheLyricIsNotSung) {
                  "> type 4 love, xyzzy me\n"
                  "note 4: \"love[l ah v]\" -> \"love, xyzzy me[m iy]\"\n"
                  "\"love,\" is not sung: a mark sticks to it. Write \"love\".\n"
-                 "\"xyzzy\" is not sung: the dictionary does not have it. Write its phonemes in "
-                 "brackets behind it.\n");
+                 "\"xyzzy\" is not sung: the dictionary does not have it. Write the whole lyric "
+                 "as \"love, xyzzy me[l ah v,z ih,z iy,m iy]\" (a guess).\n");
     expectAnswer("type 4 xyzzy\nundo\nredo",
                  "> type 4 xyzzy\n"
                  "note 4: \"love[l ah v]\" -> \"xyzzy\"\n"
-                 "\"xyzzy\" is not sung: the dictionary does not have it. Write its phonemes in "
-                 "brackets behind it.\n"
+                 "\"xyzzy\" is not sung: the dictionary does not have it. Write "
+                 "\"xyzzy[z ih,z iy]\" (a guess).\n"
                  "> undo\nnote 4: \"xyzzy\" -> \"love[l ah v]\"\n"
                  "> redo\nnote 4: \"love[l ah v]\" -> \"xyzzy\"\n");
     expectAnswer("add 5 1 C4 love?",

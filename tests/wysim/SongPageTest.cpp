@@ -171,7 +171,7 @@ TEST_F(SongPageTest, SaysThatNothingIsOpen) {
     EXPECT_EQ(page.add(1, 0, 1, 60), sentence);
     EXPECT_EQ(page.undo(), sentence);
     EXPECT_EQ(page.check(1, 1), sentence);
-    EXPECT_EQ(page.fit(false), sentence);
+    EXPECT_EQ(page.fit(false, false), sentence);
     EXPECT_EQ(page.save("json"), sentence);
 }
 
@@ -191,7 +191,7 @@ TEST_F(SongPageTest, TypesALyricAndSaysWhatIsNotSung) {
                            {"column", 1},
                            {"sentence", "\"loveキャ\" is not sung: two kana of one syllable come "
                                         "right behind it. Write \"love キャ\"."},
-                           {"suggestions", {"love キャ"}}}}}};
+                           {"suggestions", {{{"text", "love キャ"}}}}}}}};
     EXPECT_EQ(song.at("check"), check);
     EXPECT_EQ(parsed(page.check(1, 1)), check);
 }
@@ -207,7 +207,7 @@ TEST_F(SongPageTest, ChecksALyricThatTheSongWasOpenedWith) {
     open(songOf({"", "Hello,*"}));
     const auto check = parsed(page.check(1, 2));
     EXPECT_EQ(check.at("lyric"), "Hello,");
-    EXPECT_EQ(check.at("findings").at(0).at("suggestions"), Json{"Hello"});
+    EXPECT_EQ(check.at("findings").at(0).at("suggestions"), (Json{{{"text", "Hello"}}}));
     EXPECT_EQ(parsed(page.check(1, 1)), (Json{{"lyric", ""},
                                               {"syllables", Json::array()},
                                               {"lost", 0},
@@ -300,12 +300,13 @@ TEST_F(SongPageTest, ChangesNoNotesByMistake) {
 
 TEST_F(SongPageTest, FitsAScoreAsFitDoes) {
     openScore("Glo- _ _ ri- a xyzzy");
-    const auto song = parsed(page.fit(false));
+    const auto song = parsed(page.fit(false, false));
     EXPECT_EQ(song.at("fit"), (Json{{"words", 2},
                                     {"asTheyAre", 0},
                                     {"hyphens", 1},
                                     {"otherEntries", 0},
                                     {"brackets", 0},
+                                    {"guesses", 0},
                                     {"notFitted", 1},
                                     {"left",
                                      {{{"track", 1},
@@ -326,7 +327,7 @@ TEST_F(SongPageTest, FitsTheSongAsItIsNow) {
     page.add(1, 7.5, 0.5, 60);
     page.add(1, 8, 0.5, 60);
     page.type(1, 4, "さら");
-    const auto song = parsed(page.fit(false));
+    const auto song = parsed(page.fit(false, false));
     EXPECT_EQ(song.at("fit").at("hyphens"), 2) << song.dump();
     EXPECT_EQ(each(song, "typed"), (Texts{"hello-", "", "", "さらー", "", ""}));
     EXPECT_EQ(each(song, "phonemes"), (Texts{"hh ah", "l ow", "- ", "s a", "r a", "-"}));
@@ -334,9 +335,9 @@ TEST_F(SongPageTest, FitsTheSongAsItIsNow) {
 
 TEST_F(SongPageTest, FitsByBracketsWhenAskedTo) {
     open(songOf({"さくら*", ""}));
-    EXPECT_EQ(parsed(page.fit(false)).at("fit").at("left").at(0).at("outcome"),
+    EXPECT_EQ(parsed(page.fit(false, false)).at("fit").at("left").at(0).at("outcome"),
               "divided-otherwise");
-    const auto song = parsed(page.fit(true));
+    const auto song = parsed(page.fit(true, false));
     EXPECT_EQ(song.at("fit").at("brackets"), 1);
     EXPECT_EQ(each(song, "lyric"), (Texts{"さくら[s a]", "[k u r a]"}));
     EXPECT_EQ(each(song, "typed"), (Texts{"さくら[s a,k u r a]", ""}));
@@ -351,14 +352,14 @@ TEST_F(SongPageTest, OpensAHeldVowelThatItSavedAsItWasTyped) {
 
 TEST_F(SongPageTest, FitsNothingInASongWithoutWords) {
     open(songOf({"", ""}));
-    const auto song = parsed(page.fit(true));
+    const auto song = parsed(page.fit(true, false));
     EXPECT_EQ(song.at("fit").at("words"), 0);
     EXPECT_EQ(song.at("canUndo"), false);
 }
 
 TEST_F(SongPageTest, MakesNoEditOfAFitThatFindsAllInPlace) {
     open(songOf({"hello*", ""}));
-    const auto song = parsed(page.fit(false));
+    const auto song = parsed(page.fit(false, false));
     EXPECT_EQ(song.at("fit").at("asTheyAre"), 1);
     EXPECT_EQ(song.at("canUndo"), false);
 }
@@ -366,13 +367,13 @@ TEST_F(SongPageTest, MakesNoEditOfAFitThatFindsAllInPlace) {
 TEST_F(SongPageTest, FitsANoteThatCameIntoAWordLater) {
     open(songOf({"さくら*", "", "", ""}));
     page.remove(1, 2);
-    const auto song = parsed(page.fit(false));
+    const auto song = parsed(page.fit(false, false));
     EXPECT_EQ(each(song, "phonemes"), (Texts{"s a", "k u", "r a"}));
 }
 
 TEST_F(SongPageTest, GivesLyricsBackAfterAFitWasTakenBack) {
     openScore("Glo- _ ri- a hel- _ lo");
-    page.fit(false);
+    page.fit(false, false);
     const auto before = each(parsed(page.undo()), "lyric");
     page.type(1, 5, "love");
     EXPECT_EQ(each(parsed(page.undo()), "lyric"), before);
@@ -417,7 +418,7 @@ std::string editByChance(wysim::page::SongPage& page, std::mt19937& random) {
     case 4:
         return page.redo();
     case 5:
-        return page.fit(below(2) == 0);
+        return page.fit(below(2) == 0, below(2) == 0);
     default:
         return page.type(1, 1 + below(9), lyric);
     }

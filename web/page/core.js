@@ -50,8 +50,8 @@ export class Core {
     return read(this.#page.check(track, note));
   }
 
-  fit(usesBrackets) {
-    return read(this.#page.fit(usesBrackets));
+  fit({ brackets = false, guesses = false } = {}) {
+    return read(this.#page.fit(brackets, guesses));
   }
 
   save(kind) {

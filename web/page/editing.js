@@ -113,15 +113,15 @@ export class Editing {
     });
   }
 
-  fit(usesBrackets = false) {
+  /** Fits all words; `ways` are those of the core beyond hyphens and other pronunciations. */
+  fit(ways = {}) {
     this.#say("fitting");
     // Long songs take a while; the line is drawn before.
     setTimeout(() => this.#attempt(() => {
-      const song = this.#core.fit(usesBrackets);
+      const song = this.#core.fit(ways);
       this.#edited(song);
       this.#message.show(() =>
-        fitReport(song.fit, (ref) => this.#roll.focus(ref),
-          usesBrackets ? undefined : () => this.fit(true)));
+        fitReport(song.fit, ways, (ref) => this.#roll.focus(ref), (more) => this.fit(more)));
     }));
   }
 

@@ -32,9 +32,10 @@ function paragraphElement({ sentence, actions = [] }) {
   return paragraph;
 }
 
-function actionButton({ text, label, run }) {
+function actionButton({ text, label, run, isGuess = false }) {
   const button = document.createElement("button");
   button.type = "button";
+  button.classList.toggle("guess", isGuess);
   button.textContent = text;
   button.setAttribute("aria-label", label ?? text);
   button.addEventListener("click", run);

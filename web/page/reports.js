@@ -7,7 +7,7 @@ import { findingSentence, leftSentence, say, sayCount } from "./language.js";
 const MOST_FINDINGS = 4;
 const MOST_LEFT = 3;
 
-const WAYS_TO_FIT = ["hyphens", "otherEntries", "brackets"];
+const WAYS_TO_FIT = ["hyphens", "otherEntries", "brackets", "guesses"];
 
 /**
  * What came of a typed lyric: what is not sung first, then what each note carries, and then what might
@@ -17,8 +17,9 @@ export function checkReport(check, type) {
   const paragraphOf = (finding) => ({
     sentence: findingSentence(finding),
     actions: finding.suggestions.map((suggestion) => ({
-      text: suggestion,
-      label: say("typeSuggestion", { suggestion }),
+      text: suggestion.text,
+      label: say(suggestion.guess ? "typeGuess" : "typeSuggestion", { suggestion: suggestion.text }),
+      isGuess: suggestion.guess === true,
       run: () => type(corrected(check.lyric, finding, suggestion)),
     })),
   });
@@ -33,18 +34,23 @@ export function checkReport(check, type) {
 }
 
 /**
- * What came of fitting the song. `goTo(ref)` goes to a word; `fitByBrackets()` fits the rest, if that
- * was not tried yet.
+ * What came of fitting the song in these `ways`. `goTo(ref)` goes to a word; `fitBy(ways)` fits the
+ * rest, as far as that was not tried yet.
  */
-export function fitReport(fit, goTo, fitByBrackets) {
+export function fitReport(fit, ways, goTo, fitBy) {
+  const isLeft = (test) => fit.left.some(({ outcome }) => test(outcome));
   const left = firstOf(fit.left, MOST_LEFT, (word) => ({
     sentence: leftSentence(word),
     actions: [{ text: word.word, label: say("goToWord", word), run: () => goTo(word) }],
   }));
-  const mayHelp = fitByBrackets && fit.left.some(({ outcome }) => outcome !== "unknown");
   const totals = {
     sentence: fitTotals(fit).join(say("betweenSentences")),
-    actions: mayHelp ? [{ text: say("fitByBrackets"), run: fitByBrackets }] : [],
+    actions: [
+      ...(isLeft((outcome) => outcome !== "unknown") && !ways.brackets
+        ? [{ text: say("fitByBrackets"), run: () => fitBy({ ...ways, brackets: true }) }] : []),
+      ...(isLeft((outcome) => outcome === "unknown") && !ways.guesses
+        ? [{ text: say("fitByGuesses"), run: () => fitBy({ ...ways, guesses: true }) }] : []),
+    ],
   };
   return [totals, ...left];
 }
@@ -77,9 +83,12 @@ function firstOf(items, most, paragraphOf) {
 }
 
 // Columns count characters, as the lyric's iterator does.
-function corrected(lyric, { column, word }, suggestion) {
+function corrected(lyric, { column, word }, { text, replaces }) {
+  if (replaces === "lyric") {
+    return text;
+  }
   const characters = [...lyric];
-  characters.splice(column - 1, [...word].length, suggestion);
+  characters.splice(column - 1, [...word].length, text);
   return characters.join("");
 }
 

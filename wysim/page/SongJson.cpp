@@ -134,7 +134,7 @@ std::string checkJson(const words::CheckedLyric& checked, const session::Syllabl
                             {"word", finding.word},
                             {"column", finding.column},
                             {"sentence", words::sentenceOn(finding)},
-                            {"suggestions", finding.suggestions}});
+                            {"suggestions", words::suggestionsJson(finding)}});
     }
     const ordered_json check = {
         {"lyric", checked.text}, {"syllables", syllables}, {"lost", lost}, {"findings", findings}};
@@ -159,6 +159,7 @@ std::string fitJson(const std::vector<session::FittedSongWord>& words) {
                               {"hyphens", counts[Outcome::Hyphens]},
                               {"otherEntries", counts[Outcome::OtherEntry]},
                               {"brackets", counts[Outcome::Brackets]},
+                              {"guesses", counts[Outcome::Guess]},
                               {"notFitted", countNotFitted(words)},
                               {"left", left}};
     return fit.dump();

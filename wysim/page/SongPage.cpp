@@ -175,9 +175,9 @@ std::string SongPage::check(int track, int note) {
     });
 }
 
-std::string SongPage::fit(bool usesBrackets) {
+std::string SongPage::fit(bool usesBrackets, bool usesGuesses) {
     return answer([&] {
-        const auto words = fitted(usesBrackets);
+        const auto words = fitted({usesBrackets, usesGuesses});
         const auto& song = openSong().editing.inEditor();
         std::vector<session::TypedLyric> lyrics;
         for (const auto& [word, found, carried] : words) {
@@ -263,11 +263,11 @@ std::string SongPage::checkOf(std::size_t track, std::size_t note, const std::st
     return checkJson(checked, syllables, syllables.size() - std::min(notes, syllables.size()));
 }
 
-std::vector<session::FittedSongWord> SongPage::fitted(bool usesBrackets) {
+std::vector<session::FittedSongWord> SongPage::fitted(words::WaysToFit ways) {
     auto project = session_.editor().openProject();
     terminal::Progress progress;
-    return session::fitWords(project, reader_, openSong().editing.inEditor().typedSong(),
-                             usesBrackets, progress);
+    return session::fitWords(project, reader_, openSong().editing.inEditor().typedSong(), ways,
+                             progress);
 }
 
 } // namespace wybeta::wysim::page

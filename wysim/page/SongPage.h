@@ -53,7 +53,8 @@ public:
     // Answers with what there is to say of the lyric that was last typed into the note.
     std::string check(int track, int note);
     // Types what brings each word onto its notes, in one edit; answers with how it went as "fit".
-    std::string fit(bool usesBrackets);
+    // See words::WaysToFit.
+    std::string fit(bool usesBrackets, bool usesGuesses);
     // Answers with the "name", the "mime" type and the "text" of a file of the kind "musicxml",
     // "json" or "svg".
     std::string save(const std::string& kind);
@@ -88,7 +89,7 @@ private:
     std::string members() const;
 
     std::string checkOf(std::size_t track, std::size_t note, const std::string& lyric);
-    std::vector<session::FittedSongWord> fitted(bool usesBrackets);
+    std::vector<session::FittedSongWord> fitted(words::WaysToFit ways);
 
     words::LyricReader reader_;
     simulator::RunningModule module_;

@@ -163,8 +163,10 @@ private:
         addFile(fit, "SONG",
                 "The song whose words are fitted; a melody gets them in a session first");
         addVerse(fit);
-        fit.add_flag("--brackets", line_.usesBrackets,
+        fit.add_flag("--brackets", line_.ways.brackets,
                      "Write phonemes in brackets where nothing else fits");
+        fit.add_flag("--guess", line_.ways.guesses,
+                     "Write phonemes in brackets for words that are not sung, guessed if need be");
         fit.add_option("--save", save_, "Write the song with the fitted words typed")
             ->type_name("FILE");
         addPicture(fit);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "wysim/words/WordFitter.h"
+
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -20,7 +22,7 @@ struct CommandLine {
     std::string script;       // empty: the session is at the terminal; "-": in standard input
     std::string svg;          // empty: no picture
     std::string save;         // empty: the fitted song is not written
-    bool usesBrackets = false;
+    words::WaysToFit ways;    // to fit
     bool writesJson = false;
     // When not empty, there is nothing to do but show this.
     std::string help;

@@ -147,8 +147,8 @@ void expectWords(const song::Song& song) {
 int runFit(const CommandLine& line, const song::Song& song, simulator::Editor& editor,
            words::LyricReader& reader, terminal::Progress& progress, std::ostream& out) {
     expectWords(song);
-    const auto words = session::fitWords(editor, reader, words::withPlainWords(reader, song),
-                                         line.usesBrackets, progress);
+    const auto words =
+        session::fitWords(editor, reader, words::withPlainWords(reader, song), line.ways, progress);
     out << session::fittingTable(words);
     const auto fitted = session::fittedSong(song, words);
     if (!line.save.empty()) {
@@ -157,7 +157,7 @@ int runFit(const CommandLine& line, const song::Song& song, simulator::Editor& e
     if (!line.svg.empty()) {
         write(line.svg, session::fittedPicture(editor, fitted), out);
     }
-    out << session::fittingTotals(words);
+    out << session::fittingTotals(words, line.ways);
     return session::areAllFitted(words) ? kDone : kWordsLeft;
 }
 

@@ -5,7 +5,6 @@
 #include "wysim/session/Proof.h"
 #include "wysim/session/SongInEditor.h"
 #include "wysim/terminal/TextTable.h"
-#include "wysim/words/WordFitter.h"
 #include "wysim/words/Wording.h"
 
 #include <algorithm>
@@ -25,10 +24,10 @@ std::string outcomeOf(const FittedWord& fitted) {
 } // namespace
 
 std::vector<FittedSongWord> fitWords(simulator::Editor& editor, words::LyricReader& reader,
-                                     const song::Song& song, bool usesBrackets,
+                                     const song::Song& song, words::WaysToFit ways,
                                      terminal::Progress& progress) {
     Proof proof(editor);
-    words::WordFitter fitter(reader, usesBrackets);
+    words::WordFitter fitter(reader, ways);
     std::vector<FittedSongWord> fitted;
     const auto words = words::wordsOf(song);
     progress.start("fitting", words.size());
@@ -85,13 +84,14 @@ std::string fittingTable(const std::vector<FittedSongWord>& words) {
     return table.text();
 }
 
-std::string fittingTotals(const std::vector<FittedSongWord>& words) {
+std::string fittingTotals(const std::vector<FittedSongWord>& words, words::WaysToFit ways) {
     auto counts = countOutcomes(words);
     const auto count = [&counts](Outcome outcome) { return std::to_string(counts[outcome]); };
     return "words: " + std::to_string(words.size()) + "; as they are: " + count(Outcome::AsItIs) +
            ", with hyphens: " + count(Outcome::Hyphens) +
            ", with other entries: " + count(Outcome::OtherEntry) +
            ", with brackets: " + count(Outcome::Brackets) +
+           (ways.guesses ? ", with guesses: " + count(Outcome::Guess) : "") +
            "; not fitted: " + std::to_string(countNotFitted(words)) +
            " (unknown: " + count(Outcome::Unknown) +
            ", divided otherwise: " + count(Outcome::DividedOtherwise) +

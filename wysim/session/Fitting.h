@@ -7,6 +7,7 @@
 #include "wysim/words/FittedWord.h"
 #include "wysim/words/LyricReader.h"
 #include "wysim/words/SongWords.h"
+#include "wysim/words/WordFitter.h"
 
 #include <cstddef>
 #include <map>
@@ -25,10 +26,9 @@ struct FittedSongWord {
 };
 
 // Fits each word of the song, and types each text into an empty track of the editor to see what the
-// notes then carry. With `usesBrackets`, what hyphens and other entries can't do is done by
-// phonemes in brackets. Throws ModuleDisagrees.
+// notes then carry. Throws ModuleDisagrees.
 std::vector<FittedSongWord> fitWords(simulator::Editor& editor, words::LyricReader& reader,
-                                     const song::Song& song, bool usesBrackets,
+                                     const song::Song& song, words::WaysToFit ways,
                                      terminal::Progress& progress);
 
 // The song with the fitted words typed, yet to be divided.
@@ -46,6 +46,6 @@ bool areAllFitted(const std::vector<FittedSongWord>& words);
 
 // A table of the words, and the line that counts them.
 std::string fittingTable(const std::vector<FittedSongWord>& words);
-std::string fittingTotals(const std::vector<FittedSongWord>& words);
+std::string fittingTotals(const std::vector<FittedSongWord>& words, words::WaysToFit ways);
 
 } // namespace wybeta::wysim::session

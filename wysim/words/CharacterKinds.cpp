@@ -95,6 +95,11 @@ bool isAsciiLetter(char32_t character) {
     return isIn(character, {U'A', U'Z'}) || isIn(character, {U'a', U'z'});
 }
 
+bool isLatinLetter(char32_t character) {
+    return (isIn(character, {0xC0, 0x24F}) || isIn(character, {0x1E00, 0x1EFF})) &&
+           isOfWords(character);
+}
+
 std::u32string withPlainBlanks(std::u32string text) {
     std::replace_if(text.begin(), text.end(), isOtherBlank, U' ');
     return text;

@@ -19,6 +19,8 @@ bool isOfWords(char32_t character);
 
 bool isAscii(char32_t character);
 bool isAsciiLetter(char32_t character);
+// A letter of the Latin script with an accent or of another language, such as é or ß.
+bool isLatinLetter(char32_t character);
 
 // The text in other characters of the same meaning.
 std::u32string withPlainBlanks(std::u32string text);

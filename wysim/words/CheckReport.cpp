@@ -20,9 +20,9 @@ struct Explanation {
     const char* advice; // where there is no suggestion
 };
 
-constexpr auto kUseBrackets = "Write its phonemes in brackets behind it";
 constexpr Explanation kExplanations[] = {
-    {Reason::Unknown, "unknown", "the dictionary does not have it", kUseBrackets},
+    {Reason::Unknown, "unknown", "the dictionary does not have it",
+     "Write its phonemes in brackets behind it"},
     {Reason::Mark, "mark", "a mark sticks to it", ""},
     {Reason::Apostrophe, "apostrophe", "its apostrophe is a typographic one", ""},
     {Reason::Blank, "blank", "a blank of another kind sticks to it", ""},
@@ -33,12 +33,14 @@ constexpr Explanation kExplanations[] = {
     {Reason::OtherCharacter, "other-character", "such characters are passed over",
      "Write it in kana or in plain letters"},
     {Reason::HyphenJoins, "hyphen-joins", "a hyphen makes one word of several", ""},
+    {Reason::LongMark, "long-mark", "only ー holds a kana, and only a plain 0 drops a sound", ""},
     {Reason::OutsideBracket, "outside-bracket", "only the last bracket of a line is sung",
      "Give it a line of its own"},
     {Reason::EmptyBracket, "empty-bracket", "its bracket is empty",
      "Write its phonemes into the bracket"},
     {Reason::HyphenHolds, "hyphen-holds", "its hyphens hold syllables over further notes", ""},
     {Reason::Zero, "zero", "0 drops the sound before it, or makes a rest", "Write another word"},
+    {Reason::OneSyllable, "one-syllable", "all of its bracket goes to one note", ""},
 };
 
 const Explanation& explanationOf(Reason reason) {
@@ -47,23 +49,24 @@ const Explanation& explanationOf(Reason reason) {
         [reason](const auto& explanation) { return explanation.reason == reason; });
 }
 
+std::string named(const Suggestion& suggestion) {
+    return (suggestion.isForLyric ? "the whole lyric as " : "") + inDoubleQuotes(suggestion.text) +
+           (suggestion.isGuess ? " (a guess)" : "");
+}
+
 // "a", "b" or "c".
-std::string listed(const std::vector<std::string>& suggestions) {
-    std::string text = inDoubleQuotes(suggestions.front());
+std::string listed(const std::vector<Suggestion>& suggestions) {
+    std::string text = named(suggestions.front());
     for (std::size_t i = 1; i < suggestions.size(); ++i) {
-        text += (i + 1 == suggestions.size() ? " or " : ", ") + inDoubleQuotes(suggestions[i]);
+        text += (i + 1 == suggestions.size() ? " or " : ", ") + named(suggestions[i]);
     }
     return text;
 }
 
 std::string adviceOn(const Finding& finding) {
-    if (finding.suggestions.empty()) {
-        return explanationOf(finding.reason).advice;
-    }
-    if (finding.reason == Reason::Unknown) {
-        return std::string(kUseBrackets) + ", or " + listed(finding.suggestions);
-    }
-    return "Write " + listed(finding.suggestions) + (isSung(finding.reason) ? " if not meant" : "");
+    return finding.suggestions.empty() ? explanationOf(finding.reason).advice
+                                       : "Write " + listed(finding.suggestions) +
+                                             (isSung(finding.reason) ? " if not meant" : "");
 }
 
 struct Totals {
@@ -71,6 +74,8 @@ struct Totals {
     std::size_t syllables = 0;
     std::size_t unsung = 0;
     std::size_t toLookAt = 0;
+    std::size_t unknown = 0; // of those that are not sung
+    std::size_t withProposal = 0;
 };
 
 Totals totalsOf(const std::vector<CheckedLyric>& lines) {
@@ -80,6 +85,9 @@ Totals totalsOf(const std::vector<CheckedLyric>& lines) {
         totals.syllables += line.syllables;
         for (const auto& finding : line.findings) {
             ++(isSung(finding.reason) ? totals.toLookAt : totals.unsung);
+            const bool isUnknown = finding.reason == Reason::Unknown;
+            totals.unknown += isUnknown ? 1 : 0;
+            totals.withProposal += isUnknown && !finding.suggestions.empty() ? 1 : 0;
         }
     }
     return totals;
@@ -121,7 +129,23 @@ std::string checkReport(const std::vector<CheckedLyric>& lines) {
     const auto totals = totalsOf(lines);
     return report + "lines: " + std::to_string(totals.lines) + "; " + countedSyllables(totals) +
            "; not sung: " + std::to_string(totals.unsung) +
-           ", to look at: " + std::to_string(totals.toLookAt) + "\n";
+           ", to look at: " + std::to_string(totals.toLookAt) +
+           "; unknown: " + std::to_string(totals.unknown) +
+           ", with a proposal: " + std::to_string(totals.withProposal) + "\n";
+}
+
+nlohmann::ordered_json suggestionsJson(const Finding& finding) {
+    auto list = nlohmann::ordered_json::array();
+    for (const auto& suggestion : finding.suggestions) {
+        list.push_back({{"text", suggestion.text}});
+        if (suggestion.isForLyric) {
+            list.back()["replaces"] = "lyric";
+        }
+        if (suggestion.isGuess) {
+            list.back()["guess"] = true;
+        }
+    }
+    return list;
 }
 
 std::string checkJson(const std::vector<CheckedLyric>& lines) {
@@ -135,7 +159,7 @@ std::string checkJson(const std::vector<CheckedLyric>& lines) {
                                 {"word", finding.word},
                                 {"sung", isSung(finding.reason)},
                                 {"reason", nameOf(finding.reason)},
-                                {"suggestions", finding.suggestions},
+                                {"suggestions", suggestionsJson(finding)},
                                 {"syllables", finding.syllables}});
         }
         list.push_back(
@@ -145,7 +169,9 @@ std::string checkJson(const std::vector<CheckedLyric>& lines) {
     const ordered_json report = {{"lines", list},
                                  {"syllables", totals.syllables},
                                  {"notSung", totals.unsung},
-                                 {"toLookAt", totals.toLookAt}};
+                                 {"toLookAt", totals.toLookAt},
+                                 {"unknown", totals.unknown},
+                                 {"withProposal", totals.withProposal}};
     return report.dump(2) + "\n";
 }
 

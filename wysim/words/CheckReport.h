@@ -3,6 +3,8 @@
 
 #include "wysim/words/TextFinding.h"
 
+#include <nlohmann/json_fwd.hpp>
+
 #include <string>
 #include <vector>
 
@@ -15,6 +17,10 @@ std::string checkReport(const std::vector<CheckedLyric>& lines);
 
 // The same for programs.
 std::string checkJson(const std::vector<CheckedLyric>& lines);
+
+// An array of the suggestions, each with its "text", with "replaces": "lyric" where that is not for
+// the word alone, and with "guess": true where it is one.
+nlohmann::ordered_json suggestionsJson(const Finding& finding);
 
 // What there is to say of a finding, without its place.
 std::string sentenceOn(const Finding& finding);

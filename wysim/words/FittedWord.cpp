@@ -6,9 +6,9 @@
 namespace wybeta::wysim::words {
 
 std::string nameOf(Outcome outcome) {
-    static constexpr const char* kNames[] = {"as it is",   "hyphens", "other entry",
-                                             "brackets",   "unknown", "divided otherwise",
-                                             "not reached"};
+    static constexpr const char* kNames[] = {"as it is",          "hyphens",    "other entry",
+                                             "brackets",          "guess",      "unknown",
+                                             "divided otherwise", "not reached"};
     return kNames[static_cast<std::size_t>(outcome)];
 }
 

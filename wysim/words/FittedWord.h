@@ -13,13 +13,14 @@ enum class Outcome {
     Hyphens, // and "ー"
     OtherEntry,
     Brackets,
+    Guess,            // proposed phonemes in brackets
     Unknown,          // it is not sung
     DividedOtherwise, // the score has fewer notes for it than the dictionary has syllables
     NotReached,       // a syllable that is to be held is reached by no hyphen
 };
 
 constexpr bool isFitted(Outcome outcome) {
-    return outcome <= Outcome::Brackets;
+    return outcome <= Outcome::Guess;
 }
 
 // Such as "divided otherwise".

@@ -11,7 +11,8 @@ namespace {
 
 dictionary::PronunciationDictionary loadDictionary() {
     const auto& text = *resources::findResource("cmudict0_7butf8spll");
-    return dictionary::loadPronunciationDictionary(text.data, text.size);
+    return dictionary::loadPronunciationDictionary(text.data, text.size,
+                                                   dictionary::TextLifetime::OutlivesTheDictionary);
 }
 
 } // namespace

@@ -32,4 +32,8 @@ std::vector<std::string> wordsBetweenBlanks(std::string_view text) {
     return words;
 }
 
+std::vector<std::string_view> viewsOf(const std::vector<std::string>& texts) {
+    return {texts.begin(), texts.end()};
+}
+
 } // namespace wybeta::wysim::words

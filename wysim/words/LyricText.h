@@ -16,4 +16,7 @@ std::string utf8Of(std::u32string_view characters);
 // The words between the blanks of a text.
 std::vector<std::string> wordsBetweenBlanks(std::string_view text);
 
+// The texts as views, for what joins them.
+std::vector<std::string_view> viewsOf(const std::vector<std::string>& texts);
+
 } // namespace wybeta::wysim::words

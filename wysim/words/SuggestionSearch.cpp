@@ -3,6 +3,8 @@
 
 #include "wysim/words/CharacterKinds.h"
 #include "wysim/words/LyricText.h"
+#include "wysim/words/Readings.h"
+#include "wysim/words/Respelling.h"
 
 #include <algorithm>
 #include <string_view>
@@ -46,15 +48,22 @@ std::u32string withBlanksForMarks(std::u32string text) {
     return text;
 }
 
+std::u32string withOrdinaryMarks(std::u32string text) {
+    return withSungMarks(withOrdinaryKana(std::move(text)));
+}
+
 // What to change in a word, again and again, and what was wrong when it is sung then.
 struct Rewriting {
     Reason reason;
     std::u32string (*rewrite)(std::u32string);
 };
 constexpr Rewriting kRewritings[] = {
-    {Reason::Blank, withPlainBlanks},         {Reason::Mark, withoutLastMark},
-    {Reason::Mark, withoutFirstMark},         {Reason::Apostrophe, withPlainApostrophes},
-    {Reason::FullWidth, withPlainLetters},    {Reason::HalfWidthKana, withOrdinaryKana},
+    {Reason::Blank, withPlainBlanks},
+    {Reason::HalfWidthKana, withOrdinaryMarks},
+    {Reason::Mark, withoutLastMark},
+    {Reason::Mark, withoutFirstMark},
+    {Reason::Apostrophe, withPlainApostrophes},
+    {Reason::FullWidth, withPlainLetters},
     {Reason::Mark, withoutApostrophesAround},
 };
 // What makes several words of one.
@@ -63,35 +72,16 @@ constexpr Rewriting kPartings[] = {
     {Reason::Mark, withBlanksForMarks},
 };
 
-// All texts that are one slip of the keyboard away, the likelier first: two letters in the wrong
-// order, a forgotten apostrophe, one letter too many, one too few, another one.
-std::vector<std::u32string> neighboursOf(const std::u32string& word) {
-    constexpr std::u32string_view kLetters = U"etaoinshrdlucmfwypvbgkjqxz";
-    std::vector<std::u32string> neighbours;
-    const auto addWith = [&](std::size_t place, std::size_t replaced, std::u32string_view letters) {
-        for (const char32_t letter : letters) {
-            neighbours.push_back(word);
-            neighbours.back().replace(place, replaced, 1, letter);
-        }
-    };
-    for (std::size_t i = 0; i + 1 < word.size(); ++i) {
-        neighbours.push_back(word);
-        std::swap(neighbours.back()[i], neighbours.back()[i + 1]);
-    }
-    for (std::size_t i = 0; i <= word.size(); ++i) {
-        addWith(i, 0, U"'");
-    }
-    for (std::size_t i = 0; i < word.size(); ++i) {
-        neighbours.push_back(word);
-        neighbours.back().erase(i, 1);
-    }
-    for (std::size_t i = 0; i <= word.size(); ++i) {
-        addWith(i, 0, kLetters);
-    }
-    for (std::size_t i = 0; i < word.size(); ++i) {
-        addWith(i, 1, kLetters);
-    }
-    return neighbours;
+// Whether the word is sung, and no letter of it passed over.
+bool isWhollySung(const std::string& word, const lyrics::LyricReading& reading) {
+    const auto text = charactersOf(word);
+    return !reading.syllables.empty() &&
+           std::none_of(reading.parts.begin(), reading.parts.end(), [&text](const auto& part) {
+               const auto begin = text.begin() + static_cast<std::ptrdiff_t>(part.begin);
+               const auto end = text.begin() + static_cast<std::ptrdiff_t>(part.end);
+               return part.kind == lyrics::PartKind::PassedOver &&
+                      std::any_of(begin, end, isOfWords);
+           });
 }
 
 } // namespace
@@ -105,17 +95,19 @@ Diagnosis SuggestionSearch::run() {
     if (auto diagnosis = tryRewriting()) {
         return *std::move(diagnosis);
     }
+    if (auto diagnosis = tryParting()) {
+        return *std::move(diagnosis);
+    }
     const bool hasLetters = std::any_of(word.begin(), word.end(), [](char32_t character) {
         return isAscii(character) && isOfWords(character);
     });
-    return hasLetters ? Diagnosis{Reason::Unknown, sungNeighbours()}
-                      : Diagnosis{Reason::OtherCharacter, {}};
+    return {hasLetters ? Reason::Unknown : Reason::OtherCharacter, proposals()};
 }
 
 std::optional<std::u32string> SuggestionSearch::sung(const std::u32string& text) {
     const auto words = wordsBetweenBlanks(utf8Of(text));
     const bool areAllSung = std::all_of(words.begin(), words.end(), [this](const auto& word) {
-        return !reader_.syllablesOf(word).empty();
+        return isWhollySung(word, reader_.read(word));
     });
     if (words.empty() || !areAllSung) {
         return std::nullopt;
@@ -132,47 +124,50 @@ std::optional<std::u32string> SuggestionSearch::sung(const std::u32string& text)
 
 std::optional<Diagnosis> SuggestionSearch::tryRewriting() {
     auto text = word_.word;
-    if (const auto suggestion = sung(text)) {
-        return Diagnosis{Reason::BeforeKanaPair, {*suggestion}};
+    if (auto suggestion = sung(text)) {
+        return Diagnosis{Reason::BeforeKanaPair, {{*suggestion, {}}}};
     }
     for (const auto& [reason, rewrite] : kRewritings) {
+        // An apostrophe at its end may belong to the word.
+        plain_ = text;
         for (auto next = rewrite(text); next != text; next = rewrite(text)) {
             text = std::move(next);
-            if (const auto suggestion = sung(text)) {
-                return Diagnosis{reason, {*suggestion}};
+            if (auto suggestion = sung(text)) {
+                return Diagnosis{reason, {{*suggestion, {}}}};
             }
         }
     }
-    rewritten_ = text;
+    if (respellingsOf(plain_, reader_.dictionary()).empty()) {
+        plain_ = text;
+    }
+    return std::nullopt;
+}
+
+// A hyphen that is none of the keyboard's joins the parts of a word rather than it parts words.
+std::optional<Diagnosis> SuggestionSearch::tryParting() {
     for (const auto& [reason, part] : kPartings) {
-        if (const auto suggestion = sung(part(text))) {
-            return Diagnosis{reason, {*suggestion}};
+        if (auto suggestion = sung(part(plain_))) {
+            std::vector<Proposal> proposals = {{*suggestion, {}}};
+            const bool isJoined = plain_.find_first_of(U"\u00AD\u2010\u2011") != plain_.npos;
+            for (auto& respelling : respellingsOf(plain_, reader_.dictionary())) {
+                proposals.insert(isJoined ? proposals.begin() : proposals.end(),
+                                 {word_.word, std::move(respelling.syllables)});
+                break;
+            }
+            return Diagnosis{reason, std::move(proposals)};
         }
     }
     return std::nullopt;
 }
 
-// The words with one letter changed that the dictionary has, when there are letters enough to tell
-// which word may be meant.
-std::vector<std::u32string> SuggestionSearch::sungNeighbours() {
-    constexpr std::size_t kShortest = 3;
-    constexpr std::size_t kLongest = 32;
-    std::vector<std::u32string> found;
-    auto word = rewritten_;
-    word.erase(std::remove(word.begin(), word.end(), U'-'), word.end());
-    const bool isOfLetters = std::all_of(word.begin(), word.end(), [](char32_t character) {
-        return isAsciiLetter(character) || character == U'\'' || !isAscii(character);
-    });
-    if (!isOfLetters || word.size() < kShortest || word.size() > kLongest) {
-        return found;
-    }
-    for (const auto& neighbour : neighboursOf(word)) {
-        const auto suggestion = reader_.hasWord(utf8Of(neighbour)) ? sung(neighbour) : std::nullopt;
-        if (suggestion && std::find(found.begin(), found.end(), *suggestion) == found.end()) {
-            found.push_back(*suggestion);
-        }
-        if (found.size() == kMaxSuggestions) {
-            break;
+// Texts that are sung where the word is, and the word itself with phonemes.
+std::vector<Proposal> SuggestionSearch::proposals() {
+    std::vector<Proposal> found;
+    for (auto& proposal : proposalsFor(plain_, reader_, isAmongKana_)) {
+        if (!proposal.syllables.empty()) {
+            found.push_back({word_.word, std::move(proposal.syllables), proposal.isGuess});
+        } else if (auto text = sung(proposal.text)) {
+            found.push_back({*std::move(text), {}});
         }
     }
     return found;

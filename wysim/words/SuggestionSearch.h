@@ -2,6 +2,7 @@
 #pragma once
 
 #include "wysim/words/LyricReader.h"
+#include "wysim/words/Proposals.h"
 #include "wysim/words/TextFinding.h"
 
 #include <cstddef>
@@ -23,31 +24,36 @@ struct WordInText {
     }
 };
 
-// What is wrong with a word, and what to write instead.
+// What is wrong with a word, and what to write instead, the best first.
 struct Diagnosis {
     Reason reason = Reason::Unknown;
-    std::vector<std::u32string> suggestions;
+    std::vector<Proposal> proposals;
 };
 
-// Finds what keeps a word from being sung. Each suggestion is sung in the word's place.
+// Finds what keeps a word from being sung. Each text that is proposed is sung in the word's place.
 class SuggestionSearch {
 public:
-    static constexpr std::size_t kMaxSuggestions = 5;
-
-    // The reader and the word, which is not sung, have to outlive this.
-    SuggestionSearch(LyricReader& reader, const WordInText& word) : reader_(reader), word_(word) {}
+    // The reader and the word, which is not sung, have to outlive this. `isAmongKana` tells whether
+    // the text around it is Japanese.
+    SuggestionSearch(LyricReader& reader, const WordInText& word, bool isAmongKana)
+        : reader_(reader), word_(word), isAmongKana_(isAmongKana) {}
 
     Diagnosis run();
+
+    // The word without what may stick to it, in plain characters. For after run().
+    const std::u32string& plainWord() const { return plain_; }
 
 private:
     // The text, with a blank after it where that is needed, if all of it is sung.
     std::optional<std::u32string> sung(const std::u32string& text);
     std::optional<Diagnosis> tryRewriting();
-    std::vector<std::u32string> sungNeighbours();
+    std::optional<Diagnosis> tryParting();
+    std::vector<Proposal> proposals();
 
     LyricReader& reader_;
     const WordInText& word_;
-    std::u32string rewritten_; // the word without what may stick to it, in plain characters
+    bool isAmongKana_;
+    std::u32string plain_;
     std::size_t syllablesAround_ = 0;
 };
 

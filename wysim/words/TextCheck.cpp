@@ -4,8 +4,9 @@
 #include "lyrics/KanaPhonemeTable.h"
 #include "wysim/song/BadInput.h"
 #include "wysim/song/Song.h"
-#include "wysim/words/CharacterKinds.h"
 #include "wysim/words/LyricText.h"
+#include "wysim/words/Readings.h"
+#include "wysim/words/UnsungWords.h"
 #include "wysim/words/Wording.h"
 
 #include <algorithm>
@@ -41,10 +42,6 @@ Finding findingOf(Text line, std::size_t begin, std::size_t end, Reason reason) 
     return {1, begin + 1, utf8Of(line.substr(begin, end - begin)), reason, {}, 0};
 }
 
-bool holdsWords(Text text) {
-    return std::any_of(text.begin(), text.end(), isOfWords);
-}
-
 // The bracket of a lyric, if it has one.
 const lyrics::LyricPart* bracketOf(const lyrics::LyricReading& reading) {
     const auto found =
@@ -53,41 +50,9 @@ const lyrics::LyricPart* bracketOf(const lyrics::LyricReading& reading) {
     return found == reading.parts.end() ? nullptr : &*found;
 }
 
-// The parts with what is passed over as words, joined with the unknown word that touches it. The
-// first kana of a pair is left to the pair.
-std::vector<lyrics::LyricPart> withoutEffectJoined(const std::vector<lyrics::LyricPart>& parts) {
-    std::vector<lyrics::LyricPart> joined;
-    bool isOpen = false; // whether the last one can take up more
-    for (auto part : parts) {
-        const bool isPassedOver = part.kind == PartKind::PassedOver;
-        if (!joined.empty()) {
-            joined.back().end = std::min(joined.back().end, part.begin);
-        }
-        if (isOpen && part.kind == PartKind::Word && !part.isKnown &&
-            joined.back().end == part.begin) {
-            joined.back().end = part.end;
-        } else {
-            part.kind = isPassedOver ? PartKind::Word : part.kind;
-            joined.push_back(part);
-        }
-        isOpen = isPassedOver;
-    }
-    return joined;
-}
-
-// Whether a character in front of a word keeps out of it.
-bool isHarmlessInFront(char32_t character) {
-    return !isOfWords(character) && (!isAscii(character) || isOtherBlank(character));
-}
-
-// A word of a line with what is around it up to the next blanks.
-WordInText wordAt(Text line, std::size_t begin, std::size_t end) {
-    const auto blank = begin == 0 ? Text::npos : line.rfind(U' ', begin - 1);
-    const auto first = blank == Text::npos ? 0 : blank + 1;
-    const auto last = std::min(line.find(U' ', end), line.size());
-    return {std::u32string(line.substr(first, begin - first)),
-            std::u32string(line.substr(begin, end - begin)),
-            std::u32string(line.substr(end, last - end))};
+// The inside of a bracket.
+std::string phonemesIn(Text line, const lyrics::LyricPart& bracket) {
+    return utf8Of(line.substr(bracket.begin + 1, bracket.end - bracket.begin - 2));
 }
 
 std::string firstSoundOf(const Syllables& syllables) {
@@ -147,7 +112,13 @@ TextCheck::Findings TextCheck::findAroundBracket(Text line, const lyrics::LyricR
         findings.push_back(findingOf(line, head, bracket.end, Reason::EmptyBracket));
         addSuggestion(findings.back(), line.substr(head, bracket.begin - head));
     }
-    if (holdsWords(line.substr(bracket.end))) {
+    if (const auto morae = dividedIntoMorae(phonemesIn(line, bracket))) {
+        findings.push_back(findingOf(line, head, bracket.end, Reason::OneSyllable));
+        findings.back().syllables = reading.syllables.size();
+        addSuggestion(findings.back(), std::u32string(line.substr(head, bracket.begin - head)) +
+                                           charactersOf("[" + *morae + "]"));
+    }
+    if (findWord(line, bracket.end, line.size()) < line.size()) {
         findings.push_back(findingOf(line, bracket.end, line.size(), Reason::OutsideBracket));
     }
     return findings;
@@ -170,21 +141,38 @@ void TextCheck::addSuggestion(Finding& finding, Text text) {
     const auto syllables = reader_.syllablesOf(suggestion);
     if (!syllables.empty()) {
         prove_(suggestion, syllables);
-        finding.suggestions.push_back(std::move(suggestion));
+        finding.suggestions.push_back({std::move(suggestion)});
     }
 }
 
 TextCheck::Findings TextCheck::findInParts(Text line, const lyrics::LyricReading& reading) {
     Findings findings;
-    for (const auto& part : withoutEffectJoined(reading.parts)) {
-        if (part.kind == PartKind::Zero) {
+    std::vector<Unsung> unsung;
+    const bool isAmongKana = isJapanese(line, reading);
+    const auto readings = findReadings(line);
+    auto given = readings.begin();
+    for (const auto& part : visibleWords(line, reading)) {
+        while (given != readings.end() && given->end <= part.begin) {
+            ++given;
+        }
+        if (given != readings.end() && part.begin >= given->begin) {
+            if (part.begin == given->begin || findings.empty() ||
+                findings.back().column != given->begin + 1) {
+                findings.push_back(findingOf(line, given->begin, given->end, Reason::Kanji));
+                addSuggestion(findings.back(), given->kana);
+            }
+        } else if (part.kind == PartKind::Zero) {
             checkZero(line, part, findings);
         } else if (part.isKnown) {
             checkHyphens(line, part, findings);
         } else if (part.kind == PartKind::Word) {
-            addUnsung(line, part.begin, part.end, findings);
+            const auto begin = checkMarks(line, part.begin, part.end, findings);
+            if (auto word = addUnsung(line, begin, part.end, isAmongKana, findings)) {
+                unsung.push_back(*word);
+            }
         }
     }
+    addSuggestions(line, reading, unsung, findings);
     return findings;
 }
 
@@ -212,36 +200,111 @@ void TextCheck::checkZero(Text line, const lyrics::LyricPart& part, Findings& fi
     }
 }
 
-void TextCheck::addUnsung(Text line, std::size_t begin, std::size_t end, Findings& findings) {
-    begin = static_cast<std::size_t>(
-        std::find_if_not(line.begin() + static_cast<std::ptrdiff_t>(begin),
-                         line.begin() + static_cast<std::ptrdiff_t>(end), isHarmlessInFront) -
-        line.begin());
-    if (!holdsWords(line.substr(begin, end - begin))) {
-        return;
+std::size_t TextCheck::checkMarks(Text line, std::size_t begin, std::size_t end,
+                                  Findings& findings) {
+    if (begin == 0 || !lyrics::findKanaSingle(line, begin - 1)) {
+        return begin;
     }
-    const auto word = wordAt(line, begin, end);
-    const auto& [reason, suggestions] = diagnosisOf(word);
-    // A blank at the end of a suggestion shows only with what comes after it.
-    const bool needsBlank = std::any_of(suggestions.begin(), suggestions.end(),
-                                        [](const auto& text) { return text.back() == U' '; });
-    const auto pair = needsBlank ? word.after.substr(0, 2) : std::u32string();
-    findings.push_back(findingOf(line, begin, end + pair.size(), reason));
-    for (const auto& suggestion : suggestions) {
-        findings.back().suggestions.push_back(utf8Of(suggestion + pair));
+    const std::u32string text(line.substr(begin - 1, end - begin + 1));
+    const auto sung = withSungMarks(text);
+    const auto same = std::mismatch(text.begin() + 1, text.end(), sung.begin() + 1,
+                                    [](auto one, auto other) { return one != other; });
+    const auto count = static_cast<std::size_t>(same.first - text.begin());
+    if (count > 1) {
+        findings.push_back(findingOf(line, begin - 1, begin - 1 + count, Reason::LongMark));
+        addSuggestion(findings.back(), Text(sung).substr(0, count));
     }
+    return begin - 1 + count;
 }
 
-const Diagnosis& TextCheck::diagnosisOf(const WordInText& word) {
-    const auto [known, isNew] = diagnoses_.try_emplace(word);
+std::optional<TextCheck::Unsung> TextCheck::addUnsung(Text line, std::size_t begin, std::size_t end,
+                                                      bool isAmongKana, Findings& findings) {
+    begin = findWord(line, begin, end);
+    if (begin == end) {
+        return std::nullopt;
+    }
+    const auto word = wordAt(line, begin, end);
+    const auto& diagnosis = diagnosisOf(word, isAmongKana);
+    const auto& proposals = diagnosis.proposals;
+    // A blank at the end of a text shows only with what comes after it.
+    const bool needsBlank =
+        std::any_of(proposals.begin(), proposals.end(),
+                    [](const auto& proposal) { return proposal.text.back() == U' '; });
+    const auto pair = needsBlank ? word.after.substr(0, 2) : std::u32string();
+    findings.push_back(findingOf(line, begin, end + pair.size(), diagnosis.reason));
+    return Unsung{begin, end, pair, &diagnosis, findings.size() - 1};
+}
+
+const Diagnosis& TextCheck::diagnosisOf(const WordInText& word, bool isAmongKana) {
+    const auto [known, isNew] = diagnoses_.try_emplace({word, isAmongKana});
     if (isNew) {
-        known->second = SuggestionSearch(reader_, word).run();
-        for (const auto& suggestion : known->second.suggestions) {
-            const auto lyric = utf8Of(word.before + suggestion + word.after);
-            prove_(lyric, reader_.syllablesOf(lyric));
+        known->second = SuggestionSearch(reader_, word, isAmongKana).run();
+        for (const auto& proposal : known->second.proposals) {
+            if (proposal.syllables.empty()) {
+                const auto lyric = utf8Of(word.before + proposal.text + word.after);
+                prove_(lyric, reader_.syllablesOf(lyric));
+            }
         }
     }
     return known->second;
+}
+
+// Where nothing is proposed for another word, a bracket would silence that.
+void TextCheck::addSuggestions(Text line, const lyrics::LyricReading& reading,
+                               const std::vector<Unsung>& unsung, Findings& findings) {
+    const bool hasProposals = std::all_of(unsung.begin(), unsung.end(), [](const auto& word) {
+        return !word.diagnosis->proposals.empty();
+    });
+    for (const auto& word : unsung) {
+        auto& suggestions = findings[word.finding].suggestions;
+        for (const auto& proposal : word.diagnosis->proposals) {
+            if (proposal.syllables.empty()) {
+                suggestions.push_back({utf8Of(proposal.text + word.pair)});
+            } else if (hasProposals) {
+                suggestions.push_back(inBracket(line, proposal, word, reading, unsung));
+                prove_(suggestions.back().text, reader_.syllablesOf(suggestions.back().text));
+            }
+        }
+    }
+}
+
+Suggestion TextCheck::inBracket(Text line, const Proposal& proposal, const Unsung& word,
+                                const lyrics::LyricReading& reading,
+                                const std::vector<Unsung>& unsung) {
+    const bool isAlone =
+        line.find_first_not_of(U' ') == word.begin && line.find_last_not_of(U' ') + 1 == word.end;
+    const auto text = isAlone ? line.substr(word.begin, word.end - word.begin) : line;
+    const auto syllables = syllablesWith(proposal.syllables, word, reading, unsung);
+    return {withBracket(utf8Of(text), syllables), !isAlone, proposal.isGuess};
+}
+
+Syllables TextCheck::syllablesWith(const Syllables& ofWord, const Unsung& word,
+                                   const lyrics::LyricReading& reading,
+                                   const std::vector<Unsung>& unsung) {
+    Syllables syllables;
+    const auto add = [&syllables](auto begin, auto end) {
+        syllables.insert(syllables.end(), begin, end);
+    };
+    for (const auto& part : reading.parts) {
+        const auto other = std::find_if(unsung.begin(), unsung.end(), [&part](const auto& one) {
+            return one.begin < part.end && part.begin < one.end;
+        });
+        if (other == unsung.end()) {
+            const auto first =
+                reading.syllables.begin() + static_cast<std::ptrdiff_t>(part.firstSyllable);
+            add(first, first + static_cast<std::ptrdiff_t>(part.syllables));
+        } else if (other->begin < part.begin) {
+            continue; // the rest of a word that is added
+        } else if (other->begin == word.begin) {
+            add(ofWord.begin(), ofWord.end());
+        } else {
+            const auto& best = other->diagnosis->proposals.front();
+            const auto sung =
+                best.syllables.empty() ? reader_.syllablesOf(utf8Of(best.text)) : best.syllables;
+            add(sung.begin(), sung.end());
+        }
+    }
+    return syllables;
 }
 
 } // namespace wybeta::wysim::words

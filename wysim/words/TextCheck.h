@@ -42,11 +42,32 @@ private:
     using Text = std::u32string_view;
     using Findings = std::vector<Finding>;
 
+    // A word that is not sung, and the finding that says so.
+    struct Unsung {
+        std::size_t begin; // in characters, as the end
+        std::size_t end;
+        std::u32string pair; // what is repeated after each text, to show the blank before it
+        const Diagnosis* diagnosis;
+        std::size_t finding;
+    };
+
     Findings findInParts(Text line, const lyrics::LyricReading& reading);
     void checkHyphens(Text line, const lyrics::LyricPart& part, Findings& findings);
     void checkZero(Text line, const lyrics::LyricPart& part, Findings& findings);
-    void addUnsung(Text line, std::size_t begin, std::size_t end, Findings& findings);
-    const Diagnosis& diagnosisOf(const WordInText& word);
+    // Finds marks after a kana for which there are others that are sung, and returns their end.
+    std::size_t checkMarks(Text line, std::size_t begin, std::size_t end, Findings& findings);
+    std::optional<Unsung> addUnsung(Text line, std::size_t begin, std::size_t end, bool isAmongKana,
+                                    Findings& findings);
+    const Diagnosis& diagnosisOf(const WordInText& word, bool isAmongKana);
+    // Adds what is proposed for the words. A bracket is for all of a lyric, so that of a word among
+    // others has the phonemes of all.
+    void addSuggestions(Text line, const lyrics::LyricReading& reading,
+                        const std::vector<Unsung>& unsung, Findings& findings);
+    Suggestion inBracket(Text line, const Proposal& proposal, const Unsung& word,
+                         const lyrics::LyricReading& reading, const std::vector<Unsung>& unsung);
+    // The syllables of the lyric with those of one word that is not sung, and the best for others.
+    Syllables syllablesWith(const Syllables& ofWord, const Unsung& word,
+                            const lyrics::LyricReading& reading, const std::vector<Unsung>& unsung);
 
     Findings findAroundBracket(Text line, const lyrics::LyricReading& reading);
     // Where the words from `begin` on end that the syllables of a bracket after the text leave out.
@@ -57,7 +78,7 @@ private:
 
     LyricReader& reader_;
     Prover prove_;
-    std::map<WordInText, Diagnosis> diagnoses_;
+    std::map<std::pair<WordInText, bool>, Diagnosis> diagnoses_;
 };
 
 } // namespace wybeta::wysim::words

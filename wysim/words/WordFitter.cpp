@@ -4,6 +4,7 @@
 #include "lyrics/BracketedPhonemes.h"
 #include "wysim/words/HoldableText.h"
 #include "wysim/words/LyricText.h"
+#include "wysim/words/UnsungWords.h"
 #include "wysim/words/Wording.h"
 
 #include <algorithm>
@@ -31,17 +32,6 @@ bool isSungBetween(const lyrics::LyricReading& reading, std::size_t begin, std::
     });
 }
 
-std::string inBrackets(const std::string& word, const Syllables& syllables) {
-    const auto bracketed = lyrics::findBracketedPhonemes(word);
-    auto text = bracketed ? std::string(bracketed->text) : word;
-    char before = '[';
-    for (const auto& syllable : syllables) {
-        text += before + syllable;
-        before = ',';
-    }
-    return text + "]";
-}
-
 std::string counted(std::size_t count, const char* what) {
     return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
 }
@@ -49,14 +39,16 @@ std::string counted(std::size_t count, const char* what) {
 // The fitting of one word. Goes from what changes the word least to what changes it most.
 class WordFit {
 public:
-    WordFit(LyricReader& reader, const SongWord& word, bool usesBrackets)
-        : reader_(reader), word_(word), usesBrackets_(usesBrackets),
+    WordFit(LyricReader& reader, const SongWord& word, WaysToFit ways)
+        : reader_(reader), word_(word), ways_(ways),
           isBracketed_(lyrics::findBracketedPhonemes(word.text)) {}
 
     FittedWord run() {
         findMainEntry();
         if (const auto part = unsungPart()) {
-            return asItIs(Outcome::Unknown, inDoubleQuotes(*part) + " is not sung");
+            auto guessed = ways_.guesses ? fitByProposals() : std::nullopt;
+            return guessed ? *std::move(guessed)
+                           : asItIs(Outcome::Unknown, inDoubleQuotes(*part) + " is not sung");
         }
         if (isRightAsItIs()) {
             return asItIs(Outcome::AsItIs, {});
@@ -197,18 +189,37 @@ private:
     }
 
     Found fitByBrackets() {
-        if (!usesBrackets_) {
+        return ways_.brackets ? inOneBracket(entries_[alike_.value_or(0)].syllables(),
+                                             withSharedNotes(), Outcome::Brackets)
+                              : std::nullopt;
+    }
+
+    // Of the pronunciations of the whole, that which the score divides likewise, or else the first.
+    Found fitByProposals() {
+        if (isBracketed_) {
             return std::nullopt;
         }
-        const auto& syllables = entries_[alike_.value_or(0)].syllables();
+        const auto proposed = pronunciationsOfLyric(charactersOf(word_.text), reader_);
+        if (proposed.empty() || proposed.front().empty()) {
+            return std::nullopt;
+        }
+        const auto alike = std::find_if(proposed.begin(), proposed.end(), [this](const auto& one) {
+            return holdsFor(one, word_.notesOfSyllables).has_value();
+        });
+        const auto& best = alike == proposed.end() ? proposed.front() : *alike;
+        return inOneBracket(best, best, Outcome::Guess);
+    }
+
+    // The syllables over the notes; those that share notes, where these are divided likewise.
+    Found inOneBracket(const Syllables& syllables, const Syllables& shared, Outcome outcome) const {
         auto wanted = spreadAsDivided(syllables).value_or(
-            spreadAsDivided(withSharedNotes()).value_or(spread(syllables, word_.notes)));
-        const auto text = inBrackets(word_.text, wanted);
+            spreadAsDivided(shared).value_or(spread(syllables, word_.notes)));
+        const auto text = withBracket(word_.text, wanted);
         const auto bracketed = lyrics::findBracketedPhonemes(text);
         if (!bracketed || lyrics::bracketToSyllables(bracketed->phonemes) != wanted) {
             return std::nullopt;
         }
-        return FittedWord{Outcome::Brackets, text, std::move(wanted), {}};
+        return FittedWord{outcome, text, std::move(wanted), {}};
     }
 
     std::optional<Syllables> spreadAsDivided(const Syllables& syllables) const {
@@ -261,7 +272,7 @@ private:
 
     LyricReader& reader_;
     const SongWord& word_;
-    bool usesBrackets_;
+    WaysToFit ways_;
     bool isBracketed_;
     lyrics::LyricReading typed_;       // of the word as it is
     std::vector<Entry> entries_;       // the word's own first
@@ -275,7 +286,7 @@ const FittedWord& WordFitter::fit(const SongWord& word) {
     const auto [known, isNew] =
         fitted_.try_emplace({word.text, {word.notes, word.notesOfSyllables}});
     if (isNew) {
-        known->second = WordFit(reader_, word, usesBrackets_).run();
+        known->second = WordFit(reader_, word, ways_).run();
     }
     return known->second;
 }

@@ -13,6 +13,12 @@
 
 namespace wybeta::wysim::words {
 
+// What may be typed besides hyphens and other entries.
+struct WaysToFit {
+    bool brackets = false; // phonemes in brackets where nothing else fits
+    bool guesses = false;  // proposed phonemes in brackets for words that are not sung
+};
+
 // Finds what to type for a word so that its syllables come out on the notes that the score gives
 // them: the text that changes the word least.
 class WordFitter {
@@ -21,10 +27,8 @@ public:
     static constexpr std::size_t kLongestWord = 1'000;
     static constexpr std::size_t kMaxNotes = 1'000;
 
-    // With `usesBrackets`, what hyphens and other entries can't do is done by phonemes in brackets.
     // The reader has to outlive this.
-    WordFitter(LyricReader& reader, bool usesBrackets)
-        : reader_(reader), usesBrackets_(usesBrackets) {}
+    WordFitter(LyricReader& reader, WaysToFit ways) : reader_(reader), ways_(ways) {}
 
     // Reads the word once for each entry of the dictionary. The answer to the same word and
     // division is kept, and stays where it is.
@@ -34,7 +38,7 @@ private:
     using Division = std::pair<std::size_t, std::vector<std::size_t>>;
 
     LyricReader& reader_;
-    bool usesBrackets_;
+    WaysToFit ways_;
     std::map<std::pair<std::string, Division>, FittedWord> fitted_;
 };
 

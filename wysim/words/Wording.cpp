@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wysim/words/Wording.h"
 
+#include "lyrics/BracketedPhonemes.h"
+#include "text/Splitting.h"
+#include "wysim/words/LyricText.h"
+
 namespace wybeta::wysim::words {
 
 std::string inQuotes(std::string_view text) {
@@ -17,6 +21,12 @@ std::string inBrackets(const std::vector<std::string>& syllables) {
         text += (text.empty() ? "[" : " [") + syllable + "]";
     }
     return text.empty() ? "-" : text;
+}
+
+std::string withBracket(std::string_view lyric, const std::vector<std::string>& syllables) {
+    const auto bracketed = lyrics::findBracketedPhonemes(lyric);
+    return std::string(bracketed ? bracketed->text : lyric) + "[" +
+           text::joinText(viewsOf(syllables), ",") + "]";
 }
 
 std::string_view trimmed(std::string_view text) {

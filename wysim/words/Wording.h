@@ -15,6 +15,9 @@ std::string inDoubleQuotes(std::string_view lyric);
 // Syllables as notes carry them: "[hh ah] [l ow]", or "-" where there are none.
 std::string inBrackets(const std::vector<std::string>& syllables);
 
+// A lyric with its phonemes in one bracket, "hello[hh ah,l ow]", in place of any that it has.
+std::string withBracket(std::string_view lyric, const std::vector<std::string>& syllables);
+
 // The text without blanks, tabs and carriage returns around it.
 std::string_view trimmed(std::string_view text);
 // A line without the carriage return that some systems end it with.

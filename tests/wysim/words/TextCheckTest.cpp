@@ -8,6 +8,8 @@
 #include "wysim/terminal/Progress.h"
 #include "wysim/words/CheckReport.h"
 #include "wysim/words/LyricReader.h"
+#include "wysim/words/Neighbours.h"
+#include "wysim/words/Proposals.h"
 #include "wysim/words/SuggestionSearch.h"
 #include "wysim/words/TextFinding.h"
 
@@ -27,14 +29,16 @@ using namespace wysim::session;
 using namespace wysim::words;
 using wysim::song::BadInput;
 
-// "column word: reason: suggestion, suggestion" of each finding.
+// "column word: reason: suggestion, suggestion for all of the lyric, guess?" of each finding.
 std::vector<std::string> described(const std::vector<Finding>& findings) {
     std::vector<std::string> lines;
     for (const auto& finding : findings) {
         auto& line = lines.emplace_back(std::to_string(finding.column) + " " + finding.word + ": " +
                                         nameOf(finding.reason));
         for (std::size_t i = 0; i < finding.suggestions.size(); ++i) {
-            line += (i == 0 ? ": " : ", ") + finding.suggestions[i];
+            const auto& [text, isForLyric, isGuess] = finding.suggestions[i];
+            line += (i == 0 ? ": " : ", ") + text + (isForLyric ? " for all" : "") +
+                    (isGuess ? "?" : "");
         }
     }
     return lines;
@@ -153,16 +157,99 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         CheckCase{"BeforeAKanaPair", "loveキャンディ", 3, {"1 loveキャ: kana-pair: love キャ"}},
         CheckCase{"BetweenKana", "さhelloちゃん", 3, {"2 helloちゃ: kana-pair: hello ちゃ"}},
-        CheckCase{"Unknown", "xyzzy", 0, {"1 xyzzy: unknown"}},
+        CheckCase{"Unknown", "xyzzy", 0, {"1 xyzzy: unknown: xyzzy[z ih,z iy]?"}},
         CheckCase{"Digits", "7 q9", 0, {"1 7: unknown", "3 q9: unknown"}},
-        CheckCase{"Accent", "café", 0, {"1 café: unknown: cafe"}},
-        CheckCase{"LetterMissing", "helo", 0, {"1 helo: unknown: hello, hemlo, helot, delo, celo"}},
-        CheckCase{"LettersSwapped", "teh", 0, {"1 teh: unknown: the, eh, th, te, tesh"}},
-        CheckCase{"ApostropheMissing", "couldnt", 0, {"1 couldnt: unknown: couldn't"}},
-        CheckCase{"LetterMissingInALongWord", "beutiful", 0, {"1 beutiful: unknown: beautiful"}},
-        CheckCase{"LetterMissingAmongHyphens", "beu-tiful", 0, {"1 beu-tiful: unknown: beautiful"}},
+        CheckCase{"Accent", "café", 0, {"1 café: unknown: café[k ah,f ey], cafe"}},
+        CheckCase{"LetterMissing",
+                  "helo",
+                  0,
+                  {"1 helo: unknown: hello, hemlo, helot, delo, helo[hh eh,l ow]?"}},
+        CheckCase{"LettersSwapped", "teh", 0, {"1 teh: unknown: the, eh, te, tesh, teh[t eh]?"}},
+        CheckCase{"ApostropheMissing",
+                  "couldnt",
+                  0,
+                  {"1 couldnt: unknown: couldn't, couldnt[k uh,d ah n t]?"}},
+        CheckCase{"LetterMissingInALongWord",
+                  "beutiful",
+                  0,
+                  {"1 beutiful: unknown: beautiful, beutiful[b uw,t ah,f ah l]?"}},
+        CheckCase{"LetterMissingAmongHyphens",
+                  "beu-tiful",
+                  0,
+                  {"1 beu-tiful: unknown: beautiful, beu-tiful[b uw,t ih,f ah l]?"}},
+        CheckCase{"HyphenBetweenWords",
+                  "twenty-one",
+                  0,
+                  {"1 twenty-one: hyphen-joins: twenty one, twenty-one[t w eh n,t iy,w ah n]"}}),
+    nameOfCase);
+
+INSTANTIATE_TEST_SUITE_P(
+    Proposed, TextCheckAnswer,
+    testing::Values(
+        CheckCase{"ElidedEnding", "kiss'd", 0, {"1 kiss'd: unknown: kiss'd[k ih s t], kissed"}},
+        CheckCase{"TypographicElision",
+                  "heav’n",
+                  0,
+                  {"1 heav’n: unknown: heav’n[hh eh v n], heaven, heavin"}},
+        CheckCase{"AccentThatIsSung",
+                  "reignèd",
+                  0,
+                  {"1 reignèd: unknown: reignèd[r ey,n ih d], reigned"}},
+        CheckCase{"BritishEnding",
+                  "splendour",
+                  0,
+                  {"1 splendour: unknown: splendour[s p l eh n,d er], splendor"}},
         CheckCase{
-            "HyphenBetweenWords", "twenty-one", 0, {"1 twenty-one: hyphen-joins: twenty one"}}),
+            "HyphenOfAnotherKind", "to‑day", 0, {"1 to‑day: mark: to‑day[t ah,d ey], to day"}},
+        CheckCase{"AccentInFront", "École", 1, {"1 École: unknown: École[ih,k ow l], cole, ecole"}},
+        CheckCase{"SlipOfTheKeyboard", "chior", 0, {"1 chior: unknown: choir, chior[ch iy,er]?"}},
+        CheckCase{"Slang", "yeet", 0, {"1 yeet: unknown: yet, yee, teet, neet, yeet[y iy t]?"}},
+        CheckCase{"WordAmongOthers",
+                  "I say skrrtling",
+                  2,
+                  {"7 skrrtling: unknown: I say skrrtling[ay,s ey,s k er t,l ih ng] for all?"}},
+        CheckCase{"TwoWords",
+                  "kiss'd xyzzy",
+                  0,
+                  {"1 kiss'd: unknown: kiss'd xyzzy[k ih s t,z ih,z iy] for all, kissed",
+                   "8 xyzzy: unknown: kiss'd xyzzy[k ih s t,z ih,z iy] for all?"}},
+        CheckCase{
+            "WordAmongSomeWithoutAProposal", "xyzzy 桜", 0, {"1 xyzzy: unknown", "7 桜: kanji"}},
+        CheckCase{"Digits", "99", 0, {"1 99: unknown"}},
+        CheckCase{
+            "Romaji", "kokoro", 0, {"1 kokoro: unknown: こころ, kokomo, kokoro[k ah,k ao,r ow]?"}},
+        CheckCase{"ShortRomajiAlone",
+                  "kine",
+                  0,
+                  {"1 kine: unknown: kin, kaine, kline, kine[k ay n]?, きね"}},
+        CheckCase{"ShortRomajiAmongKana",
+                  "yume さ",
+                  1,
+                  {"1 yume: unknown: ゆめ, yue, yum, hume, yume さ[y uw m,s a] for all?"}}),
+    nameOfCase);
+
+INSTANTIATE_TEST_SUITE_P(
+    Japanese, TextCheckAnswer,
+    testing::Values(
+        CheckCase{"Reading", "桜(さくら)が", 4, {"1 桜(さくら): kanji: さくら"}},
+        CheckCase{"ReadingInWideBrackets", "桜（さくら）", 3, {"1 桜（さくら）: kanji: さくら"}},
+        CheckCase{"ReadingInDoubleBrackets", "桜《さくら》", 3, {"1 桜《さくら》: kanji: さくら"}},
+        CheckCase{"ReadingAfterABar", "｜桜《さくら》", 3, {"1 ｜桜《さくら》: kanji: さくら"}},
+        CheckCase{"TwoReadings",
+                  "桜(さくら)と花(はな)",
+                  6,
+                  {"1 桜(さくら): kanji: さくら", "8 花(はな): kanji: はな"}},
+        CheckCase{"WaveAfterKana", "ら～ら", 2, {"1 ら～: long-mark: らー"}},
+        CheckCase{"DashAfterKana", "ラ―", 1, {"1 ラ―: long-mark: ラー"}},
+        CheckCase{"HyphenAfterKana", "ら-", 1, {"1 ら-: long-mark: らー"}},
+        CheckCase{"WideZeroAfterKana", "カ０", 1, {"1 カ０: long-mark: カ0"}},
+        CheckCase{"HyphenAfterHalfWidthKana", "ﾗ-", 0, {"1 ﾗ-: half-width-kana: ラー"}},
+        CheckCase{"BracketOfOneSyllable",
+                  "桜[s a k u r a]",
+                  1,
+                  {"1 桜[s a k u r a]: one-syllable: 桜[s a,k u,r a]"}},
+        CheckCase{"BracketAlone", "[s a k u]", 1, {"1 [s a k u]: one-syllable: [s a,k u]"}},
+        CheckCase{"BracketWithACoda", "[s a N]", 1, {}}),
     nameOfCase);
 
 INSTANTIATE_TEST_SUITE_P(
@@ -241,21 +328,29 @@ TEST_F(TextCheckTest, HasEachLineAndEachSuggestionSungOnce) {
     text.checkLyric("love! さ");
     EXPECT_EQ(proved, (Proved{{"love! さ", {"s a"}}, {"love", {"l ah v"}}}));
     proved.clear();
-    text.checkLyric("love!");
-    EXPECT_EQ(proved, (Proved{{"love!", {}}}));
+    text.checkLyric("さ love!");
+    EXPECT_EQ(proved, (Proved{{"さ love!", {"s a"}}}));
+}
+
+TEST_F(SuggestionSearchTest, ProposesNothingForWhatIsNoWord) {
+    for (const auto& word :
+         {std::u32string(10'000, U'a'), std::u32string(65, U'q'), std::u32string(U"\u0001\u0002"),
+          std::u32string(U"9"), std::u32string(U"''"), std::u32string()}) {
+        EXPECT_TRUE(proposalsFor(word, reader(), true).empty()) << word.size();
+        EXPECT_TRUE(pronunciationsOf(word, reader(), true).empty()) << word.size();
+    }
 }
 
 TEST_F(SuggestionSearchTest, FindsTheLastNeighbourOfALongWord) {
-    const WordInText word{U"", U"Antidisestablishmentarianizm", U""};
-    EXPECT_EQ(SuggestionSearch(reader(), word).run().suggestions,
-              (std::vector<std::u32string>{U"Antidisestablishmentarianism"}));
+    const auto neighbours = knownNeighbours(U"Antidisestablishmentarianizm", reader(), 5);
+    EXPECT_EQ(neighbours, (std::vector<std::u32string>{U"Antidisestablishmentarianism"}));
 }
 
 TEST_F(SuggestionSearchTest, ProposesOnlyWhatIsSungWhereTheWordIs) {
     const WordInText word{U"さ", U"helo", U"ちゃ"};
-    const auto diagnosis = SuggestionSearch(reader(), word).run();
-    ASSERT_EQ(diagnosis.suggestions.size(), SuggestionSearch::kMaxSuggestions);
-    EXPECT_EQ(diagnosis.suggestions.front(), U"hello ");
+    const auto proposals = SuggestionSearch(reader(), word, true).run().proposals;
+    ASSERT_EQ(proposals.size(), kMostProposals);
+    EXPECT_EQ(proposals.front().text, U"hello ");
 }
 
 } // namespace

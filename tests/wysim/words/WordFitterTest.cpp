@@ -54,9 +54,13 @@ SongWord wordOf(const std::string& text, const std::string& notes) {
 
 std::string described(Outcome outcome) {
     static const std::map<Outcome, std::string> names = {
-        {Outcome::AsItIs, "as it is"},        {Outcome::Hyphens, "hyphens"},
-        {Outcome::OtherEntry, "other entry"}, {Outcome::Brackets, "brackets"},
-        {Outcome::Unknown, "unknown"},        {Outcome::DividedOtherwise, "divided otherwise"},
+        {Outcome::AsItIs, "as it is"},
+        {Outcome::Hyphens, "hyphens"},
+        {Outcome::OtherEntry, "other entry"},
+        {Outcome::Brackets, "brackets"},
+        {Outcome::Guess, "guess"},
+        {Outcome::Unknown, "unknown"},
+        {Outcome::DividedOtherwise, "divided otherwise"},
         {Outcome::NotReached, "not reached"},
     };
     return names.at(outcome);
@@ -76,7 +80,7 @@ struct FitCase {
     const char* word;
     const char* notes;
     const char* answer;
-    bool usesBrackets = false;
+    WaysToFit ways = {};
 };
 
 void PrintTo(const FitCase& example, std::ostream* out) {
@@ -87,8 +91,8 @@ void PrintTo(const FitCase& example, std::ostream* out) {
 template <class Base>
 class FitterTest : public EditorTest<Base> {
 protected:
-    static FittedWord fit(const SongWord& word, bool usesBrackets = false) {
-        const auto fitted = WordFitter(reader(), usesBrackets).fit(word);
+    static FittedWord fit(const SongWord& word, WaysToFit ways = {}) {
+        const auto fitted = WordFitter(reader(), ways).fit(word);
         EditorTest<Base>::useEditor([&](simulator::Editor& editor) {
             EXPECT_NO_THROW(Proof(editor).sung(fitted.text, fitted.syllables));
         });
@@ -107,10 +111,11 @@ class WordFitterTest : public FitterTest<testing::Test> {};
 TEST_P(WordFitterAnswer, IsWhatToType) {
     const auto& example = GetParam();
     const auto word = wordOf(example.word, example.notes);
-    EXPECT_EQ(described(fit(word, example.usesBrackets), word.notes), example.answer);
+    EXPECT_EQ(described(fit(word, example.ways), word.notes), example.answer);
 }
 
-constexpr bool kWithBrackets = true;
+constexpr WaysToFit kWithBrackets = {true, false};
+constexpr WaysToFit kWithGuesses = {false, true};
 
 INSTANTIATE_TEST_SUITE_P(
     Fitted, WordFitterAnswer,
@@ -166,6 +171,25 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& test) { return std::string(test.param.name); });
 
 INSTANTIATE_TEST_SUITE_P(
+    Guessed, WordFitterAnswer,
+    testing::Values(
+        FitCase{"WordByAnotherSpelling", "heav'n", "2",
+                "guess: heav'n[hh eh v n,-] [hh eh v n] [-]", kWithGuesses},
+        FitCase{"WordByItsLetters", "yeet", "1", "guess: yeet[y iy t] [y iy t]", kWithGuesses},
+        FitCase{"PronunciationThatTheScoreDivides", "fringed", "1+1",
+                "guess: fringed[f r ih n,jh ih d] [f r ih n] [jh ih d]", kWithGuesses},
+        FitCase{"WordAmongOthers", "love yeet", "1+1",
+                "guess: love yeet[l ah v,y iy t] [l ah v] [y iy t]", kWithGuesses},
+        FitCase{"Romaji", "kokoro", "1+1+1", "guess: kokoro[k o,k o,r o] [k o] [k o] [r o]",
+                kWithGuesses},
+        FitCase{"MarkAtTheWord", "love!", "2", "guess: love![l ah v,-] [l ah v] [-]", kWithGuesses},
+        FitCase{"KnownWordAsWithoutGuesses", "Gloria", "3+1+1",
+                "hyphens: Glo--ria [g l ao] [-] [- ] [r iy] [ah]", kWithGuesses},
+        FitCase{"KanjiWithoutAReading", "桜", "2", "unknown: 桜: \"桜\" is not sung", kWithGuesses},
+        FitCase{"DigitsAlone", "99", "1", "unknown: 99: \"99\" is not sung", kWithGuesses}),
+    [](const auto& test) { return std::string(test.param.name); });
+
+INSTANTIATE_TEST_SUITE_P(
     NotFitted, WordFitterAnswer,
     testing::Values(FitCase{"UnknownWord", "xyzzy", "2", "unknown: xyzzy: \"xyzzy\" is not sung",
                             kWithBrackets},
@@ -200,9 +224,9 @@ std::string repeated(const std::string& text, std::size_t count) {
     return all;
 }
 
-std::size_t conversionsOf(const SongWord& word, bool usesBrackets = false) {
+std::size_t conversionsOf(const SongWord& word, WaysToFit ways = {}) {
     LyricReader reader;
-    WordFitter(reader, usesBrackets).fit(word);
+    WordFitter(reader, ways).fit(word);
     return reader.conversions();
 }
 
@@ -212,7 +236,7 @@ TEST_F(WordFitterTest, ReadsAWordOnceForEachOfItsEntries) {
     EXPECT_EQ(conversionsOf(counted("Gloria", 9)), 1u);
     EXPECT_EQ(conversionsOf(divided("our", {3})), 3u);
     EXPECT_EQ(conversionsOf(counted("our", 5)), 3u);
-    EXPECT_EQ(conversionsOf(divided("fiasco", {1, 1, 3}), true), 1u);
+    EXPECT_EQ(conversionsOf(divided("fiasco", {1, 1, 3}), kWithBrackets), 1u);
     EXPECT_EQ(conversionsOf(counted(repeated("か ", 400), 401)), 1u);
 }
 
@@ -228,7 +252,7 @@ TEST_F(WordFitterTest, FitsAWordOfManySyllables) {
 
 TEST_F(WordFitterTest, SearchesForNothingLongerThanAWord) {
     const auto expectTooLong = [](const SongWord& word) {
-        const auto fitted = fit(word, true);
+        const auto fitted = fit(word, kWithBrackets);
         EXPECT_EQ(fitted.outcome, Outcome::NotReached);
         EXPECT_EQ(fitted.reason, "it is longer than a search goes");
         EXPECT_EQ(fitted.text, word.text);
@@ -241,7 +265,7 @@ TEST_F(WordFitterTest, SearchesForNothingLongerThanAWord) {
 
 TEST_F(WordFitterTest, SearchesOnceForEachWordAndDivision) {
     LyricReader reader;
-    WordFitter fitter(reader, false);
+    WordFitter fitter(reader, {});
     const auto& first = fitter.fit(divided("Gloria", {3, 1, 1}));
     const auto conversions = reader.conversions();
     EXPECT_EQ(&fitter.fit(divided("Gloria", {3, 1, 1})), &first);
@@ -253,8 +277,8 @@ TEST_F(WordFitterTest, SearchesOnceForEachWordAndDivision) {
 TEST_F(WordFitterTest, LeavesItsOwnAnswersAsTheyAre) {
     for (const auto& word :
          {divided("Gloria", {3, 1, 1}), divided("our", {3}), divided("fiasco", {1, 1, 3})}) {
-        const auto fitted = fit(word, true);
-        const auto again = fit(counted(fitted.text, word.notes), true);
+        const auto fitted = fit(word, kWithBrackets);
+        const auto again = fit(counted(fitted.text, word.notes), kWithBrackets);
         EXPECT_EQ(again.outcome, Outcome::AsItIs);
         EXPECT_EQ(again.syllables, fitted.syllables);
     }
@@ -269,7 +293,7 @@ TEST_F(WordFitterTest, HasEachTextTypedOnceIntoTheModule) {
             song.tracks[0].notes.push_back({start, 1, 60, isTyped ? "love" : "", isTyped, false});
         }
         wysim::terminal::Progress progress;
-        const auto words = fitWords(editor, reader(), song, false, progress);
+        const auto words = fitWords(editor, reader(), song, {}, progress);
         ASSERT_EQ(words.size(), 3u);
         EXPECT_EQ(words[0].fitted.text, "love-");
         EXPECT_EQ(words[0].carried, (Syllables{"l ah", "- v"}));

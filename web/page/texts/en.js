@@ -101,9 +101,11 @@ export default {
   findings: {
     "hyphen-holds":
       "The hyphens in “{word}” hold a syllable over more notes. If you did not mean that, take:",
+    "one-syllable": "All of “{word}” goes to one note. If you did not mean that, take:",
     "zero": "The 0 in “{word}” drops the sound before it, or makes a rest.",
   },
   typeSuggestion: "Type “{suggestion}”",
+  typeGuess: "Type “{suggestion}”, a guess",
 
   fitting: "Fitting …",
   betweenSentences: " ",
@@ -114,6 +116,9 @@ export default {
     one: "1 word by another pronunciation", other: "{count} words by another pronunciation",
   },
   brackets: { one: "1 word by brackets", other: "{count} words by brackets" },
+  guesses: {
+    one: "1 word by a proposed pronunciation", other: "{count} words by proposed pronunciations",
+  },
   asTheyAre: {
     one: "1 word was on its notes already.", other: "{count} words were on their notes already.",
   },
@@ -126,4 +131,5 @@ export default {
   goToWord: "Go to “{word}”",
   more: "And {count} more.",
   fitByBrackets: "Fit the rest by phonemes in brackets",
+  fitByGuesses: "Sing unknown words as proposed",
 };

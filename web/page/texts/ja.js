@@ -98,7 +98,7 @@ export default {
   notSung: "「{lyric}」には歌われる部分がありません。",
   lost: "音符が足りないので歌われません: {syllables}。音符を追加して、歌詞をもう一度入力してください。",
   findings: {
-    "unknown": "「{word}」は辞書にないので歌われません。後ろに角括弧で発音記号を書いてください。",
+    "unknown": "「{word}」は辞書にないので歌われません。後ろに角括弧で発音記号を書けば歌われます。",
     "mark": "「{word}」は記号が付いているので歌われません。",
     "apostrophe": "「{word}」はアポストロフィが半角の ' ではないので歌われません。",
     "blank": "「{word}」は半角スペース以外の空白が付いているので歌われません。",
@@ -112,10 +112,14 @@ export default {
     "outside-bracket":
       "「{word}」は歌われません。歌われるのは最後の角括弧だけなので、別の音符に書いてください。",
     "empty-bracket": "「{word}」は角括弧が空なので歌われません。括弧の中に発音記号を書いてください。",
+    "long-mark":
+      "「{word}」は歌われません。かなを伸ばすのは「ー」だけ、音を消すのは半角の 0 だけです。",
+    "one-syllable": "「{word}」の発音はすべて一つの音符に入ります。そのつもりでなければ:",
     "hyphen-holds": "「{word}」のハイフンは、その分だけ後の音符に音を伸ばします。そのつもりでなければ:",
     "zero": "「{word}」の 0 は、直前の音を消すか、音符を無音にします。",
   },
   typeSuggestion: "「{suggestion}」と入力する",
+  typeGuess: "「{suggestion}」と入力する（推測）",
 
   fitting: "合わせています…",
   betweenSentences: "",
@@ -124,6 +128,7 @@ export default {
   hyphens: { other: "ハイフンで {count} 語" },
   otherEntries: { other: "別の発音で {count} 語" },
   brackets: { other: "角括弧で {count} 語" },
+  guesses: { other: "提案した発音で {count} 語" },
   asTheyAre: { other: "{count} 語は、もともと音符に合っています。" },
   notFitted: { other: "合わせられなかったもの: {count} 語。" },
   allInPlace: { other: "{count} 語すべてが音符に合っています。" },
@@ -136,4 +141,5 @@ export default {
   goToWord: "「{word}」へ移動",
   more: "ほかに {count} 件あります。",
   fitByBrackets: "残りを角括弧の発音記号で合わせる",
+  fitByGuesses: "辞書にない単語を提案した発音で歌う",
 };
