@@ -3,6 +3,7 @@
 
 #include "wysim/song/NumberText.h"
 
+#include <algorithm>
 #include <array>
 #include <cctype>
 #include <cstddef>
@@ -13,28 +14,6 @@ namespace {
 
 constexpr std::array kNames = {"C", "C#", "D", "D#", "E", "F", "F#", "G", "G#", "A", "A#", "B"};
 
-// In semitones above C; -1 for what is no name.
-int stepOf(char letter) {
-    switch (std::toupper(static_cast<unsigned char>(letter))) {
-    case 'C':
-        return 0;
-    case 'D':
-        return 2;
-    case 'E':
-        return 4;
-    case 'F':
-        return 5;
-    case 'G':
-        return 7;
-    case 'A':
-        return 9;
-    case 'B':
-        return 11;
-    default:
-        return -1;
-    }
-}
-
 } // namespace
 
 std::string formatPitch(int pitch) {
@@ -42,21 +21,23 @@ std::string formatPitch(int pitch) {
 }
 
 std::optional<int> parsePitch(std::string_view text) {
-    const int step = text.empty() ? -1 : stepOf(text.front());
-    if (step < 0) {
+    const auto letter = static_cast<unsigned char>(text.empty() ? ' ' : text.front());
+    const std::string step(1, static_cast<char>(std::toupper(letter)));
+    const auto* const name = std::find(kNames.begin(), kNames.end(), step);
+    if (name == kNames.end()) {
         return parseInteger(text);
     }
     text.remove_prefix(1);
-    int alter = 0;
+    auto pitch = static_cast<int>(name - kNames.begin());
     if (!text.empty() && (text.front() == '#' || text.front() == 'b')) {
-        alter = text.front() == '#' ? 1 : -1;
+        pitch += text.front() == '#' ? 1 : -1;
         text.remove_prefix(1);
     }
     const auto octave = parseInteger(text);
     if (!octave || *octave < -1 || *octave > 9) {
         return std::nullopt;
     }
-    return (*octave + 1) * 12 + step + alter;
+    return (*octave + 1) * 12 + pitch;
 }
 
 } // namespace wybeta::wysim::song
