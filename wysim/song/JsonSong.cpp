@@ -7,6 +7,7 @@
 #include <nlohmann/json.hpp>
 
 #include <limits>
+#include <vector>
 
 namespace wybeta::wysim::song {
 
@@ -56,8 +57,19 @@ int integer(const json& object, const char* name) {
     return wide < -kMost || wide > kMost ? -1 : value.get<int>();
 }
 
-const json& list(const json& object, const char* name) {
-    return member(object, name, &json::is_array, "a list");
+// Reads each element of a list; what is wrong with one is told with its number.
+template <class Read>
+auto readEach(const json& object, const char* listName, const char* kind, Read read) {
+    std::vector<decltype(read(object))> elements;
+    for (const auto& element : member(object, listName, &json::is_array, "a list")) {
+        try {
+            elements.push_back(read(element));
+        } catch (const BadInput& error) {
+            throw BadInput(error.what() + std::string(" at ") + kind + " " +
+                           std::to_string(elements.size() + 1));
+        }
+    }
+    return elements;
 }
 
 SongNote readNote(const json& object) {
@@ -71,24 +83,8 @@ SongNote readNote(const json& object) {
     return note;
 }
 
-// Runs one reading; what it finds wrong is told with the place.
-template <class Read>
-auto readAt(const std::string& place, Read read) {
-    try {
-        return read();
-    } catch (const BadInput& error) {
-        throw BadInput(error.what() + std::string(" at ") + place);
-    }
-}
-
 SongTrack readTrack(const json& object) {
-    SongTrack track;
-    track.name = text(object, "name");
-    for (const auto& note : list(object, "notes")) {
-        const auto place = "note " + std::to_string(track.notes.size() + 1);
-        track.notes.push_back(readAt(place, [&note] { return readNote(note); }));
-    }
-    return track;
+    return {text(object, "name"), readEach(object, "notes", "note", readNote)};
 }
 
 Song readSong(const json& object) {
@@ -100,10 +96,7 @@ Song readSong(const json& object) {
     song.time.beats = integer(object, "beats");
     song.time.beatType = integer(object, "beatType");
     song.pickup = number(object, "pickup");
-    for (const auto& track : list(object, "tracks")) {
-        const auto place = "track " + std::to_string(song.tracks.size() + 1);
-        song.tracks.push_back(readAt(place, [&track] { return readTrack(track); }));
-    }
+    song.tracks = readEach(object, "tracks", "track", readTrack);
     checkSong(song);
     return song;
 }
