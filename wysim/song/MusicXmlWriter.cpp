@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wysim/song/MusicXmlWriter.h"
 
-#include "wysim/song/NoteValue.h"
 #include "wysim/song/Pitch.h"
+#include "wysim/song/ScoreElements.h"
 #include "wysim/song/ScoreLyric.h"
 
 #include <pugixml.hpp>

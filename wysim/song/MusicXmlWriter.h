@@ -7,9 +7,6 @@
 
 namespace wybeta::wysim::song {
 
-// What a score names as the software that wrote it.
-constexpr auto kSoftware = "wysim";
-
 // The song as an uncompressed MusicXML score, one part for each track. A division is written as a
 // word whose syllables are the texts of its notes.
 std::string musicXmlFromSong(const Song& song);

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wysim/song/ScoreElements.h"
 
-#include "wysim/song/MusicXmlWriter.h"
-#include "wysim/song/NoteValue.h"
 #include "wysim/song/NumberText.h"
 
 #include <optional>
