@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "wysim/song/OpenedSong.h"
+#include "wysim/song/Song.h"
 #include "wysim/terminal/Progress.h"
 
 #include <optional>

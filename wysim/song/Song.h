@@ -39,6 +39,12 @@ struct Song {
     std::vector<SongTrack> tracks;
 };
 
+// A song from a file, and what of the file it does not hold as it is written there.
+struct OpenedSong {
+    Song song;
+    std::vector<std::string> warnings; // each a sentence without its full stop
+};
+
 // What keeps the work on a song finite: about a week of music at a moderate tempo.
 constexpr double kLongestSong = 1'000'000;
 constexpr int kHighestPitch = 127;
