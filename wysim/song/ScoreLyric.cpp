@@ -6,7 +6,6 @@
 #include <utf8cpp/utf8.h>
 
 #include <algorithm>
-#include <iterator>
 
 namespace wybeta::wysim::song {
 
@@ -30,11 +29,9 @@ std::u32string withoutEnds(const std::u32string& text, std::u32string_view unwan
 }
 
 std::u32string withSingleSpaces(std::string_view unchecked) {
-    // A reference to a character may stand for one that there is not.
-    const auto utf8 = utf8::replace_invalid(std::string(unchecked));
     std::u32string text;
-    for (auto next = utf8.begin(); next != utf8.end();) {
-        const char32_t character = utf8::next(next, utf8.end());
+    // A reference to a character may stand for one that there is not.
+    for (const char32_t character : utf8::utf8to32(utf8::replace_invalid(unchecked))) {
         // What no song can hold becomes a blank.
         if (!isOneOf(character, kSpaces) && isTextCharacter(character)) {
             text += character;
@@ -43,12 +40,6 @@ std::u32string withSingleSpaces(std::string_view unchecked) {
         }
     }
     return text;
-}
-
-std::string toUtf8(const std::u32string& text) {
-    std::string utf8;
-    utf8::utf32to8(text.begin(), text.end(), std::back_inserter(utf8));
-    return utf8;
 }
 
 bool isBracket(std::string_view text) {
@@ -68,14 +59,15 @@ ScoreSyllable joined(ScoreSyllable first, const ScoreSyllable& second) {
 }
 
 std::string onOneLine(std::string_view utf8) {
-    return toUtf8(withoutEnds(withSingleSpaces(utf8), kSpaces));
+    return utf8::utf32to8(withoutEnds(withSingleSpaces(utf8), kSpaces));
 }
 
 std::string typedText(std::string_view utf8) {
     auto text = withSingleSpaces(utf8);
     std::replace(text.begin(), text.end(), kTypographicApostrophe, U'\'');
     const bool hasPhonemes = text.find(U'[') != std::u32string::npos;
-    return toUtf8(withoutEnds(text, std::u32string(kSpaces).append(hasPhonemes ? U"" : kMarks)));
+    return utf8::utf32to8(
+        withoutEnds(text, std::u32string(kSpaces).append(hasPhonemes ? U"" : kMarks)));
 }
 
 bool continuesDivision(std::string_view word, std::string_view text) {
