@@ -11,7 +11,6 @@
 #include "wysim/song/Song.h"
 #include "wysim/song/Text.h"
 #include "wysim/song/Time.h"
-#include "wysim/song/VerseChoice.h"
 #include "wysim/song/XmlDocument.h"
 
 #include <pugixml.hpp>
@@ -20,7 +19,6 @@
 #include <cstddef>
 #include <map>
 #include <optional>
-#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -77,11 +75,7 @@ private:
 
     // Where there are words, what is without is an accompaniment, but for the tracks of a session.
     void chooseTracks(const std::vector<ScorePart>& parts) {
-        std::set<int> verses;
-        for (const auto& part : parts) {
-            verses.insert(part.verses.begin(), part.verses.end());
-        }
-        const auto choice = chooseVerse(asked_, verses);
+        const auto choice = chooseVerse(asked_, parts);
         verse_ = choice.verse;
         takesAll_ = !choice.hasWords || isOwnScore(document_.root());
         if (!choice.warning.empty()) {

@@ -3,6 +3,7 @@
 
 #include <pugixml.hpp>
 
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -19,5 +20,14 @@ struct ScorePart {
 
 // The parts in the order of the score.
 std::vector<ScorePart> partsOf(pugi::xml_node score);
+
+struct VerseChoice {
+    int verse = 1;
+    bool hasWords = false;
+    std::string warning; // of what a person may not expect; empty when there is nothing
+};
+
+// Chooses among the verses that have words: the one that is asked for, or else the first.
+VerseChoice chooseVerse(std::optional<int> asked, const std::vector<ScorePart>& parts);
 
 } // namespace wybeta::wysim::song
