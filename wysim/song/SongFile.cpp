@@ -2,12 +2,14 @@
 #include "wysim/song/SongFile.h"
 
 #include "wysim/song/BadInput.h"
-#include "wysim/song/CompressedScore.h"
 #include "wysim/song/JsonSong.h"
 #include "wysim/song/MusicXmlReader.h"
 #include "wysim/song/MusicXmlWriter.h"
 #include "wysim/song/Text.h"
+#include "wysim/song/XmlDocument.h"
+#include "wysim/song/ZipArchive.h"
 
+#include <algorithm>
 #include <cctype>
 #include <cstdint>
 #include <fstream>
@@ -48,8 +50,41 @@ std::string readBytes(const fs::path& path) {
     return bytes;
 }
 
-bool isMusicXml(const std::string& ending) {
+bool isMusicXml(std::string_view ending) {
     return ending == ".musicxml" || ending == ".xml";
+}
+
+bool isCompressed(const std::string& bytes) {
+    return bytes.compare(0, 2, "PK") == 0;
+}
+
+bool mayBeScore(std::string_view name) {
+    const auto ending = name.substr(std::min(name.rfind('.'), name.size()));
+    return isMusicXml(ending) && name.find("META-INF/") != 0;
+}
+
+OpenedSong songFromZip(const std::string& bytes, std::optional<int> verse,
+                       terminal::Progress& progress) {
+    constexpr auto kContainer = "META-INF/container.xml";
+    const ZipArchive archive(bytes);
+    const auto read = [&](const std::string& name) {
+        return songFromMusicXml(archive.unpack(name, kLargestSongFile), verse, progress);
+    };
+    const auto names = archive.names();
+    if (std::find(names.begin(), names.end(), kContainer) != names.end()) {
+        const auto container = archive.unpack(kContainer, kLargestSongFile);
+        const XmlDocument document(container);
+        const auto files = document.root().child("rootfiles");
+        return read(files.child("rootfile").attribute("full-path").value());
+    }
+    const auto score = std::find_if(names.begin(), names.end(), mayBeScore);
+    if (score == names.end()) {
+        throw BadInput::expectedFound("a score in the zip file", "none");
+    }
+    auto opened = read(*score);
+    opened.warnings.insert(opened.warnings.begin(), "the zip file does not name its score; " +
+                                                        inQuotes(*score) + " is read");
+    return opened;
 }
 
 // Runs the reading of a song by the ending of its file's name. What it finds wrong is told with the
@@ -104,13 +139,8 @@ OpenedSong songFromBytes(const std::string& bytes, const std::string& ending,
     if (ending == ".json") {
         return {songFromJson(bytes), {}};
     }
-    if (!isCompressed(bytes)) {
-        return songFromMusicXml(bytes, verse, progress);
-    }
-    auto score = unpackScore(bytes, kLargestSongFile);
-    auto opened = songFromMusicXml(score.bytes, verse, progress);
-    opened.warnings.insert(opened.warnings.begin(), score.warnings.begin(), score.warnings.end());
-    return opened;
+    return isCompressed(bytes) ? songFromZip(bytes, verse, progress)
+                               : songFromMusicXml(bytes, verse, progress);
 }
 
 OpenedSong readSongFile(const fs::path& path, std::optional<int> verse,
