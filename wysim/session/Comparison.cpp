@@ -14,36 +14,22 @@ namespace {
 
 using lyrics::PartKind;
 
-Recognizer recognizerOf(const lyrics::LyricReading& reading) {
+std::string recognizerOf(const lyrics::LyricReading& reading) {
     const auto holds = [&reading](auto... kinds) {
         return std::any_of(reading.parts.begin(), reading.parts.end(),
                            [&](const auto& part) { return ((part.kind == kinds) || ...); });
     };
     if (reading.syllables.empty()) {
-        return Recognizer::Nothing;
+        return "unknown";
     }
     if (holds(PartKind::Bracket)) {
-        return Recognizer::Brackets;
-    }
-    return holds(PartKind::Kana, PartKind::KanaPair) ? Recognizer::Kana : Recognizer::Dictionary;
-}
-
-std::string nameOf(Recognizer knownBy) {
-    switch (knownBy) {
-    case Recognizer::Dictionary:
-        return "dictionary";
-    case Recognizer::Kana:
-        return "kana";
-    case Recognizer::Brackets:
         return "brackets";
-    case Recognizer::Nothing:
-        break;
     }
-    return "unknown";
+    return holds(PartKind::Kana, PartKind::KanaPair) ? "kana" : "dictionary";
 }
 
 std::string verdictOn(const ComparedWord& compared) {
-    if (compared.knownBy == Recognizer::Nothing) {
+    if (compared.syllables == 0) {
         return "-";
     }
     const auto notes = compared.word.notes;
@@ -62,16 +48,12 @@ std::vector<ComparedWord> compareWords(simulator::Editor& editor, words::LyricRe
         throw song::BadInput::expectedFound("a song with words to compare", "none");
     }
     Proof proof(editor);
-    std::map<std::string, lyrics::LyricReading> readings;
     std::vector<ComparedWord> compared;
     progress.start("comparing", words.size());
     for (const auto& word : words) {
-        const auto [known, isNew] = readings.try_emplace(word.text);
-        if (isNew) {
-            known->second = reader.read(word.text);
-        }
-        const auto& sung = proof.sung(word.text, known->second.syllables);
-        compared.push_back({word, sung.size(), recognizerOf(known->second)});
+        const auto reading = reader.read(word.text);
+        const auto& sung = proof.sung(word.text, reading.syllables);
+        compared.push_back({word, sung.size(), recognizerOf(reading)});
         progress.step();
     }
     progress.finish();
@@ -83,12 +65,12 @@ std::string comparisonText(const std::vector<ComparedWord>& words) {
     std::map<std::string, std::size_t> totals;
     for (const auto& compared : words) {
         const auto& word = compared.word;
-        const auto knownBy = nameOf(compared.knownBy);
         const auto verdict = verdictOn(compared);
-        ++totals[knownBy];
+        ++totals[compared.knownBy];
         ++totals[verdict];
-        table.add({std::to_string(word.track), std::to_string(word.note), word.text, knownBy,
-                   std::to_string(word.notes), std::to_string(compared.syllables), verdict});
+        table.add({std::to_string(word.track), std::to_string(word.note), word.text,
+                   compared.knownBy, std::to_string(word.notes), std::to_string(compared.syllables),
+                   verdict});
     }
     const auto total = [&totals](const char* name) { return std::to_string(totals[name]); };
     return table.text() + "words: " + std::to_string(words.size()) +

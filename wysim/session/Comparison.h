@@ -13,13 +13,10 @@
 
 namespace wybeta::wysim::session {
 
-// What it was in the extension that divided a word.
-enum class Recognizer { Nothing, Dictionary, Kana, Brackets };
-
 struct ComparedWord {
     words::SongWord word;
     std::size_t syllables; // that the extension gives
-    Recognizer knownBy;
+    std::string knownBy;   // what in the extension divided it: "dictionary", "kana", "brackets"
 };
 
 // Types each word of the song into an empty track of an editor that holds nothing else. Throws
