@@ -15,39 +15,29 @@ using simulator::Change;
 using simulator::Event;
 using simulator::Handle;
 
-// The notes of a track as one note among them sees them: it counts as gone.
-class OtherNotes {
-public:
-    OtherNotes(const SongInEditor& song, std::size_t track, const Event* except)
-        : song_(song), track_(track), except_(except) {}
-
-    // Where a note goes. Throws BadInput when another sounds at its time.
-    std::size_t placeFor(const song::SongNote& note) const {
-        std::size_t place = 0;
-        for (std::size_t i = 0; i < song_.countNotes(track_); ++i) {
-            const auto& event = song_.note(track_, i);
-            if (&event == except_) {
-                continue;
-            }
-            song::SongNote other;
-            other.start = event.startInPart;
-            other.length = event.duration;
-            const bool isFirst = other.start < note.start;
-            if (isFirst ? overlap(other, note) : overlap(note, other)) {
-                throw song::BadInput::expectedFound("a time at which no other note sounds",
-                                                    "one at which note " + std::to_string(i + 1) +
-                                                        " does");
-            }
-            place += isFirst ? 1 : 0;
+// Where a note goes among the notes of a track other than `except`. Throws BadInput when one of
+// them sounds at its time.
+std::size_t placeFor(const song::SongNote& note, const SongInEditor& song, std::size_t track,
+                     const Event* except = nullptr) {
+    std::size_t place = 0;
+    for (std::size_t i = 0; i < song.countNotes(track); ++i) {
+        const auto& event = song.note(track, i);
+        if (&event == except) {
+            continue;
         }
-        return place;
+        song::SongNote other;
+        other.start = event.startInPart;
+        other.length = event.duration;
+        const bool isFirst = other.start < note.start;
+        if (isFirst ? overlap(other, note) : overlap(note, other)) {
+            throw song::BadInput::expectedFound("a time at which no other note sounds",
+                                                "one at which note " + std::to_string(i + 1) +
+                                                    " does");
+        }
+        place += isFirst ? 1 : 0;
     }
-
-private:
-    const SongInEditor& song_;
-    std::size_t track_;
-    const Event* except_;
-};
+    return place;
+}
 
 Change placing(Event& note, const song::SongNote& place) {
     const Handle<Event> event(&note);
@@ -86,7 +76,7 @@ void SongEditing::typeAll(const std::vector<TypedLyric>& lyrics) {
 
 std::size_t SongEditing::add(std::size_t track, const song::SongNote& note) {
     song::checkNote(note);
-    const auto index = OtherNotes(song_, track, nullptr).placeFor(note);
+    const auto index = placeFor(note, song_, track);
     const auto event = makeNote(editor_.state(), note);
     std::vector<Change> changes = {simulator::insertion(song_.part(track), index, event)};
     if (!note.lyric.empty()) {
@@ -99,7 +89,7 @@ std::size_t SongEditing::add(std::size_t track, const song::SongNote& note) {
 std::size_t SongEditing::move(std::size_t track, std::size_t note, const song::SongNote& place) {
     song::checkNote(place);
     auto& event = song_.note(track, note);
-    const auto index = OtherNotes(song_, track, &event).placeFor(place);
+    const auto index = placeFor(place, song_, track, &event);
     if (isThere(event, place)) {
         return note;
     }
