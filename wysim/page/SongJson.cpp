@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wysim/page/SongJson.h"
 
-#include "wysim/page/NoteKind.h"
 #include "wysim/picture/NoteText.h"
 #include "wysim/song/Pitch.h"
 #include "wysim/song/Song.h"
@@ -50,6 +49,18 @@ void addNumber(std::string& json, double value) {
     json.append(std::begin(digits), end.ptr);
 }
 
+// What a note carries, as a page tells it apart: a lyric that is sung begins here, a further
+// syllable of the word before, a lyric without phonemes, or nothing.
+std::string_view kindOf(const song::SongNote& note, const picture::NoteText& text) {
+    if (note.lyric.empty()) {
+        return "empty";
+    }
+    if (text.syllable.empty()) {
+        return "unsung";
+    }
+    return text.lyric.empty() && !note.typed ? "further" : "word";
+}
+
 // In WebAssembly, a call with an object to destroy in sight is slow, since exceptions go through
 // JavaScript there. The functions that write most of the text have none, and stay functions of
 // their own: 10 milliseconds for 5,000 notes and not 17.
@@ -74,7 +85,7 @@ void addNumber(std::string& json, double value) {
     json += R"(,"phonemes":)";
     addQuoted(json, text.syllable);
     json += R"(,"kind":)";
-    addQuoted(json, nameOf(kindOf(note, text)));
+    addQuoted(json, kindOf(note, text));
     json += R"(,"typed":)";
     addQuoted(json, typed);
 }
