@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wysim/page/SongPage.h"
 
-#include "wysim/page/PageFile.h"
 #include "wysim/page/SongJson.h"
 #include "wysim/picture/NoteText.h"
+#include "wysim/picture/SongPicture.h"
 #include "wysim/session/Proof.h"
 #include "wysim/song/BadInput.h"
 #include "wysim/song/Example.h"
@@ -19,6 +19,7 @@
 #include <algorithm>
 #include <exception>
 #include <filesystem>
+#include <map>
 #include <new>
 #include <optional>
 #include <utility>
@@ -51,6 +52,17 @@ std::string errorOf(const std::string& sentence) {
 // What a person calls the song: its title, or the name of its file without the ending.
 std::string nameOf(const song::Song& song, const std::filesystem::path& file) {
     return words::trimmed(song.title).empty() ? file.stem().u8string() : song.title;
+}
+
+// The song's name without what some systems do not take in the name of a file.
+std::string fileName(const std::string& song, const std::string& kind) {
+    constexpr std::string_view kForbidden = "/\\:*?\"<>|";
+    auto name = std::string(words::trimmed(song));
+    std::replace_if(
+        name.begin(), name.end(),
+        [&](char character) { return kForbidden.find(character) != std::string_view::npos; }, '-');
+    name.erase(0, name.find_first_not_of('.'));
+    return (name.empty() ? "song" : name) + "." + kind;
 }
 
 song::SongNote noteOf(double start, double length, int pitch) {
@@ -193,8 +205,22 @@ std::string SongPage::fit(bool usesBrackets, bool usesGuesses) {
 
 std::string SongPage::save(const std::string& kind) {
     return answer([&] {
+        static const std::map<std::string, const char*> kMimeTypes = {
+            {"musicxml", "application/vnd.recordare.musicxml+xml"},
+            {"json", "application/json"},
+            {"svg", "image/svg+xml"}};
         const auto& open = openSong();
-        return fileJson(kind, open.name, open.opened, open.editing.inEditor().song());
+        const auto mime = kMimeTypes.find(kind);
+        if (mime == kMimeTypes.end()) {
+            throw song::BadInput::expectedFound("the kind musicxml, json or svg",
+                                                words::inQuotes(kind));
+        }
+        const auto now = open.editing.inEditor().song();
+        const auto text = kind == "svg" ? picture::svgPicture(open.opened, now)
+                                        : song::songFileText("song." + kind, now);
+        const nlohmann::ordered_json file = {
+            {"name", fileName(open.name, kind)}, {"mime", mime->second}, {"text", text}};
+        return file.dump();
     });
 }
 
