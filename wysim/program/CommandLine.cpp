@@ -68,28 +68,12 @@ int verseFrom(const std::string& text, const std::string& song) {
     return *verse;
 }
 
-std::string scriptFrom(const std::string& name) {
-    if (name.empty()) {
-        throw song::BadInput::expectedFound("the name of a file as --script", "nothing");
+void expectEnding(const std::optional<std::string>& file, const std::vector<std::string>& endings,
+                  const char* expected) {
+    if (file &&
+        std::count(endings.begin(), endings.end(), song::endingOf(fs::u8path(*file))) == 0) {
+        throw song::BadInput::expectedFound(expected, words::inQuotes(*file));
     }
-    return name;
-}
-
-std::string pictureFrom(const std::string& name) {
-    if (song::endingOf(fs::u8path(name)) != ".svg") {
-        throw song::BadInput::expectedFound("a name that ends in .svg as --svg",
-                                            words::inQuotes(name));
-    }
-    return name;
-}
-
-std::string songFileFrom(const std::string& name) {
-    const auto ending = song::endingOf(fs::u8path(name));
-    if (ending != ".json" && ending != ".musicxml" && ending != ".xml") {
-        throw song::BadInput::expectedFound(
-            "a name that ends in .json, .musicxml or .xml as --save", words::inQuotes(name));
-    }
-    return name;
 }
 
 // The options as CLI11 finds them, and what becomes of them.
@@ -100,7 +84,7 @@ public:
         app_.set_version_flag("--version", "wysim " WYSIM_VERSION, "Tell the version and end");
         addFile(app_, "SONG", "The song to open");
         addVerse(app_);
-        app_.add_option("--script", script_,
+        app_.add_option("--script", line_.script,
                         "Take the commands from a file, or from - (standard input)")
             ->type_name("FILE");
         addPicture(app_);
@@ -128,7 +112,7 @@ public:
         }
         takeFile();
         expectOwnOptions();
-        takeOptions();
+        checkValues();
         return line_;
     }
 
@@ -167,7 +151,7 @@ private:
                      "Write phonemes in brackets where nothing else fits");
         fit.add_flag("--guess", line_.ways.guesses,
                      "Write phonemes in brackets for words that are not sung, guessed if need be");
-        fit.add_option("--save", save_, "Write the song with the fitted words typed")
+        fit.add_option("--save", line_.save, "Write the song with the fitted words typed")
             ->type_name("FILE");
         addPicture(fit);
     }
@@ -197,7 +181,8 @@ private:
             ->type_name("N");
     }
     void addPicture(CLI::App& app) {
-        app.add_option("--svg", svg_, "Write a picture of the song, before and after, at the end")
+        app.add_option("--svg", line_.svg,
+                       "Write a picture of the song, before and after, at the end")
             ->type_name("FILE");
     }
     void addModule(CLI::App& app) {
@@ -221,44 +206,34 @@ private:
 
     // Options of a session can stand before a command as well.
     void expectOwnOptions() const {
-        const auto expectNone = [](const std::optional<std::string>& value, const char* option) {
-            if (value) {
+        const auto expectNone = [](bool isGiven, const char* option) {
+            if (isGiven) {
                 throw song::BadInput::expectedFound("an option that the command has", option);
             }
         };
-        if (line_.command != Command::Open) {
-            expectNone(script_, "--script");
-        }
-        if (line_.command == Command::Compare || line_.command == Command::Check) {
-            expectNone(svg_, "--svg");
-        }
-        if (line_.command == Command::Check) {
-            expectNone(verse_, "--verse");
-        }
+        const bool isCheck = line_.command == Command::Check;
+        const bool draws = !isCheck && line_.command != Command::Compare;
+        expectNone(line_.script && line_.command != Command::Open, "--script");
+        expectNone(line_.svg && !draws, "--svg");
+        expectNone(verse_ && isCheck, "--verse");
     }
 
-    void takeOptions() {
+    void checkValues() {
         if (verse_) {
             line_.verse = verseFrom(*verse_, line_.file);
         }
-        if (script_) {
-            line_.script = scriptFrom(*script_);
+        if (line_.script && line_.script->empty()) {
+            throw song::BadInput::expectedFound("the name of a file as --script", "nothing");
         }
-        if (svg_) {
-            line_.svg = pictureFrom(*svg_);
-        }
-        if (save_) {
-            line_.save = songFileFrom(*save_);
-        }
+        expectEnding(line_.svg, {".svg"}, "a name that ends in .svg as --svg");
+        expectEnding(line_.save, {".json", ".musicxml", ".xml"},
+                     "a name that ends in .json, .musicxml or .xml as --save");
     }
 
     CLI::App app_{kDescription, "wysim"};
     CommandLine line_;
     std::vector<std::string> files_;
     std::optional<std::string> verse_;
-    std::optional<std::string> script_;
-    std::optional<std::string> svg_;
-    std::optional<std::string> save_;
 };
 
 } // namespace

@@ -18,11 +18,11 @@ struct CommandLine {
     std::string module; // empty: the one that was built with the program
     // The song, or the text for Check, where "-" is standard input; empty: the built-in example.
     std::string file;
-    std::optional<int> verse; // none: the first one that has words
-    std::string script;       // empty: the session is at the terminal; "-": in standard input
-    std::string svg;          // empty: no picture
-    std::string save;         // empty: the fitted song is not written
-    words::WaysToFit ways;    // to fit
+    std::optional<int> verse;          // none: the first one that has words
+    std::optional<std::string> script; // none: commands are typed; "-": from standard input
+    std::optional<std::string> svg;    // none: no picture
+    std::optional<std::string> save;   // none: the fitted song is not written
+    words::WaysToFit ways;             // to fit
     bool writesJson = false;
     // When not empty, there is nothing to do but show this.
     std::string help;

@@ -24,11 +24,8 @@
 #include <cstddef>
 #include <exception>
 #include <filesystem>
-#include <fstream>
 #include <functional>
-#include <optional>
 #include <stdexcept>
-#include <system_error>
 #include <utility>
 
 namespace wybeta::wysim::program {
@@ -45,34 +42,24 @@ constexpr auto kExampleHint =
     "sing something else, and 'save FILE.svg' to draw it. To open a song of your own, run\n"
     "'wysim SONG', or drop the song on the program. 'wysim --help' tells of more.\n";
 
-// The commands of a script. Mistakes are told with their lines, and the script goes on.
-class Script {
-public:
-    Script(std::istream& lines, std::string name, const Streams& streams)
-        : lines_(lines), name_(std::move(name)), streams_(streams) {}
-
-    int run(session::Session& session) {
-        int status = kDone;
-        std::string line;
-        for (std::size_t number = 1; !session.isOver() && std::getline(lines_, line); ++number) {
-            try {
-                streams_.out << "> " << words::withoutReturn(line) << "\n";
-                session.run(words::withoutReturn(line));
-            } catch (const song::BadInput& error) {
-                streams_.out.flush();
-                streams_.err << "wysim: " << name_ << ", line " << number << ": " << error.what()
-                             << "; nothing changed.\n";
-                status = kBadInput;
-            }
+// Runs the commands of a script. Mistakes are told with their lines, and the script goes on.
+int runScript(std::istream& lines, const std::string& name, session::Session& session,
+              const Streams& streams) {
+    int status = kDone;
+    std::string line;
+    for (std::size_t number = 1; !session.isOver() && std::getline(lines, line); ++number) {
+        try {
+            streams.out << "> " << words::withoutReturn(line) << "\n";
+            session.run(words::withoutReturn(line));
+        } catch (const song::BadInput& error) {
+            streams.out.flush();
+            streams.err << "wysim: " << name << ", line " << number << ": " << error.what()
+                        << "; nothing changed.\n";
+            status = kBadInput;
         }
-        return status;
     }
-
-private:
-    std::istream& lines_;
-    std::string name_;
-    const Streams& streams_;
-};
+    return status;
+}
 
 int runPrompt(session::Session& session, const Streams& streams) {
     streams.out << "'help' lists the commands, 'quit' ends.\n";
@@ -93,24 +80,17 @@ int runPrompt(session::Session& session, const Streams& streams) {
 }
 
 int runCommands(session::Session& session, const CommandLine& line, const Streams& streams) {
-    if (line.script == "-") {
-        return Script(streams.in, "standard input", streams).run(session);
-    }
-    if (!line.script.empty()) {
-        const auto path = std::filesystem::u8path(line.script);
-        std::ifstream file(path);
-        std::error_code ignored;
-        if (!file || std::filesystem::is_directory(path, ignored)) {
-            throw song::BadInput::expectedFound("a script that can be read",
-                                                "none at " + line.script);
-        }
-        return Script(file, line.script, streams).run(session);
-    }
-    if (!line.svg.empty()) {
+    if (!line.script && line.svg) {
         return kDone;
     }
-    return streams.isInputTerminal ? runPrompt(session, streams)
-                                   : Script(streams.in, "standard input", streams).run(session);
+    if (!line.script && streams.isInputTerminal) {
+        return runPrompt(session, streams);
+    }
+    if (!line.script || line.script == "-") {
+        return runScript(streams.in, "standard input", session, streams);
+    }
+    auto file = openTextFile(*line.script, "a script that can be read");
+    return runScript(file, *line.script, session, streams);
 }
 
 void printSummary(const song::Song& song, const std::string& file, std::ostream& out) {
@@ -130,8 +110,8 @@ int runSession(const CommandLine& line, const song::Song& song, simulator::Edito
     }
     session::Session session(editor, reader, song, std::filesystem::u8path(line.file), streams.out);
     const int status = runCommands(session, line, streams);
-    if (!line.svg.empty()) {
-        write(line.svg, session.picture(), streams.out);
+    if (line.svg) {
+        write(*line.svg, session.picture(), streams.out);
     }
     return status;
 }
@@ -151,11 +131,11 @@ int runFit(const CommandLine& line, const song::Song& song, simulator::Editor& e
         session::fitWords(editor, reader, words::withPlainWords(reader, song), line.ways, progress);
     out << session::fittingTable(words);
     const auto fitted = session::fittedSong(song, words);
-    if (!line.save.empty()) {
-        write(line.save, song::songFileText(std::filesystem::u8path(line.save), fitted), out);
+    if (line.save) {
+        write(*line.save, song::songFileText(std::filesystem::u8path(*line.save), fitted), out);
     }
-    if (!line.svg.empty()) {
-        write(line.svg, session::fittedPicture(editor, fitted), out);
+    if (line.svg) {
+        write(*line.svg, session::fittedPicture(editor, fitted), out);
     }
     out << session::fittingTotals(words, line.ways);
     return session::areAllFitted(words) ? kDone : kWordsLeft;
@@ -189,8 +169,8 @@ int runCheck(const CommandLine& line, const std::vector<std::string>& text,
 // Never writes over what was read.
 void expectOtherFiles(const CommandLine& line) {
     for (const auto& written : {line.svg, line.save}) {
-        if (!written.empty()) {
-            song::expectOtherFile(std::filesystem::u8path(written),
+        if (written) {
+            song::expectOtherFile(std::filesystem::u8path(*written),
                                   std::filesystem::u8path(line.file));
         }
     }
@@ -218,21 +198,17 @@ int useModule(const CommandLine& line, const std::function<int(simulator::Editor
 }
 
 int run(const CommandLine& line, const Streams& streams) {
-    std::optional<terminal::Progress> progress;
-    if (streams.isErrorTerminal) {
-        progress.emplace(streams.err);
-    } else {
-        progress.emplace();
-    }
+    auto progress =
+        streams.isErrorTerminal ? terminal::Progress(streams.err) : terminal::Progress();
     if (line.command == Command::Check) {
         const auto text = readTextLines(line.file, streams.in);
         return useModule(line, [&](simulator::Editor& editor) {
-            return runCheck(line, text, editor, *progress, streams.out);
+            return runCheck(line, text, editor, progress, streams.out);
         });
     }
-    const auto song = openSong(line, *progress, streams.err);
+    const auto song = openSong(line, progress, streams.err);
     return useModule(line, [&](simulator::Editor& editor) {
-        return runOnSong(line, song, editor, *progress, streams);
+        return runOnSong(line, song, editor, progress, streams);
     });
 }
 

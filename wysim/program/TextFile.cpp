@@ -5,7 +5,6 @@
 #include "wysim/words/Wording.h"
 
 #include <filesystem>
-#include <fstream>
 #include <string_view>
 #include <system_error>
 
@@ -34,16 +33,21 @@ std::vector<std::string> readLines(std::istream& text) {
 
 } // namespace
 
-std::vector<std::string> readTextLines(const std::string& name, std::istream& standardInput) {
-    if (name == "-") {
-        return readLines(standardInput);
-    }
+std::ifstream openTextFile(const std::string& name, const std::string& expected) {
     const auto path = std::filesystem::u8path(name);
     std::ifstream file(path, std::ios::binary);
     std::error_code ignored;
     if (!file || std::filesystem::is_directory(path, ignored)) {
-        throw song::BadInput::expectedFound("a text that can be read", "none at " + name);
+        throw song::BadInput::expectedFound(expected, "none at " + name);
     }
+    return file;
+}
+
+std::vector<std::string> readTextLines(const std::string& name, std::istream& standardInput) {
+    if (name == "-") {
+        return readLines(standardInput);
+    }
+    auto file = openTextFile(name, "a text that can be read");
     return readLines(file);
 }
 
