@@ -52,22 +52,18 @@ RollLayout::RollLayout(const song::Song& song, const song::SongTrack& before,
     : measureLength_(song.time.measureLength()),
       origin_(song.pickup > 0 ? song.pickup - measureLength_ : 0) {
     std::vector<double> needs;
-    addNeeds(before, needs);
-    addNeeds(after, needs);
+    for (const auto* const track : {&before, &after}) {
+        addNeeds(*track, needs);
+        for (const auto& note : track->notes) {
+            lowest_ = std::min(lowest_, note.pitch);
+            highest_ = std::max(highest_, note.pitch);
+        }
+    }
     const double measureWidth = enoughFor(std::move(needs)) * measureLength_;
     rowLength_ = std::max(1.0, std::floor(width / measureWidth)) * measureLength_;
     pixelsPerQuarter_ = width / rowLength_;
-    findPitches(before);
-    findPitches(after);
     lowest_ = std::min(lowest_, highest_);
     pixelsPerSemitone_ = std::min(kSemitone, kTallestRoll / (highest_ - lowest_ + 1));
-}
-
-void RollLayout::findPitches(const song::SongTrack& track) {
-    for (const auto& note : track.notes) {
-        lowest_ = std::min(lowest_, note.pitch);
-        highest_ = std::max(highest_, note.pitch);
-    }
 }
 
 double RollLayout::rowHeight() const {

@@ -35,8 +35,6 @@ public:
     int highestPitch() const { return highest_; }
 
 private:
-    void findPitches(const song::SongTrack& track);
-
     double measureLength_;
     double origin_; // the start of the first measure, as if it were complete
     double rowLength_ = 0;

@@ -13,6 +13,7 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <initializer_list>
 #include <map>
 #include <sstream>
 #include <tuple>
@@ -58,11 +59,18 @@ void set(xml_node node, const char* name, const std::string& value) {
     node.append_attribute(name).set_value(value.c_str());
 }
 
-xml_node addText(xml_node parent, double x, double y, const char* kind, const std::string& text) {
-    auto element = parent.append_child("text");
-    set(element, "x", pixels(x));
-    set(element, "y", pixels(y));
+xml_node addShape(xml_node parent, const char* shape, const char* kind,
+                  std::initializer_list<std::pair<const char*, double>> sizes) {
+    auto element = parent.append_child(shape);
+    for (const auto& [name, value] : sizes) {
+        set(element, name, pixels(value));
+    }
     set(element, "class", kind);
+    return element;
+}
+
+xml_node addText(xml_node parent, double x, double y, const char* kind, const std::string& text) {
+    auto element = addShape(parent, "text", kind, {{"x", x}, {"y", y}});
     element.text().set(text.c_str());
     return element;
 }
@@ -83,23 +91,13 @@ void addFittingText(xml_node parent, double x, double y, const char* kind, const
 }
 
 void addLine(xml_node parent, double x1, double y1, double x2, double y2, const char* kind) {
-    auto line = parent.append_child("line");
-    set(line, "x1", pixels(x1));
-    set(line, "y1", pixels(y1));
-    set(line, "x2", pixels(x2));
-    set(line, "y2", pixels(y2));
-    set(line, "class", kind);
+    addShape(parent, "line", kind, {{"x1", x1}, {"y1", y1}, {"x2", x2}, {"y2", y2}});
 }
 
 xml_node addBox(xml_node parent, double x, double y, double width, double height,
                 const char* kind) {
-    auto box = parent.append_child("rect");
-    set(box, "x", pixels(x));
-    set(box, "y", pixels(y));
-    set(box, "width", pixels(width));
-    set(box, "height", pixels(height));
-    set(box, "class", kind);
-    return box;
+    return addShape(parent, "rect", kind,
+                    {{"x", x}, {"y", y}, {"width", width}, {"height", height}});
 }
 
 xml_node addGroup(xml_node parent, double x, double y) {
