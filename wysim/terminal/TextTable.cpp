@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <utility>
 
 namespace wybeta::wysim::terminal {
 
@@ -21,16 +20,7 @@ std::size_t columnsOf(const std::string& utf8) {
     return columns;
 }
 
-std::string withoutTrailingSpace(std::string line) {
-    line.erase(line.find_last_not_of(' ') + 1);
-    return line;
-}
-
 } // namespace
-
-void TextTable::add(std::vector<std::string> cells) {
-    rows_.push_back(std::move(cells));
-}
 
 std::string TextTable::text() const {
     std::vector<std::size_t> widths(rows_.front().size());
@@ -45,7 +35,8 @@ std::string TextTable::text() const {
         for (std::size_t i = 0; i < row.size(); ++i) {
             line += "  " + row[i] + std::string(widths[i] - columnsOf(row[i]), ' ');
         }
-        text += withoutTrailingSpace(line) + "\n";
+        line.erase(line.find_last_not_of(' ') + 1);
+        text += line + "\n";
     }
     return text;
 }

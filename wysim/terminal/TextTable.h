@@ -13,7 +13,7 @@ public:
     explicit TextTable(std::vector<std::string> headings) { add(std::move(headings)); }
 
     // As many UTF-8 cells as there are headings.
-    void add(std::vector<std::string> cells);
+    void add(std::vector<std::string> cells) { rows_.push_back(std::move(cells)); }
     std::string text() const;
 
 private:
