@@ -30,9 +30,13 @@ void Progress::step() {
         return;
     }
     const auto now = clock_();
-    if (now >= nextShow_) {
-        show(now);
+    if (now < nextShow_) {
+        return;
     }
+    const std::size_t percent = steps_ == 0 ? 100 : 100 * done_ / steps_;
+    *terminal_ << "\r" << work_ << " " << percent << " %" << std::flush;
+    isShown_ = true;
+    nextShow_ = now + 100ms;
 }
 
 void Progress::finish() {
@@ -40,13 +44,6 @@ void Progress::finish() {
         *terminal_ << "\r" << std::string(work_.size() + 6, ' ') << "\r" << std::flush;
         isShown_ = false;
     }
-}
-
-void Progress::show(std::chrono::steady_clock::time_point now) {
-    const std::size_t percent = steps_ == 0 ? 100 : 100 * done_ / steps_;
-    *terminal_ << "\r" << work_ << " " << percent << " %" << std::flush;
-    isShown_ = true;
-    nextShow_ = now + 100ms;
 }
 
 } // namespace wybeta::wysim::terminal

@@ -31,8 +31,6 @@ public:
     void finish();
 
 private:
-    void show(std::chrono::steady_clock::time_point now);
-
     std::ostream* terminal_ = nullptr;
     Clock clock_;
     std::string work_;
