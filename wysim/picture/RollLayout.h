@@ -18,7 +18,6 @@ public:
     RollLayout(const song::Song& song, const song::SongTrack& before, const song::SongTrack& after,
                double width);
 
-    double measureLength() const { return measureLength_; }
     double measuresPerRow() const { return rowLength_ / measureLength_; }
     double rowHeight() const;
 

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wysim/song/NumberText.h"
 
-#include "wysim/song/Text.h"
-
 #include <charconv>
 #include <cmath>
 #include <locale>
@@ -12,6 +10,14 @@
 namespace wybeta::wysim::song {
 
 namespace {
+
+std::string_view trimmed(std::string_view text) {
+    constexpr std::string_view kSpace = " \t\r\n";
+    const auto first = text.find_first_not_of(kSpace);
+    return first == std::string_view::npos
+               ? std::string_view()
+               : text.substr(first, text.find_last_not_of(kSpace) - first + 1);
+}
 
 // Some libraries read hexadecimal digits as well.
 bool isDecimal(std::string_view text) {

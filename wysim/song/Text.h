@@ -8,9 +8,6 @@
 
 namespace wybeta::wysim::song {
 
-// Without the white space around it.
-std::string_view trimmed(std::string_view text);
-
 // What a person gave, for a message: 'this'; or what stands for a text that is empty.
 std::string inQuotes(std::string_view text, const char* ifEmpty = "nothing");
 
