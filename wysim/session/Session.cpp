@@ -158,9 +158,9 @@ const Session::Command& Session::commandNamed(std::string_view name) {
 
 void Session::change(const Command& command, std::string_view arguments) {
     remarks_.clear();
-    const SongChanges changes(inEditor());
+    const auto before = placedNotes(inEditor());
     (this->*command.perform)(arguments);
-    auto lines = changes.lines();
+    auto lines = changesSince(before, inEditor());
     if (lines.empty()) {
         lines.emplace_back("no lyric changed");
     }

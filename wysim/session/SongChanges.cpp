@@ -9,57 +9,56 @@ namespace wybeta::wysim::session {
 
 namespace {
 
-template <class Places>
-auto byEvent(const Places& places) {
-    std::unordered_map<const simulator::Event*, const typename Places::value_type*> index;
-    for (const auto& place : places) {
-        index.emplace(place.event.get(), &place);
+auto byEvent(const std::vector<PlacedNote>& notes) {
+    std::unordered_map<const simulator::Event*, const PlacedNote*> index;
+    for (const auto& note : notes) {
+        index.emplace(note.event.get(), &note);
     }
     return index;
 }
 
-} // namespace
-
-SongChanges::SongChanges(const SongInEditor& song) : song_(song), before_(placesNow()) {}
-
-std::vector<std::string> SongChanges::lines() const {
-    const auto now = placesNow();
-    const auto old = byEvent(before_);
-    const auto present = byEvent(now);
-    std::vector<std::string> lines;
-    for (const auto& place : before_) {
-        if (present.find(place.event.get()) == present.end()) {
-            lines.push_back(nameOf(place) + " is gone: " + words::inDoubleQuotes(place.lyric));
-        }
-    }
-    for (const auto& place : now) {
-        const auto found = old.find(place.event.get());
-        if (found == old.end()) {
-            lines.push_back(nameOf(place) + " is new: " + words::inDoubleQuotes(place.lyric));
-        } else if (found->second->lyric != place.lyric) {
-            lines.push_back(nameOf(place) + ": " + words::inDoubleQuotes(found->second->lyric) +
-                            " -> " + words::inDoubleQuotes(place.lyric));
-        }
-    }
-    return lines;
+std::string nameOf(const PlacedNote& placed, const SongInEditor& song) {
+    const auto note = "note " + std::to_string(placed.index + 1);
+    return song.countTracks() == 1 ? note
+                                   : "track " + std::to_string(placed.track + 1) + ", " + note;
 }
 
-SongChanges::Places SongChanges::placesNow() const {
-    Places places;
-    for (std::size_t track = 0; track < song_.countTracks(); ++track) {
-        for (std::size_t index = 0; index < song_.countNotes(track); ++index) {
-            simulator::Event& event = song_.note(track, index);
-            places.push_back(
+} // namespace
+
+std::vector<PlacedNote> placedNotes(const SongInEditor& song) {
+    std::vector<PlacedNote> notes;
+    for (std::size_t track = 0; track < song.countTracks(); ++track) {
+        for (std::size_t index = 0; index < song.countNotes(track); ++index) {
+            simulator::Event& event = song.note(track, index);
+            notes.push_back(
                 {simulator::Handle<simulator::Event>(&event), track, index, event.lyric()});
         }
     }
-    return places;
+    return notes;
 }
 
-std::string SongChanges::nameOf(const Place& place) const {
-    const auto note = "note " + std::to_string(place.index + 1);
-    return song_.countTracks() == 1 ? note
-                                    : "track " + std::to_string(place.track + 1) + ", " + note;
+std::vector<std::string> changesSince(const std::vector<PlacedNote>& before,
+                                      const SongInEditor& song) {
+    const auto now = placedNotes(song);
+    const auto old = byEvent(before);
+    const auto present = byEvent(now);
+    std::vector<std::string> lines;
+    for (const auto& note : before) {
+        if (present.count(note.event.get()) == 0) {
+            lines.push_back(nameOf(note, song) + " is gone: " + words::inDoubleQuotes(note.lyric));
+        }
+    }
+    for (const auto& note : now) {
+        const auto found = old.find(note.event.get());
+        if (found == old.end()) {
+            lines.push_back(nameOf(note, song) + " is new: " + words::inDoubleQuotes(note.lyric));
+        } else if (found->second->lyric != note.lyric) {
+            lines.push_back(nameOf(note, song) + ": " +
+                            words::inDoubleQuotes(found->second->lyric) + " -> " +
+                            words::inDoubleQuotes(note.lyric));
+        }
+    }
+    return lines;
 }
 
 } // namespace wybeta::wysim::session
