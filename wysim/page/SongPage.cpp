@@ -22,6 +22,7 @@
 #include <map>
 #include <new>
 #include <optional>
+#include <string_view>
 #include <utility>
 
 namespace wybeta::wysim::page {
@@ -112,7 +113,7 @@ std::string SongPage::openExample(const std::string& language) {
         }
         const auto example = language == "en" ? song::exampleSong() : song::japaneseExampleSong();
         show(example, example.title);
-        return songAlone();
+        return songWith();
     });
 }
 
@@ -122,12 +123,12 @@ std::string SongPage::open(const std::string& bytes, const std::string& fileName
         const auto path = std::filesystem::u8path(fileName);
         const auto opened = song::songFromFile(path, bytes, std::nullopt, progress);
         show(opened.song, nameOf(opened.song, path));
-        return songAnd("warnings", nlohmann::json(opened.warnings).dump());
+        return songWith(R"(,"warnings":)" + nlohmann::json(opened.warnings).dump());
     });
 }
 
 std::string SongPage::song() {
-    return answer([&] { return songAlone(); });
+    return answer([&] { return songWith(); });
 }
 
 std::string SongPage::type(int track, int note, const std::string& text) {
@@ -136,14 +137,14 @@ std::string SongPage::type(int track, int note, const std::string& text) {
         const auto place = noteIndex(trackPlace, note);
         const auto check = checkOf(trackPlace, place, text);
         editing().type(trackPlace, place, text);
-        return songAnd("check", check);
+        return songWith(R"(,"check":)" + check);
     });
 }
 
 std::string SongPage::add(int track, double start, double length, int pitch) {
     return answer([&] {
         const auto index = editing().add(trackIndex(track), noteOf(start, length, pitch));
-        return songAnd("note", std::to_string(index + 1));
+        return songWith(R"(,"note":)" + std::to_string(index + 1));
     });
 }
 
@@ -152,7 +153,7 @@ std::string SongPage::move(int track, int note, double start, double length, int
         const auto trackPlace = trackIndex(track);
         const auto index =
             editing().move(trackPlace, noteIndex(trackPlace, note), noteOf(start, length, pitch));
-        return songAnd("note", std::to_string(index + 1));
+        return songWith(R"(,"note":)" + std::to_string(index + 1));
     });
 }
 
@@ -160,21 +161,21 @@ std::string SongPage::remove(int track, int note) {
     return answer([&] {
         const auto trackPlace = trackIndex(track);
         editing().remove(trackPlace, noteIndex(trackPlace, note));
-        return songAlone();
+        return songWith();
     });
 }
 
 std::string SongPage::undo() {
     return answer([&] {
         editing().undo();
-        return songAlone();
+        return songWith();
     });
 }
 
 std::string SongPage::redo() {
     return answer([&] {
         editing().redo();
-        return songAlone();
+        return songWith();
     });
 }
 
@@ -199,7 +200,7 @@ std::string SongPage::fit(bool usesBrackets, bool usesGuesses) {
             }
         }
         editing().typeAll(lyrics);
-        return songAnd("fit", fitJson(words));
+        return songWith(R"(,"fit":)" + fitJson(words));
     });
 }
 
@@ -268,16 +269,9 @@ std::size_t SongPage::noteIndex(std::size_t track, int note) const {
     return indexOf(note, openSong().editing.inEditor().countNotes(track), "a note");
 }
 
-std::string SongPage::songAnd(std::string_view name, const std::string& value) const {
-    return "{" + members() + ",\"" + std::string(name) + "\":" + value + "}";
-}
-
-std::string SongPage::songAlone() const {
-    return "{" + members() + "}";
-}
-
-std::string SongPage::members() const {
-    return "\"name\":" + inJson(openSong().name) + "," + songMembers(openSong().editing);
+std::string SongPage::songWith(const std::string& members) const {
+    const auto& open = openSong();
+    return "{\"name\":" + inJson(open.name) + "," + songMembers(open.editing) + members + "}";
 }
 
 std::string SongPage::checkOf(std::size_t track, std::size_t note, const std::string& lyric) {

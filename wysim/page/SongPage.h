@@ -14,7 +14,6 @@
 #include <functional>
 #include <memory>
 #include <string>
-#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -83,10 +82,8 @@ private:
     session::SongEditing& editing() const;
     std::size_t trackIndex(int track) const;
     std::size_t noteIndex(std::size_t track, int note) const;
-    // The song, with further members of the answer, each a JSON text behind its name.
-    std::string songAnd(std::string_view name, const std::string& value) const;
-    std::string songAlone() const;
-    std::string members() const;
+    // The song, with further members of the answer in JSON, each with a comma before it.
+    std::string songWith(const std::string& members = {}) const;
 
     std::string checkOf(std::size_t track, std::size_t note, const std::string& lyric);
     std::vector<session::FittedSongWord> fitted(words::WaysToFit ways);
