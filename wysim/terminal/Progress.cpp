@@ -5,8 +5,6 @@
 
 namespace wybeta::wysim::terminal {
 
-using namespace std::chrono_literals;
-
 Progress::Progress(std::ostream& terminal, Clock clock)
     : terminal_(&terminal), clock_(std::move(clock)) {}
 
@@ -20,7 +18,7 @@ void Progress::start(std::string work, std::size_t steps) {
     steps_ = steps;
     done_ = 0;
     if (terminal_ != nullptr) {
-        nextShow_ = clock_() + 1s;
+        nextShow_ = clock_() + std::chrono::seconds(1);
     }
 }
 
@@ -36,7 +34,7 @@ void Progress::step() {
     const std::size_t percent = steps_ == 0 ? 100 : 100 * done_ / steps_;
     *terminal_ << "\r" << work_ << " " << percent << " %" << std::flush;
     isShown_ = true;
-    nextShow_ = now + 100ms;
+    nextShow_ = now + std::chrono::milliseconds(100);
 }
 
 void Progress::finish() {
