@@ -100,9 +100,9 @@ words::LyricReader& reader() {
 }
 
 // Each text is sung by the module as it was read.
-void checkFit(Editor& editor, const song::Song& song, bool usesBrackets) {
+void checkFit(Editor& editor, const song::Song& song, words::WaysToFit ways) {
     session::Proof proof(editor);
-    words::WordFitter fitter(reader(), usesBrackets);
+    words::WordFitter fitter(reader(), ways);
     for (const auto& word : words::wordsOf(song)) {
         const auto& fitted = fitter.fit(word);
         proof.sung(fitted.text, fitted.syllables);
@@ -116,11 +116,11 @@ void checkFit(Editor& editor, const song::Song& song, bool usesBrackets) {
 }
 
 // What was fitted once is left as it is.
-void checkFitAgain(Editor& editor, const song::Song& song, bool usesBrackets) {
+void checkFitAgain(Editor& editor, const song::Song& song, words::WaysToFit ways) {
     terminal::Progress progress;
-    const auto words = session::fitWords(editor, reader(), song, {usesBrackets, usesBrackets}, progress);
-    const auto again = session::fitWords(editor, reader(), session::fittedSong(song, words),
-                                         usesBrackets, progress);
+    const auto words = session::fitWords(editor, reader(), song, ways, progress);
+    const auto again =
+        session::fitWords(editor, reader(), session::fittedSong(song, words), ways, progress);
     check(words.size() == again.size(), "a fitted song has other words");
     for (std::size_t i = 0; i < words.size(); ++i) {
         const auto& fitted = words[i].fitted;
@@ -146,10 +146,12 @@ void checkFinding(session::ScratchTrack& scratch, const words::CheckedLyric& che
     check(!word.empty() && line.compare(begin, word.size(), word) == 0,
           "a finding names another word than stands there");
     for (const auto& suggestion : finding.suggestions) {
-        check(suggestion != finding.word, "a suggestion changes nothing");
+        check(suggestion.text != finding.word, "a suggestion changes nothing");
         auto changed = line;
-        changed.replace(begin, word.size(), words::charactersOf(suggestion));
-        if (tellsByItself(checked.text)) {
+        const auto text = words::charactersOf(suggestion.text);
+        changed = suggestion.isForLyric ? text : changed.replace(begin, word.size(), text);
+        // The reading of kanji is sung already.
+        if (tellsByItself(checked.text) && finding.reason != words::Reason::Kanji) {
             check(scratch.divide(words::utf8Of(changed)) != scratch.divide(checked.text),
                   "a suggestion does not change what is sung");
         }
@@ -176,10 +178,10 @@ void checkText(Editor& editor, const std::vector<Line>& lines) {
 void run(std::string_view input) {
     const auto lines = linesFrom(input);
     const auto song = songOf(lines);
-    for (const bool usesBrackets : {false, true}) {
+    for (const auto ways : {words::WaysToFit{}, {true, false}, {true, true}}) {
         Editor editor(moduleExtension());
-        checkFit(editor, song, usesBrackets);
-        checkFitAgain(editor, song, usesBrackets);
+        checkFit(editor, song, ways);
+        checkFitAgain(editor, song, ways);
     }
     Editor editor(moduleExtension());
     checkText(editor, lines);

@@ -57,7 +57,11 @@ std::vector<Respelling> respellingsOf(std::u32string_view word,
         return respellings;
     }
     for (auto& derived : derivationsOf(KnownWords(dictionary), *plain)) {
-        respellings.push_back({dividedIntoSyllables(derived.symbols), std::move(derived.words)});
+        // The dictionary has words without a vowel, such as "hmm" and "'ll".
+        if (countNuclei(derived.symbols) > 0) {
+            respellings.push_back(
+                {dividedIntoSyllables(derived.symbols), std::move(derived.words)});
+        }
     }
     return respellings;
 }

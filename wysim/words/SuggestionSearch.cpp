@@ -91,6 +91,7 @@ Diagnosis SuggestionSearch::run() {
     if (std::any_of(word.begin(), word.end(), isKanji)) {
         return {Reason::Kanji, {}};
     }
+    asItIs_ = reader_.syllablesOf(utf8Of(word_.before + word + word_.after));
     syllablesAround_ = reader_.syllablesOf(utf8Of(word_.before + U" " + word_.after)).size();
     if (auto diagnosis = tryRewriting()) {
         return *std::move(diagnosis);
@@ -115,7 +116,7 @@ std::optional<std::u32string> SuggestionSearch::sung(const std::u32string& text)
     for (const auto* const blank : {U"", U" "}) {
         auto candidate = text + blank;
         const auto syllables = reader_.syllablesOf(utf8Of(word_.before + candidate + word_.after));
-        if (syllables.size() > syllablesAround_) {
+        if (syllables.size() > syllablesAround_ && syllables != asItIs_) {
             return candidate;
         }
     }

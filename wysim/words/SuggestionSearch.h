@@ -54,6 +54,7 @@ private:
     const WordInText& word_;
     bool isAmongKana_;
     std::u32string plain_;
+    Syllables asItIs_; // what is sung of the word and the text around it
     std::size_t syllablesAround_ = 0;
 };
 
