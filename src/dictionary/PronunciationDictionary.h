@@ -45,7 +45,7 @@ public:
     // An empty dictionary.
     PronunciationDictionary() = default;
 
-    // Takes the lines of a text as loadPronunciationDictionary() does.
+    // Takes the lines of a text of less than 2 GiB as loadPronunciationDictionary() does.
     PronunciationDictionary(std::string_view text, TextLifetime lifetime);
 
     // The entry of exactly this word; none if the dictionary does not hold it.

@@ -15,6 +15,18 @@ namespace wybeta::editsteps {
 using Steinberg::kResultOk;
 using Steinberg::tresult;
 
+namespace {
+
+// A text for the host, which never frees anything, whatever the host makes of it.
+struct TextAttribute : host::AttributeValue {
+    TextAttribute() = default;
+    ~TextAttribute() { setOwner(false); }
+    TextAttribute(const TextAttribute&) = delete;
+    TextAttribute& operator=(const TextAttribute&) = delete;
+};
+
+} // namespace
+
 LyricsDevideEditStep::LyricsDevideEditStep(host::IProjectNode* trackNode,
                                            tracks::LyricsDivision division)
     : EditStep(trackNode), division_(std::move(division)) {}
@@ -53,7 +65,7 @@ void LyricsDevideEditStep::applyLyrics(const std::vector<std::string>& texts) co
     std::u16string utf16;
     for (std::size_t i = 0; i < division_.notes.size(); ++i) {
         text::utf16FromUtf8(texts[i], utf16);
-        host::AttributeValue value;
+        TextAttribute value;
         value.setString16(utf16.c_str());
         if (const auto note = host::query<host::IProjectNoteEvent>(division_.notes[i])) {
             note->setAttribute("lyrics", &value, 0, 0);

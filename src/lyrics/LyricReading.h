@@ -20,7 +20,7 @@ enum class PartKind {
     KanaPair,   // two kana of one syllable
     Zero,       // the rest "0"
     Bracket,    // phonemes in brackets, brackets included
-    PassedOver, // characters without effect, spaces not counted
+    PassedOver, // characters without effect: no spaces, except beside a bracket
 };
 
 // A part of a lyric, and the syllables of the lyric that it contributes.
@@ -33,8 +33,9 @@ struct LyricPart {
     bool isKnown;          // whether the dictionary has the word; false for the other kinds
 };
 
-// What a lyric is made of. The parts are in order and cover all but spaces, once each, with one
-// exception: a word takes the first kana of a pair that follows directly (see lyricToSyllables).
+// What a lyric is made of. The parts are in order and cover all but spaces, once each. The
+// exception is that a word takes the first kana of a pair that follows directly (see
+// lyricToSyllables).
 struct LyricReading {
     std::vector<LyricPart> parts;
     SyllableList syllables;

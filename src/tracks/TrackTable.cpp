@@ -35,16 +35,18 @@ void pruneTrackTable(TrackTable& table, const std::vector<TrackKey>& visited) {
 }
 
 void syncTrackTableLyrics(TrackTable& table, const void* firstEvent,
-                          std::vector<std::string> texts) {
+                          const std::vector<std::string>& texts) {
     const auto isFirst = [firstEvent](const NoteRecord& note) { return note.event == firstEvent; };
     for (auto& [track, entry] : table) {
         const auto& notes = entry.notes->records;
         const auto first = std::find_if(notes.begin(), notes.end(), isFirst);
         if (first != notes.end()) {
             const auto position = static_cast<std::size_t>(first - notes.begin());
+            // Copied before writing, so that a failed allocation leaves the list unchanged.
+            auto copies = texts;
             auto& records = unshared(entry.notes).records;
             for (std::size_t i = 0; i < std::min(texts.size(), records.size() - position); ++i) {
-                records[position + i].lyrics = std::move(texts[i]);
+                records[position + i].lyrics = std::move(copies[i]);
             }
             return;
         }

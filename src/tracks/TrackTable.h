@@ -38,7 +38,7 @@ void pruneTrackTable(TrackTable& table, const std::vector<TrackKey>& visited);
 // the table that has one. Texts past the end of that list are left out; without such a record
 // nothing happens. When an allocation fails, the list is unchanged.
 void syncTrackTableLyrics(TrackTable& table, const void* firstEvent,
-                          std::vector<std::string> texts);
+                          const std::vector<std::string>& texts);
 
 enum class CountChange { Insert, Remove };
 

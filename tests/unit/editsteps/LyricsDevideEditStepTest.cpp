@@ -47,6 +47,34 @@ public:
     }
 };
 
+// Counts how often it is released.
+class Released : public Steinberg::FUnknown {
+public:
+    virtual ~Released() = default;
+    Steinberg::tresult PLUGIN_API queryInterface(const Steinberg::TUID, void**) override {
+        return Steinberg::kNoInterface;
+    }
+    Steinberg::uint32 PLUGIN_API addRef() override { return 1; }
+    Steinberg::uint32 PLUGIN_API release() override { return static_cast<unsigned>(++times); }
+
+    int times = 0;
+};
+
+// Puts an object of its own in place of the text.
+class ReplacingNote : public Event {
+public:
+    using Event::Event;
+
+    Steinberg::tresult PLUGIN_API setAttribute(Steinberg::FIDString, Steinberg::FVariant* value,
+                                               Steinberg::TPtrInt, Steinberg::TPtrInt) override {
+        value->setObject(object);
+        value->setOwner(true);
+        return Steinberg::kResultOk;
+    }
+
+    Released* object = nullptr;
+};
+
 class LyricsDevideEditStep : public CurrentTable {
 protected:
     // A step over notes that carry the old texts.
@@ -195,6 +223,17 @@ TEST_F(LyricsDevideEditStep, DoesNotUseItsTrackNode) {
     EXPECT_EQ(written(), Lyrics{"A"});
     step->undo();
     EXPECT_EQ(written(), Lyrics{"X"});
+}
+
+TEST_F(LyricsDevideEditStep, ReleasesNothingThatTheHostPutsInPlaceOfAText) {
+    Released object;
+    const auto note = makeHandle<ReplacingNote>(state);
+    note->object = &object;
+    notes = {note};
+    const auto step = makeStepOfNotes({"new"}, {"old"});
+    step->execute();
+    step->undo();
+    EXPECT_EQ(object.times, 0);
 }
 
 TEST_F(LyricsDevideEditStep, KeepsItsTextsWhenTheHostClaimsTheVariant) {
