@@ -2,6 +2,8 @@
 #include "wysim/words/LyricReader.h"
 
 #include "resources/ResourceTable.h"
+#include "wysim/words/CharacterKinds.h"
+#include "wysim/words/LyricText.h"
 
 #include <algorithm>
 
@@ -18,6 +20,19 @@ dictionary::PronunciationDictionary loadDictionary() {
 } // namespace
 
 LyricReader::LyricReader() : dictionary_(loadDictionary()) {}
+
+bool LyricReader::singsAllOf(const std::string& lyric) {
+    const auto text = charactersOf(lyric);
+    const auto reading = read(lyric);
+    return !reading.syllables.empty() &&
+           std::none_of(reading.parts.begin(), reading.parts.end(), [&text](const auto& part) {
+               const auto begin = text.begin() + static_cast<std::ptrdiff_t>(part.begin);
+               const auto end = text.begin() + static_cast<std::ptrdiff_t>(part.end);
+               const bool isLeftOut = part.kind == lyrics::PartKind::PassedOver ||
+                                      (part.kind == lyrics::PartKind::Word && !part.isKnown);
+               return isLeftOut && std::any_of(begin, end, isOfWords);
+           });
+}
 
 bool LyricReader::hasWord(std::string word) const {
     std::transform(word.begin(), word.end(), word.begin(), [](char letter) {

@@ -24,6 +24,9 @@ public:
     lyrics::LyricReading read(std::string_view lyric);
     Syllables syllablesOf(std::string_view lyric) { return read(lyric).syllables; }
 
+    // Whether a lyric without blanks is sung, and no letter or digit of it left out.
+    bool singsAllOf(const std::string& lyric);
+
     // Whether the dictionary has the word, in capitals or not.
     bool hasWord(std::string word) const;
 

@@ -73,18 +73,27 @@ Syllables guessOf(std::u32string_view word, const LyricReader& reader) {
     return countNuclei(symbols) == 0 ? Syllables() : dividedIntoSyllables(symbols);
 }
 
-// Whether kana can be meant though nothing around the word is Japanese: there are three morae or
-// more, and no sound that only loanwords have.
-bool looksJapanese(std::u32string_view kana) {
+// Whether kana may be meant though nothing around the word is Japanese: no sound that only
+// loanwords have, no vowel three times.
+bool mayBeJapanese(std::u32string_view kana) {
     constexpr std::u32string_view kOfLoanwords = U"ぁぃぅぇぉゔ";
+    constexpr std::u32string_view kVoiced = U"がぎぐげござじずぜぞだぢづでどばびぶべぼ";
+    for (std::size_t i = 0; i < kana.size(); ++i) {
+        const bool isVoicedAfterStop = i > 0 && kana[i - 1] == U'っ' && isOneOf(kana[i], kVoiced);
+        const bool isThirdVowel = i > 1 && kana[i] == kana[i - 1] && kana[i] == kana[i - 2];
+        if (isVoicedAfterStop || isThirdVowel || isOneOf(kana[i], kOfLoanwords)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+// Whether they are likelier than an English word: three morae or more, and no "ee" or "oo".
+bool isProbablyJapanese(std::u32string_view word, std::u32string_view kana) {
     const auto morae = std::count_if(kana.begin(), kana.end(), [](char32_t character) {
         return !isOneOf(character, U"ゃゅょんっー");
     });
-    const auto voicedAfterStop = [](char32_t stop, char32_t next) {
-        return stop == U'っ' && isOneOf(next, U"がぎぐげござじずぜぞだぢづでどばびぶべぼ");
-    };
-    return morae >= 3 && kana.find_first_of(kOfLoanwords) == kana.npos &&
-           std::adjacent_find(kana.begin(), kana.end(), voicedAfterStop) == kana.end();
+    return morae >= 3 && word.find(U"ee") == word.npos && word.find(U"oo") == word.npos;
 }
 
 struct Kana {
@@ -94,7 +103,48 @@ struct Kana {
 
 std::optional<Kana> romajiOf(std::u32string_view word, bool isAmongKana) {
     auto kana = kanaOf(word);
-    return kana ? std::optional(Kana{*kana, isAmongKana || looksJapanese(*kana)}) : std::nullopt;
+    return kana && (isAmongKana || mayBeJapanese(*kana))
+               ? std::optional(Kana{*kana, isAmongKana || isProbablyJapanese(word, *kana)})
+               : std::nullopt;
+}
+
+// The word with each letter that stands three times or more that often, "yeahhhh".
+std::u32string shortened(std::u32string_view word, std::size_t times) {
+    std::u32string text;
+    for (std::size_t i = 0; i < word.size();) {
+        const auto end = std::min(word.find_first_not_of(word[i], i), word.size());
+        text.append(end - i < 3 ? end - i : times, word[i]);
+        i = end;
+    }
+    return text;
+}
+
+// Respellings of the word, and of one whose letters are drawn out.
+std::vector<Respelling> allRespellings(std::u32string_view word, LyricReader& reader) {
+    std::vector<Respelling> respellings;
+    for (const std::size_t times : {2, 1}) {
+        const auto text = shortened(word, times);
+        if (text != word && word.size() <= kLongestGuessed && respellings.empty() &&
+            reader.hasWord(utf8Of(text))) {
+            respellings.push_back({reader.syllablesOf(utf8Of(text)), {utf8Of(text)}});
+        }
+    }
+    auto more = respellingsOf(word, reader.dictionary());
+    std::move(more.begin(), more.end(), std::back_inserter(respellings));
+    return respellings;
+}
+
+// The words of the dictionary that respellings come from, where these are one word each.
+std::vector<std::u32string> originsOf(const std::vector<Respelling>& respellings) {
+    std::vector<std::u32string> origins;
+    for (const auto& [syllables, words] : respellings) {
+        const auto origin = words.size() == 1 ? charactersOf(words.front()) : std::u32string();
+        if (!origin.empty() && origin.find(U'(') == origin.npos &&
+            std::find(origins.begin(), origins.end(), origin) == origins.end()) {
+            origins.push_back(origin);
+        }
+    }
+    return origins;
 }
 
 // Neighbours of a word. A guess says how many syllables the one that was meant has.
@@ -119,44 +169,47 @@ std::vector<Proposal> proposalsFor(std::u32string_view word, LyricReader& reader
                                    bool isAmongKana) {
     const std::u32string text(word);
     std::vector<Proposal> proposals;
-    auto respellings = respellingsOf(word, reader.dictionary());
-    respellings.resize(std::min(respellings.size(), kMostRespellings));
-    for (auto& respelling : respellings) {
-        proposals.push_back({text, std::move(respelling.syllables)});
-    }
+    auto respellings = allRespellings(word, reader);
     const auto kana = romajiOf(word, isAmongKana);
-    if (kana && kana->comesFirst) {
+    const bool isKanaFirst = kana && kana->comesFirst && (isAmongKana || respellings.empty());
+    if (isKanaFirst) {
         proposals.push_back({kana->text, {}});
     }
+    respellings.resize(std::min(respellings.size(), kMostRespellings));
+    for (const auto& respelling : respellings) {
+        proposals.push_back({text, respelling.syllables});
+    }
     const auto guess = respellings.empty() ? guessOf(word, reader) : Syllables();
-    const bool isKanaLast = kana && !kana->comesFirst;
-    const auto room =
-        kMostProposals - proposals.size() - (guess.empty() ? 0 : 1) - (isKanaLast ? 1 : 0);
-    for (auto& neighbour : likelyNeighbours(text, reader, guess, room)) {
-        proposals.push_back({std::move(neighbour), {}});
+    const auto room = kMostProposals - proposals.size() - (guess.empty() ? 0 : 1) -
+                      (kana && !isKanaFirst ? 1 : 0);
+    auto others =
+        respellings.empty() ? likelyNeighbours(text, reader, guess, room) : originsOf(respellings);
+    others.resize(std::min(others.size(), room));
+    for (auto& other : others) {
+        proposals.push_back({std::move(other), {}});
     }
     if (!guess.empty()) {
         proposals.push_back({text, guess, true});
     }
-    if (isKanaLast) {
+    if (kana && !isKanaFirst) {
         proposals.push_back({kana->text, {}});
     }
     return proposals;
 }
 
-std::vector<Syllables> pronunciationsOf(std::u32string_view word, LyricReader& reader,
-                                        bool isAmongKana) {
-    std::vector<Syllables> pronunciations;
-    for (auto& respelling : respellingsOf(word, reader.dictionary())) {
-        pronunciations.push_back(std::move(respelling.syllables));
-    }
-    auto guess = guessOf(word, reader);
-    if (!guess.empty()) {
-        pronunciations.push_back(std::move(guess));
+std::vector<Pronunciation> pronunciationsOf(std::u32string_view word, LyricReader& reader,
+                                            bool isAmongKana) {
+    std::vector<Pronunciation> pronunciations;
+    for (auto& proposal : proposalsFor(word, reader, isAmongKana)) {
+        if (!proposal.syllables.empty()) {
+            pronunciations.push_back({std::move(proposal.syllables), proposal.isGuess});
+        }
     }
     if (const auto kana = romajiOf(word, isAmongKana)) {
-        const auto place = kana->comesFirst ? pronunciations.begin() : pronunciations.end();
-        pronunciations.insert(place, reader.syllablesOf(utf8Of(kana->text)));
+        const bool isFirst = kana->comesFirst && (isAmongKana || pronunciations.empty() ||
+                                                  pronunciations.front().isGuess);
+        pronunciations.insert(isFirst ? pronunciations.begin() : pronunciations.end(),
+                              {reader.syllablesOf(utf8Of(kana->text)), false});
     }
     return pronunciations;
 }

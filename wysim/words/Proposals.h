@@ -26,8 +26,14 @@ constexpr std::size_t kMostProposals = 5;
 // `isAmongKana`. The word has no marks around it but apostrophes.
 std::vector<Proposal> proposalsFor(std::u32string_view word, LyricReader& reader, bool isAmongKana);
 
-// The same without words with one letter changed, as phonemes: how the word itself may be sung.
-std::vector<Syllables> pronunciationsOf(std::u32string_view word, LyricReader& reader,
-                                        bool isAmongKana);
+// How words may be sung.
+struct Pronunciation {
+    Syllables syllables;
+    bool isGuess = false;
+};
+
+// How the word itself may be sung, the likeliest first.
+std::vector<Pronunciation> pronunciationsOf(std::u32string_view word, LyricReader& reader,
+                                            bool isAmongKana);
 
 } // namespace wybeta::wysim::words

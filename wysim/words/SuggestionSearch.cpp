@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wysim/words/SuggestionSearch.h"
 
+#include "lyrics/KanaPhonemeTable.h"
 #include "wysim/words/CharacterKinds.h"
 #include "wysim/words/LyricText.h"
 #include "wysim/words/Readings.h"
@@ -72,18 +73,6 @@ constexpr Rewriting kPartings[] = {
     {Reason::Mark, withBlanksForMarks},
 };
 
-// Whether the word is sung, and no letter of it passed over.
-bool isWhollySung(const std::string& word, const lyrics::LyricReading& reading) {
-    const auto text = charactersOf(word);
-    return !reading.syllables.empty() &&
-           std::none_of(reading.parts.begin(), reading.parts.end(), [&text](const auto& part) {
-               const auto begin = text.begin() + static_cast<std::ptrdiff_t>(part.begin);
-               const auto end = text.begin() + static_cast<std::ptrdiff_t>(part.end);
-               return part.kind == lyrics::PartKind::PassedOver &&
-                      std::any_of(begin, end, isOfWords);
-           });
-}
-
 } // namespace
 
 Diagnosis SuggestionSearch::run() {
@@ -107,9 +96,8 @@ Diagnosis SuggestionSearch::run() {
 
 std::optional<std::u32string> SuggestionSearch::sung(const std::u32string& text) {
     const auto words = wordsBetweenBlanks(utf8Of(text));
-    const bool areAllSung = std::all_of(words.begin(), words.end(), [this](const auto& word) {
-        return isWhollySung(word, reader_.read(word));
-    });
+    const bool areAllSung = std::all_of(
+        words.begin(), words.end(), [this](const auto& word) { return reader_.singsAllOf(word); });
     if (words.empty() || !areAllSung) {
         return std::nullopt;
     }
@@ -126,14 +114,17 @@ std::optional<std::u32string> SuggestionSearch::sung(const std::u32string& text)
 std::optional<Diagnosis> SuggestionSearch::tryRewriting() {
     auto text = word_.word;
     if (auto suggestion = sung(text)) {
-        return Diagnosis{Reason::BeforeKanaPair, {{*suggestion, {}}}};
+        const bool isBeforePair = lyrics::findKanaPair(word_.after, 0) != nullptr;
+        return Diagnosis{isBeforePair ? Reason::BeforeKanaPair : Reason::Mark, {{*suggestion, {}}}};
     }
     for (const auto& [reason, rewrite] : kRewritings) {
         // An apostrophe at its end may belong to the word.
         plain_ = text;
         for (auto next = rewrite(text); next != text; next = rewrite(text)) {
             text = std::move(next);
-            if (auto suggestion = sung(text)) {
+            // Of "th'" there would be the names of its letters.
+            const bool isClipped = rewrite == withoutApostrophesAround && text.size() < 3;
+            if (auto suggestion = isClipped ? std::nullopt : sung(text)) {
                 return Diagnosis{reason, {{*suggestion, {}}}};
             }
         }

@@ -129,7 +129,8 @@ TextCheck::Findings TextCheck::findAroundBracket(Text line, const lyrics::LyricR
 std::optional<std::size_t> TextCheck::endOfOtherWords(Text text, std::size_t begin,
                                                       const Syllables& syllables) {
     const auto words = wordsBetweenBlanks(utf8Of(text.substr(begin)));
-    const auto sound = words.size() < 2 ? "" : firstSoundOf(reader_.syllablesOf(words.front()));
+    const bool isTold = words.size() > 1 && reader_.singsAllOf(words.front());
+    const auto sound = isTold ? firstSoundOf(reader_.syllablesOf(words.front())) : std::string();
     if (sound.empty() || sound == firstSoundOf(syllables)) {
         return std::nullopt;
     }
@@ -149,18 +150,10 @@ TextCheck::Findings TextCheck::findInParts(Text line, const lyrics::LyricReading
     Findings findings;
     std::vector<Unsung> unsung;
     const bool isAmongKana = isJapanese(line, reading);
-    const auto readings = findReadings(line);
-    auto given = readings.begin();
-    for (const auto& part : visibleWords(line, reading)) {
-        while (given != readings.end() && given->end <= part.begin) {
-            ++given;
-        }
-        if (given != readings.end() && part.begin >= given->begin) {
-            if (part.begin == given->begin || findings.empty() ||
-                findings.back().column != given->begin + 1) {
-                findings.push_back(findingOf(line, given->begin, given->end, Reason::Kanji));
-                addSuggestion(findings.back(), given->kana);
-            }
+    for (const auto& [part, kana] : visibleWords(line, reading)) {
+        if (!kana.empty()) {
+            findings.push_back(findingOf(line, part.begin, part.end, Reason::Kanji));
+            addSuggestion(findings.back(), kana);
         } else if (part.kind == PartKind::Zero) {
             checkZero(line, part, findings);
         } else if (part.isKnown) {
@@ -172,7 +165,7 @@ TextCheck::Findings TextCheck::findInParts(Text line, const lyrics::LyricReading
             }
         }
     }
-    addSuggestions(line, reading, unsung, findings);
+    addSuggestions(line, unsung, findings);
     return findings;
 }
 
@@ -230,7 +223,9 @@ std::optional<TextCheck::Unsung> TextCheck::addUnsung(Text line, std::size_t beg
     const bool needsBlank =
         std::any_of(proposals.begin(), proposals.end(),
                     [](const auto& proposal) { return proposal.text.back() == U' '; });
-    const auto pair = needsBlank ? word.after.substr(0, 2) : std::u32string();
+    const bool isBeforeKana = word.after.size() > 1 && lyrics::findKanaSingle(word.after, 0) &&
+                              lyrics::findKanaSingle(word.after, 1);
+    const auto pair = needsBlank && isBeforeKana ? word.after.substr(0, 2) : std::u32string();
     findings.push_back(findingOf(line, begin, end + pair.size(), diagnosis.reason));
     return Unsung{begin, end, pair, &diagnosis, findings.size() - 1};
 }
@@ -249,62 +244,35 @@ const Diagnosis& TextCheck::diagnosisOf(const WordInText& word, bool isAmongKana
     return known->second;
 }
 
-// Where nothing is proposed for another word, a bracket would silence that.
-void TextCheck::addSuggestions(Text line, const lyrics::LyricReading& reading,
-                               const std::vector<Unsung>& unsung, Findings& findings) {
-    const bool hasProposals = std::all_of(unsung.begin(), unsung.end(), [](const auto& word) {
-        return !word.diagnosis->proposals.empty();
-    });
+void TextCheck::addSuggestions(Text line, const std::vector<Unsung>& unsung, Findings& findings) {
+    const LyricPronunciations pronunciations(line, reader_);
     for (const auto& word : unsung) {
         auto& suggestions = findings[word.finding].suggestions;
         for (const auto& proposal : word.diagnosis->proposals) {
             if (proposal.syllables.empty()) {
                 suggestions.push_back({utf8Of(proposal.text + word.pair)});
-            } else if (hasProposals) {
-                suggestions.push_back(inBracket(line, proposal, word, reading, unsung));
-                prove_(suggestions.back().text, reader_.syllablesOf(suggestions.back().text));
+            } else if (auto suggestion = inBracket(line, proposal, word, pronunciations)) {
+                prove_(suggestion->text, reader_.syllablesOf(suggestion->text));
+                suggestions.push_back(*std::move(suggestion));
             }
         }
     }
 }
 
-Suggestion TextCheck::inBracket(Text line, const Proposal& proposal, const Unsung& word,
-                                const lyrics::LyricReading& reading,
-                                const std::vector<Unsung>& unsung) {
+std::optional<Suggestion> TextCheck::inBracket(Text line, const Proposal& proposal,
+                                               const Unsung& word,
+                                               const LyricPronunciations& pronunciations) {
     const bool isAlone =
         line.find_first_not_of(U' ') == word.begin && line.find_last_not_of(U' ') + 1 == word.end;
-    const auto text = isAlone ? line.substr(word.begin, word.end - word.begin) : line;
-    const auto syllables = syllablesWith(proposal.syllables, word, reading, unsung);
-    return {withBracket(utf8Of(text), syllables), !isAlone, proposal.isGuess};
-}
-
-Syllables TextCheck::syllablesWith(const Syllables& ofWord, const Unsung& word,
-                                   const lyrics::LyricReading& reading,
-                                   const std::vector<Unsung>& unsung) {
-    Syllables syllables;
-    const auto add = [&syllables](auto begin, auto end) {
-        syllables.insert(syllables.end(), begin, end);
-    };
-    for (const auto& part : reading.parts) {
-        const auto other = std::find_if(unsung.begin(), unsung.end(), [&part](const auto& one) {
-            return one.begin < part.end && part.begin < one.end;
-        });
-        if (other == unsung.end()) {
-            const auto first =
-                reading.syllables.begin() + static_cast<std::ptrdiff_t>(part.firstSyllable);
-            add(first, first + static_cast<std::ptrdiff_t>(part.syllables));
-        } else if (other->begin < part.begin) {
-            continue; // the rest of a word that is added
-        } else if (other->begin == word.begin) {
-            add(ofWord.begin(), ofWord.end());
-        } else {
-            const auto& best = other->diagnosis->proposals.front();
-            const auto sung =
-                best.syllables.empty() ? reader_.syllablesOf(utf8Of(best.text)) : best.syllables;
-            add(sung.begin(), sung.end());
-        }
+    const auto all = pronunciations.with(word.begin, {proposal.syllables, proposal.isGuess});
+    if (!all) {
+        return std::nullopt;
     }
-    return syllables;
+    const auto text = isAlone ? line.substr(word.begin, word.end - word.begin) : line;
+    auto lyric = withBracket(utf8Of(text), all->syllables);
+    return charactersOf(lyric).size() > kLongestLine
+               ? std::nullopt
+               : std::optional(Suggestion{std::move(lyric), !isAlone, all->isGuess});
 }
 
 } // namespace wybeta::wysim::words

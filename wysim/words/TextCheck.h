@@ -5,6 +5,7 @@
 #include "wysim/words/LyricReader.h"
 #include "wysim/words/SuggestionSearch.h"
 #include "wysim/words/TextFinding.h"
+#include "wysim/words/UnsungWords.h"
 
 #include <cstddef>
 #include <functional>
@@ -59,15 +60,12 @@ private:
     std::optional<Unsung> addUnsung(Text line, std::size_t begin, std::size_t end, bool isAmongKana,
                                     Findings& findings);
     const Diagnosis& diagnosisOf(const WordInText& word, bool isAmongKana);
-    // Adds what is proposed for the words. A bracket is for all of a lyric, so that of a word among
-    // others has the phonemes of all.
-    void addSuggestions(Text line, const lyrics::LyricReading& reading,
-                        const std::vector<Unsung>& unsung, Findings& findings);
-    Suggestion inBracket(Text line, const Proposal& proposal, const Unsung& word,
-                         const lyrics::LyricReading& reading, const std::vector<Unsung>& unsung);
-    // The syllables of the lyric with those of one word that is not sung, and the best for others.
-    Syllables syllablesWith(const Syllables& ofWord, const Unsung& word,
-                            const lyrics::LyricReading& reading, const std::vector<Unsung>& unsung);
+    // Adds what is proposed for the words.
+    void addSuggestions(Text line, const std::vector<Unsung>& unsung, Findings& findings);
+    // The word with proposed phonemes. A bracket is for all of a lyric, so that of a word among
+    // others has the phonemes of all; none if nothing is proposed for one of these.
+    std::optional<Suggestion> inBracket(Text line, const Proposal& proposal, const Unsung& word,
+                                        const LyricPronunciations& pronunciations);
 
     Findings findAroundBracket(Text line, const lyrics::LyricReading& reading);
     // Where the words from `begin` on end that the syllables of a bracket after the text leave out.

@@ -3,12 +3,10 @@
 
 #include "wysim/words/CharacterKinds.h"
 #include "wysim/words/LyricText.h"
-#include "wysim/words/Proposals.h"
 #include "wysim/words/Readings.h"
 #include "wysim/words/Romaji.h"
 
 #include <algorithm>
-#include <string>
 #include <utility>
 
 namespace wybeta::wysim::words {
@@ -16,7 +14,7 @@ namespace wybeta::wysim::words {
 namespace {
 
 using lyrics::PartKind;
-using Pronunciations = std::vector<Syllables>;
+using Pronunciations = std::vector<Pronunciation>;
 
 // Whether a character in front of a word keeps out of it.
 bool isHarmlessInFront(char32_t character) {
@@ -31,31 +29,40 @@ Pronunciations pronunciationsOfWord(const WordInText& word, bool isAmongKana, Ly
     }
     Pronunciations pronunciations;
     for (const auto& [text, syllables, isGuess] : diagnosis.proposals) {
-        pronunciations.push_back(syllables.empty() ? reader.syllablesOf(utf8Of(text)) : syllables);
+        pronunciations.push_back(
+            {syllables.empty() ? reader.syllablesOf(utf8Of(text)) : syllables, isGuess});
     }
     return pronunciations;
 }
 
-// The syllables of the words in order: of the given word as given, of all others the likeliest.
-Syllables joined(const std::vector<Pronunciations>& words, std::size_t given, std::size_t choice) {
-    Syllables syllables;
-    for (std::size_t i = 0; i < words.size(); ++i) {
-        const auto& chosen = words[i][i == given ? choice : 0];
-        syllables.insert(syllables.end(), chosen.begin(), chosen.end());
+// Adds a word without the parts of it that belong to kanji with their reading; these are words of
+// their own, each added once.
+void addAround(std::vector<VisibleWord>& words, lyrics::LyricPart part,
+               const std::vector<Reading>& readings) {
+    for (const auto& [begin, end, kana] : readings) {
+        if (part.end <= begin || part.begin >= end) {
+            continue;
+        }
+        if (part.begin < begin) {
+            words.push_back({part, {}});
+            words.back().part.end = begin;
+        }
+        if (words.empty() || words.back().part.begin != begin) {
+            words.push_back({part, kana});
+            words.back().part.begin = begin;
+            words.back().part.end = end;
+        }
+        part.begin = std::min(part.end, end);
     }
-    return syllables;
-}
-
-bool isInReading(const std::vector<Reading>& readings, const lyrics::LyricPart& part) {
-    return std::any_of(readings.begin(), readings.end(), [&part](const auto& reading) {
-        return part.begin >= reading.begin && part.begin < reading.end;
-    });
+    if (part.begin < part.end) {
+        words.push_back({part, {}});
+    }
 }
 
 } // namespace
 
-std::vector<lyrics::LyricPart> visibleWords(std::u32string_view lyric,
-                                            const lyrics::LyricReading& reading) {
+std::vector<VisibleWord> visibleWords(std::u32string_view lyric,
+                                      const lyrics::LyricReading& reading) {
     std::vector<lyrics::LyricPart> joined;
     bool isOpen = false; // whether the last one can take up more
     for (auto part : reading.parts) {
@@ -72,7 +79,12 @@ std::vector<lyrics::LyricPart> visibleWords(std::u32string_view lyric,
         }
         isOpen = isPassedOver;
     }
-    return joined;
+    const auto readings = findReadings(lyric);
+    std::vector<VisibleWord> words;
+    for (const auto& part : joined) {
+        addAround(words, part, readings);
+    }
+    return words;
 }
 
 std::size_t findWord(std::u32string_view lyric, std::size_t begin, std::size_t end) {
@@ -88,7 +100,11 @@ bool isJapanese(std::u32string_view lyric, const lyrics::LyricReading& reading) 
         std::any_of(reading.parts.begin(), reading.parts.end(), [](const auto& part) {
             return part.kind == PartKind::Kana || part.kind == PartKind::KanaPair;
         });
-    const auto words = wordsBetweenBlanks(utf8Of(lyric));
+    auto letters = std::u32string(lyric);
+    std::replace_if(
+        letters.begin(), letters.end(),
+        [](char32_t character) { return !isOfWords(character) && !isApostrophe(character); }, U' ');
+    const auto words = wordsBetweenBlanks(utf8Of(letters));
     return holdsKana || std::any_of(lyric.begin(), lyric.end(), isKanji) ||
            (words.size() > 1 && std::all_of(words.begin(), words.end(), [](const auto& word) {
                 return kanaOf(charactersOf(word)).has_value();
@@ -104,31 +120,72 @@ WordInText wordAt(std::u32string_view lyric, std::size_t begin, std::size_t end)
             std::u32string(lyric.substr(end, last - end))};
 }
 
-std::vector<Syllables> pronunciationsOfLyric(std::u32string_view lyric, LyricReader& reader) {
+LyricPronunciations::LyricPronunciations(std::u32string_view lyric, LyricReader& reader)
+    : reader_(reader) {
     const auto reading = reader.read(utf8Of(lyric));
-    const auto readings = findReadings(lyric);
     const bool isAmongKana = isJapanese(lyric, reading);
-    std::vector<Pronunciations> words;
-    for (const auto& part : visibleWords(lyric, reading)) {
-        const auto begin = findWord(lyric, part.begin, part.end);
-        const bool isUnsung = part.kind == PartKind::Word && !part.isKnown && begin < part.end;
-        const auto first =
-            reading.syllables.begin() + static_cast<std::ptrdiff_t>(part.firstSyllable);
-        words.push_back(
-            isUnsung && !isInReading(readings, part)
-                ? pronunciationsOfWord(wordAt(lyric, begin, part.end), isAmongKana, reader)
-                : Pronunciations{
-                      {first, first + static_cast<std::ptrdiff_t>(isUnsung ? 0 : part.syllables)}});
-    }
-    const auto isUnpronounced = [](const auto& pronunciations) { return pronunciations.empty(); };
-    if (std::any_of(words.begin(), words.end(), isUnpronounced)) {
-        return {};
-    }
-    Pronunciations all = {joined(words, 0, 0)};
-    for (std::size_t word = 0; word < words.size(); ++word) {
-        for (std::size_t choice = 1; choice < words[word].size(); ++choice) {
-            all.push_back(joined(words, word, choice));
+    for (auto& visible : visibleWords(lyric, reading)) {
+        auto& begin = visible.part.begin;
+        const auto end = visible.part.end;
+        const bool isUnsung =
+            visible.kana.empty() && visible.part.kind == PartKind::Word && !visible.part.isKnown;
+        begin = isUnsung ? findWord(lyric, begin, end) : begin;
+        if (begin == end) {
+            continue; // marks alone
         }
+        std::u32string text(lyric.substr(begin, end - begin));
+        auto pronunciations =
+            isUnsung ? pronunciationsOfWord(wordAt(lyric, begin, end), isAmongKana, reader)
+                     : Pronunciations{
+                           {reader.syllablesOf(utf8Of(visible.kana.empty() ? text : visible.kana)),
+                            false}};
+        words_.push_back({std::move(visible), std::move(text), std::move(pronunciations)});
+    }
+}
+
+std::optional<Pronunciation> LyricPronunciations::with(std::size_t begin,
+                                                       const Pronunciation& pronunciation) const {
+    const std::u32string* text = nullptr;
+    for (const auto& word : words_) {
+        if (word.visible.part.begin == begin) {
+            text = &word.text;
+        }
+    }
+    const auto isUnpronounced = [text](const auto& word) {
+        return word.pronunciations.empty() && (text == nullptr || word.text != *text);
+    };
+    return text == nullptr || std::any_of(words_.begin(), words_.end(), isUnpronounced)
+               ? std::nullopt
+               : std::optional(joined(*text, pronunciation));
+}
+
+std::vector<Pronunciation> LyricPronunciations::all() const {
+    std::vector<Pronunciation> ways;
+    for (const auto& word : words_) {
+        for (const auto& pronunciation : word.pronunciations) {
+            if (word.pronunciations.size() == 1 && !ways.empty()) {
+                continue; // as in the others
+            }
+            if (auto way = with(word.visible.part.begin, pronunciation)) {
+                ways.push_back(*std::move(way));
+            }
+        }
+    }
+    return ways;
+}
+
+// A "0" works on what is sung before it, so it is read with that.
+Pronunciation LyricPronunciations::joined(const std::u32string& word,
+                                          const Pronunciation& pronunciation) const {
+    Pronunciation all;
+    for (const auto& [visible, text, pronunciations] : words_) {
+        if (visible.part.kind == PartKind::Zero) {
+            dictionary::convertEnglishWord(reader_.dictionary(), U"0", 0, 1, all.syllables);
+            continue;
+        }
+        const auto& chosen = text == word ? pronunciation : pronunciations.front();
+        all.syllables.insert(all.syllables.end(), chosen.syllables.begin(), chosen.syllables.end());
+        all.isGuess = all.isGuess || chosen.isGuess;
     }
     return all;
 }

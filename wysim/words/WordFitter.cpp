@@ -199,14 +199,14 @@ private:
         if (isBracketed_) {
             return std::nullopt;
         }
-        const auto proposed = pronunciationsOfLyric(charactersOf(word_.text), reader_);
-        if (proposed.empty() || proposed.front().empty()) {
+        const auto proposed = LyricPronunciations(charactersOf(word_.text), reader_).all();
+        if (proposed.empty() || proposed.front().syllables.empty()) {
             return std::nullopt;
         }
         const auto alike = std::find_if(proposed.begin(), proposed.end(), [this](const auto& one) {
-            return holdsFor(one, word_.notesOfSyllables).has_value();
+            return holdsFor(one.syllables, word_.notesOfSyllables).has_value();
         });
-        const auto& best = alike == proposed.end() ? proposed.front() : *alike;
+        const auto& best = (alike == proposed.end() ? proposed.begin() : alike)->syllables;
         return inOneBracket(best, best, Outcome::Guess);
     }
 
