@@ -93,7 +93,8 @@ bool isProbablyJapanese(std::u32string_view word, std::u32string_view kana) {
     const auto morae = std::count_if(kana.begin(), kana.end(), [](char32_t character) {
         return !isOneOf(character, U"ゃゅょんっー");
     });
-    return morae >= 3 && word.find(U"ee") == word.npos && word.find(U"oo") == word.npos;
+    return morae >= 3 && word.find(U"ee") == std::u32string_view::npos &&
+           word.find(U"oo") == std::u32string_view::npos;
 }
 
 struct Kana {
@@ -122,7 +123,7 @@ std::u32string shortened(std::u32string_view word, std::size_t times) {
 // Respellings of the word, and of one whose letters are drawn out.
 std::vector<Respelling> allRespellings(std::u32string_view word, LyricReader& reader) {
     std::vector<Respelling> respellings;
-    for (const std::size_t times : {2, 1}) {
+    for (const std::size_t times : {std::size_t{2}, std::size_t{1}}) {
         const auto text = shortened(word, times);
         if (text != word && word.size() <= kLongestGuessed && respellings.empty() &&
             reader.hasWord(utf8Of(text))) {
@@ -139,7 +140,7 @@ std::vector<std::u32string> originsOf(const std::vector<Respelling>& respellings
     std::vector<std::u32string> origins;
     for (const auto& [syllables, words] : respellings) {
         const auto origin = words.size() == 1 ? charactersOf(words.front()) : std::u32string();
-        if (!origin.empty() && origin.find(U'(') == origin.npos &&
+        if (!origin.empty() && origin.find(U'(') == std::u32string::npos &&
             std::find(origins.begin(), origins.end(), origin) == origins.end()) {
             origins.push_back(origin);
         }

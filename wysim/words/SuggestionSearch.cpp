@@ -140,7 +140,8 @@ std::optional<Diagnosis> SuggestionSearch::tryParting() {
     for (const auto& [reason, part] : kPartings) {
         if (auto suggestion = sung(part(plain_))) {
             std::vector<Proposal> proposals = {{*suggestion, {}}};
-            const bool isJoined = plain_.find_first_of(U"\u00AD\u2010\u2011") != plain_.npos;
+            const bool isJoined =
+                plain_.find_first_of(U"\u00AD\u2010\u2011") != std::u32string::npos;
             for (auto& respelling : respellingsOf(plain_, reader_.dictionary())) {
                 proposals.insert(isJoined ? proposals.begin() : proposals.end(),
                                  {word_.word, std::move(respelling.syllables)});

@@ -42,6 +42,10 @@ Finding findingOf(Text line, std::size_t begin, std::size_t end, Reason reason) 
     return {1, begin + 1, utf8Of(line.substr(begin, end - begin)), reason, {}, 0};
 }
 
+bool isKana(char32_t character) {
+    return lyrics::findKanaSingle({&character, 1}, 0) != nullptr;
+}
+
 // The bracket of a lyric, if it has one.
 const lyrics::LyricPart* bracketOf(const lyrics::LyricReading& reading) {
     const auto found =
@@ -182,7 +186,7 @@ void TextCheck::checkHyphens(Text line, const lyrics::LyricPart& part, Findings&
 
 // A "0" right after a kana works on that, one by itself on the word before it.
 void TextCheck::checkZero(Text line, const lyrics::LyricPart& part, Findings& findings) {
-    const bool isAfterKana = part.begin > 0 && lyrics::findKanaSingle(line, part.begin - 1);
+    const bool isAfterKana = part.begin > 0 && isKana(line[part.begin - 1]);
     const auto begin = part.begin - (isAfterKana ? 1 : 0);
     findings.push_back(findingOf(line, begin, part.end, Reason::Zero));
     findings.back().syllables = isAfterKana ? 1 : part.syllables;
@@ -195,7 +199,7 @@ void TextCheck::checkZero(Text line, const lyrics::LyricPart& part, Findings& fi
 
 std::size_t TextCheck::checkMarks(Text line, std::size_t begin, std::size_t end,
                                   Findings& findings) {
-    if (begin == 0 || !lyrics::findKanaSingle(line, begin - 1)) {
+    if (begin == 0 || !isKana(line[begin - 1])) {
         return begin;
     }
     const std::u32string text(line.substr(begin - 1, end - begin + 1));
@@ -223,8 +227,8 @@ std::optional<TextCheck::Unsung> TextCheck::addUnsung(Text line, std::size_t beg
     const bool needsBlank =
         std::any_of(proposals.begin(), proposals.end(),
                     [](const auto& proposal) { return proposal.text.back() == U' '; });
-    const bool isBeforeKana = word.after.size() > 1 && lyrics::findKanaSingle(word.after, 0) &&
-                              lyrics::findKanaSingle(word.after, 1);
+    const bool isBeforeKana =
+        word.after.size() > 1 && isKana(word.after[0]) && isKana(word.after[1]);
     const auto pair = needsBlank && isBeforeKana ? word.after.substr(0, 2) : std::u32string();
     findings.push_back(findingOf(line, begin, end + pair.size(), diagnosis.reason));
     return Unsung{begin, end, pair, &diagnosis, findings.size() - 1};

@@ -64,8 +64,9 @@ private:
     void addSuggestions(Text line, const std::vector<Unsung>& unsung, Findings& findings);
     // The word with proposed phonemes. A bracket is for all of a lyric, so that of a word among
     // others has the phonemes of all; none if nothing is proposed for one of these.
-    std::optional<Suggestion> inBracket(Text line, const Proposal& proposal, const Unsung& word,
-                                        const LyricPronunciations& pronunciations);
+    static std::optional<Suggestion> inBracket(Text line, const Proposal& proposal,
+                                               const Unsung& word,
+                                               const LyricPronunciations& pronunciations);
 
     Findings findAroundBracket(Text line, const lyrics::LyricReading& reading);
     // Where the words from `begin` on end that the syllables of a bracket after the text leave out.

@@ -112,8 +112,8 @@ bool isJapanese(std::u32string_view lyric, const lyrics::LyricReading& reading) 
 }
 
 WordInText wordAt(std::u32string_view lyric, std::size_t begin, std::size_t end) {
-    const auto blank = begin == 0 ? lyric.npos : lyric.rfind(U' ', begin - 1);
-    const auto first = blank == lyric.npos ? 0 : blank + 1;
+    const auto blank = begin == 0 ? std::u32string_view::npos : lyric.rfind(U' ', begin - 1);
+    const auto first = blank == std::u32string_view::npos ? 0 : blank + 1;
     const auto last = std::min(lyric.find(U' ', end), lyric.size());
     return {std::u32string(lyric.substr(first, begin - first)),
             std::u32string(lyric.substr(begin, end - begin)),

@@ -238,7 +238,7 @@ private:
                 continue;
             }
             const auto between = text.text().substr(end, part.begin - end);
-            const bool isNextWord = !shared.empty() && between.find(U' ') != between.npos;
+            const bool isNextWord = !shared.empty() && between.find(U' ') != std::u32string::npos;
             for (std::size_t i = 0; i < part.syllables; ++i) {
                 const auto& syllable = text.syllables()[part.firstSyllable + i];
                 if (i == 0 && isNextWord) {
