@@ -17,7 +17,8 @@ using Steinberg::tresult;
 
 namespace {
 
-// A text for the host, which never frees anything, whatever the host makes of it.
+// A text that the host is given. It frees nothing, not even an object that the host puts in its
+// place.
 struct TextAttribute : host::AttributeValue {
     TextAttribute() = default;
     ~TextAttribute() { setOwner(false); }

@@ -51,7 +51,7 @@ LyricReading readLyric(std::string_view lyric,
 SyllableList lyricToSyllables(std::string_view lyric,
                               const dictionary::PronunciationDictionary& dictionary);
 
-// The syllables of the text inside a bracket: what stands between commas, trimmed.
+// The syllables of the text inside a bracket: the items between its commas, trimmed.
 SyllableList bracketToSyllables(std::string_view phonemes);
 
 } // namespace wybeta::lyrics
