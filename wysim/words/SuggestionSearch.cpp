@@ -8,7 +8,6 @@
 #include "wysim/words/Respelling.h"
 
 #include <algorithm>
-#include <string_view>
 #include <utility>
 
 namespace wybeta::wysim::words {
