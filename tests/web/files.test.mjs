@@ -186,10 +186,18 @@ describe("A song", () => {
   it("tells of words that are not sung, and goes to them", async () => {
     const score = await readFile(SCORE, "utf8");
     await openSong(page, score.replace(">our<", ">xyzzy<"), "a.musicxml");
-    assert.match(await fit("Fit"), /Not fitted: 1 word\.\s+"xyzzy" is not sung, so it can't be fitted/);
+    assert.match(await fit("Fit"), /Not fitted: 1 word\. Sing unknown words as proposed\s+"xyzzy" is not sung/);
     assert.equal(await button(page, BY_BRACKETS).count(), 0);
     await button(page, "Go to “xyzzy”").click();
     assert.equal(await page.evaluate(() => document.activeElement.dataset.note), "7");
+  });
+
+  it("has unknown words sung as proposed when asked", async () => {
+    await openSong(page, songOf([[{ lyric: "yeet", typed: true }]]));
+    assert.match(await fit("Fit"), /^Not fitted: 1 word\./);
+    assert.equal(
+      await fit("Sing unknown words as proposed"), "Fitted: 1 word by a proposed pronunciation.");
+    assert.deepEqual(await lyrics(page), ["yeet[y iy t]"]);
   });
 
   it("is fitted by brackets when asked, where they help", async () => {
