@@ -213,6 +213,17 @@ describe("The line under the roll", () => {
     assert.deepEqual(await focusedNote(page), [1, 1]);
   });
 
+  it("types a proposal with its phonemes, for the whole lyric among other words", async () => {
+    await type(page, 1, "I say yeet");
+    const guess = button(page, "Type “I say yeet[ay,s ey,y iy t]”, a guess");
+    assert.equal(await guess.evaluate((element) => element.classList.contains("guess")), true);
+    await guess.click();
+    assert.equal((await lyrics(page))[0], "I say yeet[ay]");
+    await type(page, 1, "kiss'd");
+    await button(page, "Type “kiss'd[k ih s t]”").click();
+    assert.equal((await lyrics(page))[0], "kiss'd[k ih s t]");
+  });
+
   it("mends the word where it stands, whatever stands before it", async () => {
     await type(page, 1, "😀 Hello, world");
     await button(page, "Type “Hello”").click();
