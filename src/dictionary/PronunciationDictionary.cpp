@@ -86,8 +86,8 @@ void PronunciationDictionary::addWord(std::vector<Offset>::iterator place, std::
     ++prefixStarts_[prefixOf(word) + 1];
 }
 
-// Adds the line of a word that does not sort after all others, or puts it in the place of an
-// earlier one. The English text is almost sorted: 1,503 of its 133,853 words go before others, 86
+// Inserts the line of a word that does not sort after all others, or replaces an earlier line of
+// that word. The English text is almost sorted: 1,503 of its 133,853 words go before others, 86
 // on average. In reverse order, loading it would take 0.8 s.
 void PronunciationDictionary::addOutOfOrder(std::string_view word) {
     const auto place = std::lower_bound(

@@ -57,7 +57,7 @@ int integer(const json& object, const char* name) {
     return wide < -kMost || wide > kMost ? -1 : value.get<int>();
 }
 
-// Reads each element of a list; what is wrong with one is told with its number.
+// Reads each element of a list; an error names the number of its element.
 template <class Read>
 auto readEach(const json& object, const char* listName, const char* kind, Read read) {
     std::vector<decltype(read(object))> elements;

@@ -30,7 +30,7 @@ constexpr std::string_view kClippedPrepositions[] = {"gainst", "mongst", "neath"
 struct OldForm {
     std::string_view written;
     std::string_view listed;
-    std::string_view lastSymbol; // in the place of that of the listed word
+    std::string_view lastSymbol; // replaces that of the listed word
 };
 constexpr OldForm kOldForms[] = {{"saith", "says", "th"}};
 
