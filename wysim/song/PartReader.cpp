@@ -12,6 +12,7 @@
 #include <cmath>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace wybeta::wysim::song {
 
@@ -25,11 +26,43 @@ std::string voiceOf(xml_node note) {
     return onOneLine(voice ? textOf(voice) : "staff " + textOf(note.child("staff")));
 }
 
+bool hasType(xml_node element, std::string_view type) {
+    return element.attribute("type").value() == type;
+}
+
+void readMarks(xml_node element, NoteMarks& marks) {
+    const std::string_view beam =
+        element.find_child_by_attribute("beam", "number", "1").child_value();
+    marks.isBeamed = beam == "continue" || beam == "end";
+    for (const auto notations : element.children("notations")) {
+        const auto articulations = notations.child("articulations");
+        marks.endsPhrase = marks.endsPhrase || articulations.child("breath-mark") ||
+                           articulations.child("caesura");
+    }
+}
+
+// A slur from a grace note leads to no further note, and one to a grace note ends before it.
+void readSlurs(xml_node element, bool isGrace, ScoreVoice& voice) {
+    std::vector<std::string> begun;
+    for (const auto notations : element.children("notations")) {
+        for (const auto slur : notations.children("slur")) {
+            const std::string number = slur.attribute("number").as_string("1");
+            if (hasType(slur, "stop")) {
+                voice.endSlur(number);
+            } else if (hasType(slur, "start") && !isGrace) {
+                begun.push_back(number);
+            }
+        }
+    }
+    for (const auto& number : begun) {
+        voice.beginSlur(number);
+    }
+}
+
 void readTies(xml_node element, ScoreNote& note) {
     for (const auto tie : element.children("tie")) {
-        const std::string_view type = tie.attribute("type").value();
-        note.beginsTie = note.beginsTie || type == "start";
-        note.endsTie = note.endsTie || type == "stop";
+        note.beginsTie = note.beginsTie || hasType(tie, "start");
+        note.endsTie = note.endsTie || hasType(tie, "stop");
     }
 }
 
@@ -61,6 +94,20 @@ void PartReader::readMeasureChild(xml_node child) {
         readAttributes(child);
     } else if (leadsBack(child)) {
         warnings_.add("a repeat is sung once", child);
+    }
+    if (name == "barline") {
+        readBarline(child);
+    }
+}
+
+// A double bar ends the phrases of all voices.
+void PartReader::readBarline(xml_node barline) {
+    const std::string style = textOf(barline.child("bar-style"));
+    if (style.find('-') == std::string::npos) {
+        return;
+    }
+    for (auto& voice : voices_) {
+        voice.second.endPhrase(now_);
     }
 }
 
@@ -122,6 +169,10 @@ void PartReader::readNote(xml_node element) {
     } else {
         addNote(element, length);
     }
+    const auto voice = voices_.find(voiceOf(element));
+    if (voice != voices_.end()) {
+        readSlurs(element, isGrace, voice->second);
+    }
 }
 
 double PartReader::lengthOf(xml_node note) {
@@ -160,6 +211,7 @@ void PartReader::addNote(xml_node element, double length) {
     written.note.pitch = readPitch(element);
     checkPlaced(written.note, element);
     readTies(element, written);
+    readMarks(element, written.note.marks);
     written.syllable = readWords(element);
     voices_[voiceOf(element)].add(std::move(written));
 }

@@ -34,6 +34,7 @@ private:
     void readDivisions(pugi::xml_node divisions);
     void readTime(pugi::xml_node element);
     void readTransposition(pugi::xml_node transpose);
+    void readBarline(pugi::xml_node barline);
     void readNote(pugi::xml_node element);
     void addNote(pugi::xml_node element, double length);
     // The words of the verse.

@@ -29,6 +29,12 @@ void mergeNeighbours(std::vector<ScoreNote>& notes, Merge merge) {
     notes = std::move(merged);
 }
 
+// Of a note that is sung as one with another.
+void takeMarks(SongNote& to, const SongNote& from) {
+    to.marks.isBeamed = to.marks.isBeamed || from.marks.isBeamed;
+    to.marks.endsPhrase = to.marks.endsPhrase || from.marks.endsPhrase;
+}
+
 bool haveWordsEach(const ScoreNote& a, const ScoreNote& b) {
     return !a.syllable.text.empty() && !b.syllable.text.empty();
 }
@@ -47,6 +53,7 @@ bool mergeChord(ScoreNote& top, ScoreNote& next, ScoreWarnings& warnings) {
                      next.element);
     }
     takeSyllable(top, next);
+    takeMarks(top.note, next.note);
     return true;
 }
 
@@ -58,6 +65,7 @@ bool mergeTied(ScoreNote& held, ScoreNote& next) {
         return false;
     }
     held.note.length = next.note.start + next.note.length - held.note.start;
+    held.note.marks.endsPhrase = held.note.marks.endsPhrase || next.note.marks.endsPhrase;
     held.beginsTie = next.beginsTie;
     takeSyllable(held, next);
     return true;
@@ -68,6 +76,20 @@ bool mergeTied(ScoreNote& held, ScoreNote& next) {
 void ScoreVoice::add(ScoreNote note) {
     note.syllable = joined(std::exchange(waiting_, {}), note.syllable);
     notes_.push_back(std::move(note));
+}
+
+void ScoreVoice::beginSlur(const std::string& number) {
+    if (!notes_.empty()) {
+        openSlurs_[number] = notes_.back().note.start;
+    }
+}
+
+void ScoreVoice::endSlur(const std::string& number) {
+    const auto begun = openSlurs_.find(number);
+    if (begun != openSlurs_.end()) {
+        slurs_.push_back({begun->second, notes_.back().note.start});
+        openSlurs_.erase(begun);
+    }
 }
 
 bool ScoreVoice::isSung() const {
@@ -87,6 +109,8 @@ std::vector<SongNote> ScoreVoice::takeNotes(ScoreWarnings& warnings) {
                     [&warnings](auto& top, auto& next) { return mergeChord(top, next, warnings); });
     mergeNeighbours(notes_, mergeTied);
     cutOverlaps(warnings);
+    markSlurs();
+    markPhraseEnds();
     typeWords();
     std::vector<SongNote> taken;
     taken.reserve(notes_.size());
@@ -106,6 +130,35 @@ void ScoreVoice::cutOverlaps(ScoreWarnings& warnings) {
         }
         note.length = std::min(note.length, next.start - note.start);
     }
+}
+
+void ScoreVoice::markSlurs() {
+    std::sort(slurs_.begin(), slurs_.end());
+    auto next = slurs_.begin();
+    double end = 0; // of the slurs that began before the note
+    for (auto& written : notes_) {
+        auto& note = written.note;
+        for (; next != slurs_.end() && isBefore(next->first, note.start); ++next) {
+            end = std::max(end, next->second);
+        }
+        note.marks.isSlurred = next != slurs_.begin() && !isBefore(end, note.start);
+    }
+    slurs_.clear();
+    openSlurs_.clear();
+}
+
+void ScoreVoice::markPhraseEnds() {
+    std::sort(phraseEnds_.begin(), phraseEnds_.end());
+    auto time = phraseEnds_.begin();
+    for (auto& written : notes_) {
+        const double end = written.note.start + written.note.length;
+        time = std::find_if(time, phraseEnds_.end(),
+                            [end](double candidate) { return !isBefore(candidate, end); });
+        if (time != phraseEnds_.end() && isSameTime(*time, end)) {
+            written.note.marks.endsPhrase = true;
+        }
+    }
+    phraseEnds_.clear();
 }
 
 void ScoreVoice::typeWords() {

@@ -7,6 +7,8 @@
 
 #include <pugixml.hpp>
 
+#include <map>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -25,6 +27,12 @@ struct ScoreNote {
 class ScoreVoice {
 public:
     void add(ScoreNote note);
+    // A slur goes from the note that was added last to the one that will have been when it ends.
+    // One that does not end, or did not begin, is none.
+    void beginSlur(const std::string& number);
+    void endSlur(const std::string& number);
+    // Ends a phrase with the note that ends at that time.
+    void endPhrase(double time) { phraseEnds_.push_back(time); }
     // Words of a note that is not sung: those of the note that is added next, or else of the last.
     void addWords(const ScoreSyllable& words) { waiting_ = joined(std::move(waiting_), words); }
     bool isSung() const;
@@ -35,10 +43,15 @@ public:
 
 private:
     void typeWords();
+    void markSlurs();
+    void markPhraseEnds();
     void cutOverlaps(ScoreWarnings& warnings);
 
-    std::vector<ScoreNote> notes_; // in the order of the score until they are taken
-    ScoreSyllable waiting_;        // words for the next note
+    std::vector<ScoreNote> notes_;                 // in the order of the score until they are taken
+    ScoreSyllable waiting_;                        // words for the next note
+    std::map<std::string, double> openSlurs_;      // when each began, by its number
+    std::vector<std::pair<double, double>> slurs_; // when their first and last notes begin
+    std::vector<double> phraseEnds_;
 };
 
 } // namespace wybeta::wysim::song

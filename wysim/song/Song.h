@@ -8,6 +8,13 @@
 
 namespace wybeta::wysim::song {
 
+// What a score draws at a note that shows which notes share a syllable and where a singer breathes.
+struct NoteMarks {
+    bool isSlurred = false;  // to the note before it
+    bool isBeamed = false;   // to the note before it
+    bool endsPhrase = false; // by a breath mark or a double bar
+};
+
 // Times are counted in quarter notes from the start of the song.
 struct SongNote {
     double start = 0;
@@ -18,6 +25,7 @@ struct SongNote {
     // Whether the score begins a syllable here; its further notes hold the syllable. Known of notes
     // of a score that another program wrote, and not kept in files.
     bool beginsSyllable = false;
+    NoteMarks marks = {};
 };
 
 struct SongTrack {
