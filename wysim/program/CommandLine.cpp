@@ -92,6 +92,7 @@ public:
         addCompare();
         addFit();
         addCheck();
+        addLay();
     }
 
     CommandLine parse(std::vector<std::string> arguments) {
@@ -161,6 +162,23 @@ private:
                                  "Tell the syllables of each line of a text, and what is not sung");
         addFile(check, "TEXTFILE", "The text to check, or - for standard input");
         check.add_flag("--json", line_.writesJson, "Write what is found as JSON");
+    }
+
+    void addLay() {
+        auto& lay = addCommand(Command::Lay, "lay", "Lay a text under a melody, line by line");
+        addFile(lay, "SONG", "The song whose melody gets the words");
+        lay.add_option("TEXT", line_.text,
+                       "The text, a line for each phrase, or - for standard input")
+            ->type_name("");
+        lay.add_option("--track", line_.track, "The track that is sung (default: the first)")
+            ->type_name("NAME|N");
+        addVerse(lay);
+        lay.add_flag("--guess", line_.ways.guesses,
+                     "Lay words that are not sung with phonemes in brackets, guessed if need be");
+        lay.add_option("--save", line_.save, "Write the song with the words typed")
+            ->type_name("FILE");
+        addPicture(lay);
+        lay.add_option("--json", line_.json, "Write where each word is laid")->type_name("FILE");
     }
 
     CLI::App& addCommand(Command command, const char* name, const char* description) {

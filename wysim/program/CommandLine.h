@@ -10,7 +10,7 @@
 
 namespace wybeta::wysim::program {
 
-enum class Command { Open, Compare, Fit, Check };
+enum class Command { Open, Compare, Fit, Check, Lay };
 
 // What wysim is asked to do.
 struct CommandLine {
@@ -18,6 +18,9 @@ struct CommandLine {
     std::string module; // empty: the one that was built with the program
     // The song, or the text for Check, where "-" is standard input; empty: the built-in example.
     std::string file;
+    std::string text;                  // to lay; "-" is standard input
+    std::optional<std::string> track;  // to lay the text under, by name or number; none: the first
+    std::optional<std::string> json;   // none: what was laid is not written as JSON
     std::optional<int> verse;          // none: the first one that has words
     std::optional<std::string> script; // none: commands are typed; "-": from standard input
     std::optional<std::string> svg;    // none: no picture

@@ -7,6 +7,7 @@
 #include "wysim/program/TextFile.h"
 #include "wysim/session/Comparison.h"
 #include "wysim/session/Fitting.h"
+#include "wysim/session/Laying.h"
 #include "wysim/session/Proof.h"
 #include "wysim/session/Session.h"
 #include "wysim/song/BadInput.h"
@@ -141,6 +142,28 @@ int runFit(const CommandLine& line, const song::Song& song, simulator::Editor& e
     return session::areAllFitted(words) ? kDone : kWordsLeft;
 }
 
+int runLay(const CommandLine& line, const song::Song& song, simulator::Editor& editor,
+           words::LyricReader& reader, const Streams& streams) {
+    const auto text = readTextLines(line.text, streams.in);
+    const std::size_t track = 0;
+    const auto laid = laying::layText(text, song, track, reader, line.ways.guesses);
+    session::proveLaid(editor, laid);
+    streams.out << session::layingTable(laid);
+    const auto typed = session::laidSong(song, track, laid);
+    if (line.save) {
+        write(*line.save, song::songFileText(std::filesystem::u8path(*line.save), typed),
+              streams.out);
+    }
+    if (line.svg) {
+        write(*line.svg, session::fittedPicture(editor, typed), streams.out);
+    }
+    if (line.json) {
+        write(*line.json, session::layingJson(laid, song.tracks[track].name), streams.out);
+    }
+    streams.out << session::layingTotals(laid);
+    return session::isAllLaid(laid) ? kDone : kWordsLeft;
+}
+
 int runOnSong(const CommandLine& line, const song::Song& song, simulator::Editor& editor,
               terminal::Progress& progress, const Streams& streams) {
     words::LyricReader reader;
@@ -152,6 +175,8 @@ int runOnSong(const CommandLine& line, const song::Song& song, simulator::Editor
         return kDone;
     case Command::Fit:
         return runFit(line, song, editor, reader, progress, streams.out);
+    case Command::Lay:
+        return runLay(line, song, editor, reader, streams);
     default:
         return runSession(line, song, editor, reader, streams);
     }

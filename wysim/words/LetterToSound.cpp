@@ -179,23 +179,43 @@ Sounds withSyllabicSonorants(const Sounds& sounds, const Spelling& spelling) {
     return sung;
 }
 
+Symbols symbolsByRules(const Spelling& spelling) {
+    const auto sounds = withSyllabicSonorants(
+        withoutNeedlessVowels(soundsByRules(spelling.letters), spelling), spelling);
+    Symbols symbols;
+    for (const auto& sound : sounds) {
+        symbols.emplace_back(sound.phoneme);
+    }
+    return symbols;
+}
+
+// Erases each "gh".
+void eraseSilentLetters(Spelling& spelling) {
+    for (auto at = spelling.letters.find("gh"); at != std::string::npos;
+         at = spelling.letters.find("gh", at)) {
+        const auto begin = spelling.followsApostrophe.begin() + static_cast<std::ptrdiff_t>(at);
+        spelling.followsApostrophe.erase(begin, begin + 2);
+        spelling.letters.erase(at, 2);
+    }
+}
+
 } // namespace
 
 // Flite's rules alone give 93.7 % of the dictionary's words their number of syllables; without the
-// needless vowels it is 94.3 %, and with the syllabic sonorants 95.2 %.
+// needless vowels it is 94.3 %, and with the syllabic sonorants 95.2 %. They give a few words no
+// vowel before a silent "gh", such as "heigh".
 std::vector<std::string> guessSyllables(std::string_view word) {
     if (word.size() > kLongestGuessed) {
         return {};
     }
-    const auto spelling = spellingOf(word);
+    auto spelling = spellingOf(word);
     if (!spelling) {
         return {};
     }
-    auto sounds = withoutNeedlessVowels(soundsByRules(spelling->letters), *spelling);
-    sounds = withSyllabicSonorants(sounds, *spelling);
-    Symbols symbols;
-    for (const auto& sound : sounds) {
-        symbols.emplace_back(sound.phoneme);
+    auto symbols = symbolsByRules(*spelling);
+    if (countNuclei(symbols) == 0) {
+        eraseSilentLetters(*spelling);
+        symbols = symbolsByRules(*spelling);
     }
     return countNuclei(symbols) == 0 ? Symbols() : dividedIntoSyllables(symbols);
 }

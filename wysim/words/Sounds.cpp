@@ -13,6 +13,8 @@ namespace {
 constexpr std::string_view kVowels[] = {"aa", "ae", "ah", "ao", "aw", "ay", "eh", "er",
                                         "ey", "ih", "iy", "ow", "oy", "uh", "uw"};
 constexpr std::string_view kVoiceless[] = {"ch", "f", "hh", "k", "p", "s", "sh", "t", "th"};
+constexpr std::string_view kVoiced[] = {"b",  "d", "dh", "g", "jh", "l", "m", "n",
+                                        "ng", "r", "v",  "w", "y",  "z", "zh"};
 constexpr std::string_view kSibilants[] = {"ch", "jh", "s", "sh", "z", "zh"};
 
 // Of more than one consonant; each consonant but ng can begin a word by itself.
@@ -51,6 +53,10 @@ Symbols symbolsOf(std::string_view phonemes) {
         }
     }
     return symbols;
+}
+
+bool isSymbol(std::string_view symbol) {
+    return isVowel(symbol) || isVoiceless(symbol) || isAmong(symbol, kVoiced);
 }
 
 bool isVowel(std::string_view symbol) {

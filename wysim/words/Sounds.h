@@ -15,6 +15,8 @@ using Symbols = std::vector<std::string>;
 // The symbols of a text such as "ah . b ae n", without its syllable marks.
 Symbols symbolsOf(std::string_view phonemes);
 
+// Whether the dictionary has words with the symbol.
+bool isSymbol(std::string_view symbol);
 bool isVowel(std::string_view symbol);
 // Whether a consonant is spoken without voice, as t and s are.
 bool isVoiceless(std::string_view symbol);

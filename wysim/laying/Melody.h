@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// A melody as it is to be sung: where its phrases begin, and which of its notes look held.
+#pragma once
+
+#include "wysim/song/Song.h"
+
+#include <array>
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace wybeta::wysim::laying {
+
+// What in a score shows that a note goes on with the syllable of the note before it.
+enum class HeldBy { Slurs, SlursAndBeams, Nothing, Beams };
+
+constexpr std::size_t kWaysToHold = 4;
+
+// Such as "slurs and beams".
+std::string nameOf(HeldBy way);
+
+struct MelodyNote {
+    bool beginsPhrase = false;
+    bool isPhraseSure = false; // of a note that begins a phrase: whether a rest or a mark shows it
+    std::array<bool, kWaysToHold> looksHeld = {};
+    bool repeatsPitch = false; // of the note before it
+    double length = 1;
+    double weight = 0; // of its place in the bar: 0 for a downbeat, up to 1
+};
+
+// Phrases end at rests, breath marks and double bars, and a long stretch without any at long notes
+// and bar lines.
+std::vector<MelodyNote> melodyOf(const song::Song& song, std::size_t track);
+
+} // namespace wybeta::wysim::laying

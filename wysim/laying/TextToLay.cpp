@@ -1,0 +1,229 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "wysim/laying/TextToLay.h"
+
+#include "lyrics/BracketedPhonemes.h"
+#include "lyrics/KanaPhonemeTable.h"
+#include "text/Splitting.h"
+#include "wysim/words/CharacterKinds.h"
+#include "wysim/words/LyricText.h"
+#include "wysim/words/Readings.h"
+#include "wysim/words/Sounds.h"
+
+#include <algorithm>
+#include <string_view>
+#include <utility>
+
+namespace wybeta::wysim::laying {
+
+namespace {
+
+using Text = std::u32string_view;
+
+constexpr std::u32string_view kHyphens = U"-\u00AD\u2010\u2011";
+
+bool isHyphen(char32_t character) {
+    return kHyphens.find(character) != Text::npos;
+}
+
+bool isKana(Text text, std::size_t place) {
+    constexpr char32_t kFirstHalfWidth = 0xFF66;
+    constexpr char32_t kLastHalfWidth = 0xFF9F;
+    return lyrics::findKanaSingle(text, place) != nullptr ||
+           (text[place] >= kFirstHalfWidth && text[place] <= kLastHalfWidth);
+}
+
+// Digits are numbers of verses, or are not sung.
+bool isDigit(char32_t character) {
+    return character >= U'0' && character <= U'9';
+}
+
+bool isInWord(char32_t character) {
+    return words::isOfWords(character) || words::isApostrophe(character) || isHyphen(character);
+}
+
+std::u32string inPlainCharacters(Text word) {
+    return words::withOrdinaryKana(
+        words::withPlainLetters(words::withPlainApostrophes(std::u32string(word))));
+}
+
+template <class Entries>
+bool hasSymbol(const Entries& entries, std::string_view symbol) {
+    return std::any_of(entries.begin(), entries.end(), [symbol](const auto& entry) {
+        const auto symbols = text::splitText(entry.phonemes, "");
+        return std::find(symbols.begin(), symbols.end(), symbol) != symbols.end();
+    });
+}
+
+bool isSung(std::string_view symbol) {
+    return words::isSymbol(symbol) || hasSymbol(lyrics::KanaPhonemeTable::singles(), symbol) ||
+           hasSymbol(lyrics::KanaPhonemeTable::pairs(), symbol);
+}
+
+// "[Chorus]", whose symbols are none that are sung.
+bool isHeading(std::string_view line) {
+    line = text::trimmed(line);
+    if (line.size() < 2 || line.front() != '[' || line.back() != ']') {
+        return false;
+    }
+    auto symbols = std::string(line.substr(1, line.size() - 2));
+    std::replace(symbols.begin(), symbols.end(), ',', ' ');
+    const auto pieces = text::splitText(symbols, "");
+    return std::none_of(pieces.begin(), pieces.end(), isSung);
+}
+
+// Cuts one line into its words.
+class LineCutter {
+public:
+    LineCutter(Text line, WaysToSing& ways, words::LyricReader& reader)
+        : line_(line), ways_(ways), reader_(reader), readings_(words::findReadings(line)) {}
+
+    std::vector<WordToLay> cut() {
+        while (place_ < line_.size()) {
+            if (!takeReading() && !takeBracket() && !takeKana() && !takeWord()) {
+                ++place_;
+            }
+        }
+        return std::move(words_);
+    }
+
+private:
+    // Kanji with their reading in parentheses.
+    bool takeReading() {
+        for (const auto& [begin, end, kana] : readings_) {
+            if (begin == place_) {
+                add(begin, end, kana, true);
+                return true;
+            }
+        }
+        return false;
+    }
+
+    // Phonemes, with the word in front of them.
+    bool takeBracket() {
+        const auto end = line_.find(U']', place_);
+        if (line_[place_] != U'[' || end == Text::npos) {
+            return false;
+        }
+        const bool belongs = !words_.empty() && wordEnd_ == place_;
+        const auto begin = belongs ? wordBegin_ : place_;
+        if (belongs) {
+            words_.pop_back();
+        }
+        add(begin, end + 1, line_.substr(begin, end + 1 - begin), false);
+        return true;
+    }
+
+    bool takeKana() {
+        auto end = place_;
+        while (end < line_.size() && isKana(line_, end)) {
+            ++end;
+        }
+        if (end == place_) {
+            return false;
+        }
+        add(place_, end, inPlainCharacters(line_.substr(place_, end - place_)), true);
+        return true;
+    }
+
+    bool takeWord() {
+        auto end = place_;
+        bool hasLetters = false;
+        while (end < line_.size() && isInWord(line_[end]) && !isKana(line_, end)) {
+            hasLetters = hasLetters || (words::isOfWords(line_[end]) && !isDigit(line_[end]));
+            ++end;
+        }
+        if (!hasLetters) {
+            place_ = std::max(end, place_);
+            return end > place_;
+        }
+        auto begin = place_;
+        while (isHyphen(line_[begin]) || isDigit(line_[begin])) {
+            ++begin;
+        }
+        auto last = end;
+        while (isHyphen(line_[last - 1])) {
+            --last;
+        }
+        const auto bare = withoutQuotes(begin, last);
+        add(bare.first, bare.second, lyricOf(bare.first, bare.second), false);
+        place_ = end;
+        return true;
+    }
+
+    // Apostrophes around a word belong to it if the dictionary says so, as in "'tis" and "o'".
+    std::pair<std::size_t, std::size_t> withoutQuotes(std::size_t begin, std::size_t end) {
+        auto innerBegin = begin;
+        while (innerBegin < end && words::isApostrophe(line_[innerBegin])) {
+            ++innerBegin;
+        }
+        auto innerEnd = end;
+        while (innerEnd > innerBegin && words::isApostrophe(line_[innerEnd - 1])) {
+            --innerEnd;
+        }
+        const std::pair<std::size_t, std::size_t> ways[] = {
+            {begin, end}, {begin, innerEnd}, {innerBegin, end}, {innerBegin, innerEnd}};
+        for (const auto& way : ways) {
+            if (reader_.singsAllOf(lyricOf(way.first, way.second))) {
+                return way;
+            }
+        }
+        return ways[0];
+    }
+
+    // A hyphen holds a syllable of a lyric, but that of a text only joins words.
+    std::string lyricOf(std::size_t begin, std::size_t end) {
+        const auto plain = inPlainCharacters(line_.substr(begin, end - begin));
+        auto joined = plain;
+        joined.erase(std::remove_if(joined.begin(), joined.end(), isHyphen), joined.end());
+        auto parted = plain;
+        std::replace_if(parted.begin(), parted.end(), isHyphen, U' ');
+        const bool isParted = joined != plain && !reader_.singsAllOf(words::utf8Of(joined)) &&
+                              singsEach(words::wordsBetweenBlanks(words::utf8Of(parted)));
+        return words::utf8Of(isParted ? parted : joined);
+    }
+
+    bool singsEach(const std::vector<std::string>& pieces) {
+        return std::all_of(pieces.begin(), pieces.end(),
+                           [this](const auto& piece) { return reader_.singsAllOf(piece); });
+    }
+
+    void add(std::size_t begin, std::size_t end, Text lyric, bool isKana) {
+        add(begin, end, words::utf8Of(lyric), isKana);
+    }
+
+    void add(std::size_t begin, std::size_t end, const std::string& lyric, bool isKana) {
+        words_.push_back({words::utf8Of(line_.substr(begin, end - begin)), begin + 1, lyric,
+                          ways_.of(lyric), isKana});
+        wordBegin_ = begin;
+        wordEnd_ = end;
+        place_ = end;
+    }
+
+    Text line_;
+    WaysToSing& ways_;
+    words::LyricReader& reader_;
+    std::vector<words::Reading> readings_;
+    std::size_t place_ = 0;
+    std::size_t wordBegin_ = 0; // of the last word
+    std::size_t wordEnd_ = 0;
+    std::vector<WordToLay> words_;
+};
+
+} // namespace
+
+std::vector<LineToLay> linesToLay(const std::vector<std::string>& text, WaysToSing& ways,
+                                  words::LyricReader& reader) {
+    std::vector<LineToLay> lines;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (isHeading(text[i])) {
+            continue;
+        }
+        auto found = LineCutter(words::charactersOf(text[i]), ways, reader).cut();
+        if (!found.empty()) {
+            lines.push_back({i + 1, std::move(found)});
+        }
+    }
+    return lines;
+}
+
+} // namespace wybeta::wysim::laying
