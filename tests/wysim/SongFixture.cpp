@@ -87,6 +87,16 @@ std::vector<std::string> linesOf(const Song& song, std::size_t track) {
     return lines;
 }
 
+std::string marksOf(const Song& song, std::size_t track) {
+    std::string line;
+    for (const auto& note : song.tracks.at(track).notes) {
+        line += std::string(line.empty() ? "" : " ") + (note.marks.isSlurred ? "~" : "") +
+                (note.marks.isBeamed ? "=" : "") + formatPitch(note.pitch) +
+                (note.marks.endsPhrase ? "," : "");
+    }
+    return line;
+}
+
 TemporaryFolder::TemporaryFolder()
     : path_(fs::temp_directory_path() / ("wysim-" + std::to_string(std::random_device()()))) {
     fs::create_directories(path_);

@@ -30,6 +30,9 @@ std::string refusalOf(const std::filesystem::path& path, std::optional<int> vers
 std::vector<std::string> trackNames(const wysim::song::Song& song);
 // "start length pitch lyric" of each note of a track, typed lyrics with a star.
 std::vector<std::string> linesOf(const wysim::song::Song& song, std::size_t track = 0);
+// The pitch of each note of a track, such as "C4 ~D4 =E4,": "~" is before a note that is slurred to
+// the note before it, "=" before one that is beamed to it, and "," after the last of a phrase.
+std::string marksOf(const wysim::song::Song& song, std::size_t track = 0);
 
 // A folder that goes when the test is over.
 class TemporaryFolder {

@@ -30,32 +30,48 @@ bool hasType(xml_node element, std::string_view type) {
     return element.attribute("type").value() == type;
 }
 
-void readMarks(xml_node element, NoteMarks& marks) {
-    const std::string_view beam =
-        element.find_child_by_attribute("beam", "number", "1").child_value();
-    marks.isBeamed = beam == "continue" || beam == "end";
-    for (const auto notations : element.children("notations")) {
-        const auto articulations = notations.child("articulations");
-        marks.endsPhrase = marks.endsPhrase || articulations.child("breath-mark") ||
-                           articulations.child("caesura");
-    }
+// Of a slur or a beam; the first is the one without a number.
+std::string numberOf(xml_node element) {
+    return element.attribute("number").as_string("1");
 }
 
-// A slur from a grace note leads to no further note, and one to a grace note ends before it.
-void readSlurs(xml_node element, bool isGrace, ScoreVoice& voice) {
+// Only the first beam joins notes: each further one is drawn beside it.
+bool isBeamed(xml_node note) {
+    for (const auto beam : note.children("beam")) {
+        if (numberOf(beam) == "1") {
+            const auto state = onOneLine(textOf(beam));
+            return state == "continue" || state == "end";
+        }
+    }
+    return false;
+}
+
+bool endsPhrase(xml_node note) {
+    for (const auto notations : note.children("notations")) {
+        for (const auto articulations : notations.children("articulations")) {
+            if (articulations.child("breath-mark") || articulations.child("caesura")) {
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
+// A slur from a note that is not sung, such as a grace note, leads to no further note, and one to
+// such a note ends before it.
+void readSlurs(xml_node element, bool isSung, ScoreVoice& voice) {
     std::vector<std::string> begun;
     for (const auto notations : element.children("notations")) {
         for (const auto slur : notations.children("slur")) {
-            const std::string number = slur.attribute("number").as_string("1");
             if (hasType(slur, "stop")) {
-                voice.endSlur(number);
-            } else if (hasType(slur, "start") && !isGrace) {
-                begun.push_back(number);
+                voice.endSlur(numberOf(slur));
+            } else if (hasType(slur, "start")) {
+                begun.push_back(numberOf(slur));
             }
         }
     }
     for (const auto& number : begun) {
-        voice.beginSlur(number);
+        isSung ? voice.beginSlur(number) : voice.dropSlur(number);
     }
 }
 
@@ -100,14 +116,16 @@ void PartReader::readMeasureChild(xml_node child) {
     }
 }
 
-// A double bar ends the phrases of all voices.
+// A double bar ends the phrases of all voices, of which the last need not fill the measure.
 void PartReader::readBarline(xml_node barline) {
     const std::string style = textOf(barline.child("bar-style"));
     if (style.find('-') == std::string::npos) {
         return;
     }
+    const std::string_view location = barline.attribute("location").as_string("right");
+    const double right = location == "right" ? std::max(end_, now_) : now_;
     for (auto& voice : voices_) {
-        voice.second.endPhrase(now_);
+        voice.second.endPhrase(location == "left" ? start_ : right);
     }
 }
 
@@ -162,16 +180,17 @@ void PartReader::readNote(xml_node element) {
         noteStart_ = now_;
         goForward(element, length);
     }
-    if (isSilent(element)) {
-        passOver(element);
-    } else if (length == 0) {
-        keepWords(element, isGrace ? "a grace note" : "a note without length");
-    } else {
+    const bool isSung = !isSilent(element) && length != 0;
+    if (isSung) {
         addNote(element, length);
+    } else if (isSilent(element)) {
+        passOver(element);
+    } else {
+        keepWords(element, isGrace ? "a grace note" : "a note without length");
     }
     const auto voice = voices_.find(voiceOf(element));
     if (voice != voices_.end()) {
-        readSlurs(element, isGrace, voice->second);
+        readSlurs(element, isSung, voice->second);
     }
 }
 
@@ -211,7 +230,8 @@ void PartReader::addNote(xml_node element, double length) {
     written.note.pitch = readPitch(element);
     checkPlaced(written.note, element);
     readTies(element, written);
-    readMarks(element, written.note.marks);
+    written.note.marks.isBeamed = isBeamed(element);
+    written.note.marks.endsPhrase = endsPhrase(element);
     written.syllable = readWords(element);
     voices_[voiceOf(element)].add(std::move(written));
 }

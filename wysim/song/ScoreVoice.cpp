@@ -109,6 +109,7 @@ std::vector<SongNote> ScoreVoice::takeNotes(ScoreWarnings& warnings) {
                     [&warnings](auto& top, auto& next) { return mergeChord(top, next, warnings); });
     mergeNeighbours(notes_, mergeTied);
     cutOverlaps(warnings);
+    markBeams();
     markSlurs();
     markPhraseEnds();
     typeWords();
@@ -129,6 +130,13 @@ void ScoreVoice::cutOverlaps(ScoreWarnings& warnings) {
             warnings.add("a note ends where the next of its voice begins", notes_[i - 1].element);
         }
         note.length = std::min(note.length, next.start - note.start);
+    }
+}
+
+// There is no note before the first that a beam could join it to.
+void ScoreVoice::markBeams() {
+    if (!notes_.empty()) {
+        notes_.front().note.marks.isBeamed = false;
     }
 }
 

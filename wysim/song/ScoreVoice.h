@@ -31,6 +31,7 @@ public:
     // One that does not end, or did not begin, is none.
     void beginSlur(const std::string& number);
     void endSlur(const std::string& number);
+    void dropSlur(const std::string& number) { openSlurs_.erase(number); }
     // Ends a phrase with the note that ends at that time.
     void endPhrase(double time) { phraseEnds_.push_back(time); }
     // Words of a note that is not sung: those of the note that is added next, or else of the last.
@@ -43,6 +44,7 @@ public:
 
 private:
     void typeWords();
+    void markBeams();
     void markSlurs();
     void markPhraseEnds();
     void cutOverlaps(ScoreWarnings& warnings);
