@@ -26,7 +26,7 @@ for song in wysim/songs/*.musicxml; do
     name=$(basename "$song" .musicxml)
     {
         build/linux/wysim/wysim "$song" --script wysim/songs/session.txt --svg "$output/$name.svg"
-        build/linux/wysim/wysim compare "$song"
+        ! grep -q "<lyric" "$song" || build/linux/wysim/wysim compare "$song"
     } >"$output/$name.txt"
 done
 echo

@@ -312,8 +312,8 @@ TEST(Import, ReadsScoresInUtf16AndUtf32) {
 }
 
 TEST(Import, ReadsTheExampleSongs) {
-    for (const auto* const name :
-         {"twinkle", "amazing-grace", "sakura", "hello-sakura", "gloria"}) {
+    for (const auto* const name : {"twinkle", "amazing-grace", "sakura", "hello-sakura", "gloria",
+                                   "silent-night", "hotaru-no-hikari"}) {
         const auto path = sourceFile(std::string("wysim/songs/") + name + ".musicxml");
         EXPECT_EQ(refusalOf(path), "");
     }

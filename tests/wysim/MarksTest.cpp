@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/Options.h"
 #include "tests/wysim/SmallScores.h"
 #include "tests/wysim/SongFixture.h"
 #include "wysim/song/Song.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <string>
 #include <vector>
@@ -279,6 +281,35 @@ TEST(PhraseOfAScore, EndsWithAnyNoteOfAChord) {
     EXPECT_EQ(marksIn({noteOf("G4", 1) + noteOf("C4", 1, "<chord/>" + articulation("breath-mark")) +
                        noteOf("D4", 1)}),
               "G4, D4");
+}
+
+TEST(MarksOfTheExampleMelodies, EndAPhraseForEachLineOfTheText) {
+    const auto melody = [](const std::string& name) {
+        return marksOf(readSong(sourceFile("wysim/songs/" + name + ".musicxml")));
+    };
+    const auto countLines = [](const std::string& name) {
+        const auto text = bytesOf(sourceFile("wysim/songs/" + name + ".txt"));
+        return std::count(text.begin(), text.end(), '\n');
+    };
+    for (const std::string name : {"silent-night", "hotaru-no-hikari"}) {
+        const auto marks = melody(name);
+        const auto phrases = std::count(marks.begin(), marks.end(), ',');
+        EXPECT_EQ(marks.back(), ',') << name;
+        EXPECT_EQ(phrases, countLines(name)) << name;
+        EXPECT_EQ(phrases, countLines(name + "-2")) << name;
+    }
+    EXPECT_EQ(melody("silent-night").substr(0, 30), "G4 ~=A4 G4 E4 G4 ~=A4 G4 E4, D");
+    EXPECT_EQ(melody("hotaru-no-hikari").substr(0, 47),
+              "C4 F4 F4 F4 A4 G4 ~F4 G4 A4 F4 F4 A4 ~C5 D5, D5");
+}
+
+// A slur carries one kana, and each line has twelve.
+TEST(MarksOfTheExampleMelodies, LeaveOneGroupOfNotesForEachKana) {
+    const auto song = readSong(sourceFile("wysim/songs/hotaru-no-hikari.musicxml"));
+    const auto& notes = song.tracks.at(0).notes;
+    EXPECT_EQ(std::count_if(notes.begin(), notes.end(),
+                            [](const auto& note) { return !note.marks.isSlurred; }),
+              4 * 12);
 }
 
 } // namespace

@@ -89,8 +89,8 @@ TEST(SongPicture, OfAnEmptyTrackIsAHeading) {
 
 TEST(SongPicture, ComesFromASessionWithEveryLyric) {
     const TemporaryFolder folder;
-    for (const auto* const name :
-         {"twinkle", "amazing-grace", "sakura", "hello-sakura", "gloria"}) {
+    for (const auto* const name : {"twinkle", "amazing-grace", "sakura", "hello-sakura", "gloria",
+                                   "silent-night", "hotaru-no-hikari"}) {
         const auto song = sourceFile(std::string("wysim/songs/") + name + ".musicxml");
         const auto svg = folder.file("song.svg").u8string();
         const auto saved = folder.file("song.json");
