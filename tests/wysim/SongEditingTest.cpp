@@ -227,6 +227,75 @@ TEST_F(SongEditingTest, KeepsWhereTheScoreBeginsSyllables) {
     });
 }
 
+class MarksInEditing : public SongEditingTest {
+protected:
+    // The song of the suite with marks at its second, third and fourth note.
+    static void editMarked(const std::function<void(SongEditing&)>& work) {
+        auto marked = song();
+        auto& notes = marked.tracks[0].notes;
+        notes[1].marks.isSlurred = true;
+        notes[2].marks.isBeamed = true;
+        notes[3].marks.endsPhrase = true;
+        edit(marked, work);
+    }
+
+    static std::string marks(const SongEditing& editing) {
+        const auto& inEditor = editing.inEditor();
+        EXPECT_EQ(marksOf(inEditor.typedSong()), marksOf(inEditor.song()));
+        return marksOf(inEditor.song());
+    }
+};
+
+constexpr auto kMarksAsOpened = "C4 ~C#4 =D4 D#4,";
+
+TEST_F(MarksInEditing, AreThoseOfTheOpenedSong) {
+    editMarked([](SongEditing& editing) { EXPECT_EQ(marks(editing), kMarksAsOpened); });
+}
+
+TEST_F(MarksInEditing, StayWhenALyricIsTyped) {
+    editMarked([](SongEditing& editing) {
+        editing.type(0, 1, "hello");
+        EXPECT_EQ(marks(editing), kMarksAsOpened);
+        editing.undo();
+        EXPECT_EQ(marks(editing), kMarksAsOpened);
+        editing.redo();
+        EXPECT_EQ(marks(editing), kMarksAsOpened);
+    });
+}
+
+TEST_F(MarksInEditing, GoWithANoteThatIsMoved) {
+    editMarked([](SongEditing& editing) {
+        editing.move(0, 1, noteAt(8, 1, 72));
+        EXPECT_EQ(marks(editing), "C4 =D4 D#4, ~C5");
+        editing.undo();
+        EXPECT_EQ(marks(editing), kMarksAsOpened);
+        editing.redo();
+        EXPECT_EQ(marks(editing), "C4 =D4 D#4, ~C5");
+    });
+}
+
+TEST_F(MarksInEditing, ComeBackWithANoteThatWasDeleted) {
+    editMarked([](SongEditing& editing) {
+        editing.remove(0, 3);
+        editing.remove(0, 1);
+        EXPECT_EQ(marks(editing), "C4 =D4");
+        editing.undo();
+        editing.undo();
+        EXPECT_EQ(marks(editing), kMarksAsOpened);
+        editing.redo();
+        EXPECT_EQ(marks(editing), "C4 ~C#4 =D4");
+    });
+}
+
+TEST_F(MarksInEditing, AreNotThereOfANoteThatIsAdded) {
+    editMarked([](SongEditing& editing) {
+        auto note = noteAt(3, 1, 72);
+        note.marks = {true, true, true};
+        editing.add(0, note);
+        EXPECT_EQ(marks(editing), "C4 ~C#4 C5 =D4 D#4,");
+    });
+}
+
 } // namespace
 
 } // namespace wybeta::tests

@@ -66,9 +66,7 @@ void SongInEditor::addTrack(simulator::Editor& editor, const song::SongTrack& tr
         } else {
             event->setLyric(note.lyric);
         }
-        if (note.beginsSyllable) {
-            syllableBegins_.insert(event.get());
-        }
+        drawings_[event.get()] = {note.beginsSyllable, note.marks};
         part->add(event);
     }
     parts_.push_back(part);
@@ -83,8 +81,10 @@ simulator::Event& SongInEditor::note(std::size_t track, std::size_t index) const
 
 song::SongNote SongInEditor::songNote(std::size_t track, std::size_t index) const {
     const auto& event = note(track, index);
-    return {event.startInPart, event.duration, event.pitch,
-            event.lyric(),     event.flagged,  syllableBegins_.count(&event) != 0};
+    const auto found = drawings_.find(&event);
+    const auto drawing = found == drawings_.end() ? Drawing() : found->second;
+    return {event.startInPart, event.duration,         event.pitch,  event.lyric(),
+            event.flagged,     drawing.beginsSyllable, drawing.marks};
 }
 
 song::Song SongInEditor::typedSong() const {

@@ -9,7 +9,7 @@
 
 #include <cstddef>
 #include <string>
-#include <unordered_set>
+#include <unordered_map>
 #include <vector>
 
 namespace wybeta::wysim::session {
@@ -41,14 +41,20 @@ public:
     void setTypedLyric(std::size_t track, std::size_t index, const std::string& lyric) const;
 
 private:
+    // What the score that was opened draws at a note.
+    struct Drawing {
+        bool beginsSyllable = false;
+        song::NoteMarks marks;
+    };
+
     void addTrack(simulator::Editor& editor, const song::SongTrack& track,
                   std::vector<simulator::Change>& typing);
 
     song::Song frame_; // without the notes
     std::vector<simulator::Handle<simulator::Part>> parts_;
-    // The notes at which the score that was opened begins a syllable. They live as long as this:
-    // those that are removed are kept by the history.
-    std::unordered_set<const simulator::Event*> syllableBegins_;
+    // Of the notes of the opened song. They live as long as this: those that are removed are kept
+    // by the history.
+    std::unordered_map<const simulator::Event*, Drawing> drawings_;
 };
 
 // A note for the editor, without its lyric.
