@@ -11,6 +11,8 @@
 #include <cstddef>
 #include <filesystem>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace wybeta::tests {
 
@@ -176,6 +178,15 @@ TEST(Refusal, OfJsonSaysWhere) {
     EXPECT_EQ(refusalOfJson(replaced("love", "lo\\nve")),
               "expected a text of one line in UTF-8, found control characters or other bytes at "
               "note 4 at track 1");
+    EXPECT_EQ(refusalOfJson(replaced("\"typed\":true", "\"typed\":1")),
+              "expected true or false as 'typed', found number at note 1 at track 1");
+    for (const auto& [member, found] : std::vector<std::pair<std::string, std::string>>{
+             {"\"slurred\":1", "'slurred', found number"},
+             {"\"beamed\":\"yes\"", "'beamed', found string"},
+             {"\"endsPhrase\":null", "'endsPhrase', found null"}}) {
+        EXPECT_EQ(refusalOfJson(replaced("\"pitch\":62", "\"pitch\":62," + member)),
+                  "expected true or false as " + found + " at note 2 at track 1");
+    }
     EXPECT_EQ(refusalOfJson(replaced("wysim song 1", "wysim song 2")),
               "expected the format 'wysim song 1', found 'wysim song 2'");
     EXPECT_EQ(refusalOfJson("{\"format\": \"wysim song 1\", \"title\": \"\", \"beats\": 4, "

@@ -8,9 +8,13 @@
 #include "wysim/terminal/Progress.h"
 
 #include <gtest/gtest.h>
+#include <pugixml.hpp>
 
+#include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <filesystem>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -22,13 +26,14 @@ using wysim::song::jsonFromSong;
 using wysim::song::musicXmlFromSong;
 using wysim::song::Song;
 using wysim::song::songFromJson;
+using wysim::song::SongNote;
 
 Song songFromMusicXml(const std::string& bytes) {
     wysim::terminal::Progress progress;
     return wysim::song::songFromMusicXml(bytes, {}, progress).song;
 }
 
-std::vector<std::filesystem::path> songs() {
+std::vector<std::filesystem::path> sungSongs() {
     std::vector<std::filesystem::path> paths;
     for (const auto* const name :
          {"twinkle", "amazing-grace", "sakura", "hello-sakura", "gloria"}) {
@@ -41,11 +46,172 @@ std::vector<std::filesystem::path> songs() {
     return paths;
 }
 
+std::vector<std::filesystem::path> songs() {
+    auto paths = sungSongs();
+    for (const auto* const name : {"silent-night", "hotaru-no-hikari"}) {
+        paths.push_back(sourceFile(std::string("wysim/songs/") + name + ".musicxml"));
+    }
+    return paths;
+}
+
 TEST(RoundTrip, FromJsonToJsonKeepsTheSong) {
     for (const auto& path : songs()) {
         const auto json = jsonFromSong(readSong(path));
         EXPECT_EQ(jsonFromSong(songFromJson(json)), json) << path;
     }
+}
+
+// Notes of that many eighths one after the other, each with the marks of three bits.
+Song songWithMarks(const std::vector<unsigned>& marks, int eighths = 1) {
+    Song song;
+    song.tracks = {{"Voice", {}}};
+    for (std::size_t i = 0; i < marks.size(); ++i) {
+        SongNote note;
+        note.start = static_cast<double>(i) * eighths / 2;
+        note.length = eighths / 2.0;
+        note.marks = {(marks[i] & 1) != 0, (marks[i] & 2) != 0, (marks[i] & 4) != 0};
+        song.tracks[0].notes.push_back(note);
+    }
+    return song;
+}
+
+TEST(RoundTrip, ThroughJsonKeepsEachMark) {
+    const auto song = songWithMarks({0, 1, 2, 4, 7});
+    EXPECT_EQ(marksOf(songFromJson(jsonFromSong(song))), "C4 ~C4 =C4 C4, ~=C4,");
+}
+
+TEST(RoundTrip, WritesMarksToJsonOnlyWhereTheyAreDrawn) {
+    const auto json = jsonFromSong(songWithMarks({0, 7}));
+    EXPECT_NE(json.find("\"typed\":false},\n"), std::string::npos) << json;
+    EXPECT_NE(json.find("\"typed\":false,\"slurred\":true,\"beamed\":true,\"endsPhrase\":true}\n"),
+              std::string::npos)
+        << json;
+}
+
+TEST(RoundTrip, ThroughJsonTakesAMarkThatIsFalseForNone) {
+    auto json = jsonFromSong(songWithMarks({0}));
+    const std::string typed = "\"typed\":false";
+    json.replace(json.find(typed), typed.size(), typed + ", \"slurred\": false");
+    EXPECT_EQ(marksOf(songFromJson(json)), "C4");
+}
+
+Song throughMusicXml(const Song& song) {
+    return songFromMusicXml(musicXmlFromSong(song));
+}
+
+// The first note has none before it to be joined to.
+Song asScoresHoldIt(Song song) {
+    auto& first = song.tracks[0].notes[0].marks;
+    first.isSlurred = false;
+    first.isBeamed = false;
+    return song;
+}
+
+TEST(RoundTrip, ThroughMusicXmlKeepsAllMarksOfThreeNotes) {
+    for (unsigned bits = 0; bits < 512; ++bits) {
+        const auto song = songWithMarks({bits & 7, bits >> 3 & 7, bits >> 6});
+        EXPECT_EQ(marksOf(throughMusicXml(song)), marksOf(asScoresHoldIt(song)));
+    }
+}
+
+TEST(RoundTrip, ThroughMusicXmlKeepsSlursOverRests) {
+    auto song = songWithMarks({0, 1, 0, 1});
+    song.tracks[0].notes[1].start = 0.75;
+    song.tracks[0].notes[1].length = 0.25;
+    song.tracks[0].notes[3].start = 9;
+    EXPECT_EQ(marksOf(throughMusicXml(song)), "C4 ~C4 C4 ~C4");
+}
+
+TEST(RoundTrip, ThroughMusicXmlDropsBeamsOfQuarters) {
+    EXPECT_EQ(marksOf(throughMusicXml(songWithMarks({0, 7, 2}, 2))), "C4 ~C4, C4");
+}
+
+// Whether a score can join the note to the one before it, in bars of four quarters.
+bool canBeBeamed(const SongNote& before, const SongNote& note) {
+    const double beforeEnds = before.start + before.length;
+    const double lastPiece =
+        beforeEnds - std::max(before.start, 4 * (std::ceil(beforeEnds / 4) - 1));
+    const double firstPiece =
+        std::min(note.start + note.length, 4 * (std::floor(note.start / 4) + 1)) - note.start;
+    return lastPiece < 1 && firstPiece < 1;
+}
+
+Song randomSongWithMarks(std::mt19937& random) {
+    Song song;
+    song.tracks = {{"Voice", {}}};
+    auto& notes = song.tracks[0].notes;
+    double now = 0;
+    while (notes.size() < 40) {
+        SongNote note;
+        note.start = now + (random() % 8 == 0 ? 0.25 : 0);
+        note.length = static_cast<double>(1 + random() % (random() % 8 == 0 ? 24 : 4)) / 4;
+        note.pitch = 60 + static_cast<int>(random() % 3);
+        note.marks = {random() % 2 != 0, random() % 2 != 0, random() % 4 == 0};
+        now = note.start + note.length;
+        notes.push_back(note);
+    }
+    return song;
+}
+
+TEST(RoundTrip, ThroughMusicXmlKeepsTheMarksOfRandomSongs) {
+    std::mt19937 random(7);
+    for (int round = 0; round < 300; ++round) {
+        const auto song = randomSongWithMarks(random);
+        auto expected = asScoresHoldIt(song);
+        auto& notes = expected.tracks[0].notes;
+        for (std::size_t i = 1; i < notes.size(); ++i) {
+            notes[i].marks.isBeamed =
+                notes[i].marks.isBeamed && canBeBeamed(notes[i - 1], notes[i]);
+        }
+        const auto again = throughMusicXml(song);
+        ASSERT_EQ(jsonFromSong(again), jsonFromSong(expected)) << round;
+        ASSERT_EQ(musicXmlFromSong(again), musicXmlFromSong(song)) << round;
+    }
+}
+
+// The notes of a score that are no rests, each with the names of its children, and the values of
+// those of interest.
+std::string drawn(const std::string& score) {
+    pugi::xml_document document;
+    document.load_string(score.c_str());
+    std::string text;
+    for (const auto& found : document.select_nodes("//note[pitch]")) {
+        for (const auto child : found.node()) {
+            const std::string value =
+                child.name() == std::string("beam")
+                    ? child.text().get()
+                    : std::string(child.attribute("type").value()) +
+                          child.child("slur").attribute("type").value() +
+                          (child.child("articulations").child("breath-mark") ? "," : "");
+            text += child.name() + (value.empty() ? "" : "=" + value) + " ";
+        }
+        text += "\n";
+    }
+    return text;
+}
+
+TEST(RoundTrip, WritesMarksInTheOrderOfMusicXml) {
+    auto song = songWithMarks({0, 7});
+    for (auto& note : song.tracks[0].notes) {
+        note.lyric = "la";
+        note.typed = true;
+    }
+    EXPECT_EQ(drawn(musicXmlFromSong(song)),
+              "pitch duration voice type beam=begin notations=start lyric \n"
+              "pitch duration voice type beam=end notations=stop, lyric \n");
+}
+
+TEST(RoundTrip, WritesMarksOfATiedNoteAtItsFirstAndLastPiece) {
+    auto song = songWithMarks({0, 7, 2});
+    song.tracks[0].notes[0].start = 3;
+    song.tracks[0].notes[1].start = 3.5;
+    song.tracks[0].notes[1].length = 1;
+    song.tracks[0].notes[2].start = 4.5;
+    EXPECT_EQ(drawn(musicXmlFromSong(song)),
+              "pitch duration voice type beam=begin notations=start \n"
+              "pitch duration tie=start voice type beam=end notations=stop \n"
+              "pitch duration tie=stop voice type beam=begin notations=, \n"
+              "pitch duration voice type beam=end \n");
 }
 
 TEST(RoundTrip, FromMusicXmlToMusicXmlKeepsTheSong) {
@@ -60,7 +226,7 @@ TEST(RoundTrip, FromMusicXmlToMusicXmlKeepsTheSong) {
 TEST(RoundTrip, OfADividedSongGivesTheSameDivision) {
     const TemporaryFolder folder;
     const auto name = [&folder](const char* file) { return folder.file(file).u8string(); };
-    for (const auto& path : songs()) {
+    for (const auto& path : sungSongs()) {
         ASSERT_EQ(runScript(path, "save " + name("1.json") + "\nsave " + name("1.xml")).status, 0);
         ASSERT_EQ(runScript(folder.file("1.json"), "save " + name("2.json")).status, 0);
         ASSERT_EQ(runScript(folder.file("1.xml"), "save " + name("3.json")).status, 0);

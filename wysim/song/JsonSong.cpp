@@ -17,6 +17,9 @@ using nlohmann::json;
 using nlohmann::ordered_json;
 
 constexpr auto kFormat = "wysim song 1";
+constexpr auto kSlurred = "slurred";
+constexpr auto kBeamed = "beamed";
+constexpr auto kEndsPhrase = "endsPhrase";
 
 json parse(const std::string& bytes) {
     try {
@@ -50,6 +53,15 @@ double number(const json& object, const char* name) {
     return member(object, name, &json::is_number, "a number").get<double>();
 }
 
+bool flag(const json& object, const char* name) {
+    return member(object, name, &json::is_boolean, "true or false").get<bool>();
+}
+
+// Of a member that is written only where it is true.
+bool optionalFlag(const json& object, const char* name) {
+    return object.contains(name) && flag(object, name);
+}
+
 int integer(const json& object, const char* name) {
     const auto& value = member(object, name, &json::is_number_integer, "an integer");
     const auto wide = value.get<double>();
@@ -78,7 +90,10 @@ SongNote readNote(const json& object) {
     note.length = number(object, "length");
     note.pitch = integer(object, "pitch");
     note.lyric = text(object, "lyric");
-    note.typed = member(object, "typed", &json::is_boolean, "true or false").get<bool>();
+    note.typed = flag(object, "typed");
+    note.marks.isSlurred = optionalFlag(object, kSlurred);
+    note.marks.isBeamed = optionalFlag(object, kBeamed);
+    note.marks.endsPhrase = optionalFlag(object, kEndsPhrase);
     checkNote(note);
     return note;
 }
@@ -102,11 +117,20 @@ Song readSong(const json& object) {
 }
 
 ordered_json noteToJson(const SongNote& note) {
-    return {{"start", note.start},
-            {"length", note.length},
-            {"pitch", note.pitch},
-            {"lyric", note.lyric},
-            {"typed", note.typed}};
+    ordered_json object = {{"start", note.start},
+                           {"length", note.length},
+                           {"pitch", note.pitch},
+                           {"lyric", note.lyric},
+                           {"typed", note.typed}};
+    const auto addIf = [&object](bool isSet, const char* name) {
+        if (isSet) {
+            object[name] = true;
+        }
+    };
+    addIf(note.marks.isSlurred, kSlurred);
+    addIf(note.marks.isBeamed, kBeamed);
+    addIf(note.marks.endsPhrase, kEndsPhrase);
+    return object;
 }
 
 } // namespace

@@ -92,6 +92,20 @@ std::vector<const char*> syllabicsOf(const SongTrack& track) {
     return syllabics;
 }
 
+// Where each run of slurred notes has the two ends of its slur: "start", "stop", or null between.
+std::vector<const char*> slurEndsOf(const SongTrack& track) {
+    std::vector<const char*> ends(track.notes.size(), nullptr);
+    for (std::size_t i = 1; i < track.notes.size(); ++i) {
+        if (!track.notes[i].marks.isSlurred) {
+            continue;
+        }
+        const bool goesOn = i > 1 && track.notes[i - 1].marks.isSlurred;
+        ends[i - 1] = goesOn ? nullptr : "start";
+        ends[i] = "stop";
+    }
+    return ends;
+}
+
 class PartWriter {
 public:
     PartWriter(xml_node part, const Song& song, Ticks divisions)
@@ -99,9 +113,11 @@ public:
 
     void write(const SongTrack& track) {
         const auto syllabics = syllabicsOf(track);
+        const auto slurEnds = slurEndsOf(track);
         for (std::size_t i = 0; i < track.notes.size(); ++i) {
-            writeNote(track.notes[i], syllabics[i]);
+            writeNote(track.notes[i], syllabics[i], slurEnds[i]);
         }
+        writeBeams();
         if (!measure_) {
             beginMeasure();
         }
@@ -159,7 +175,7 @@ private:
         });
     }
 
-    void writeNote(const SongNote& note, const char* syllabic) {
+    void writeNote(const SongNote& note, const char* syllabic, const char* slurEnd) {
         const Ticks start = std::max(ticks(note.start), now_);
         const Ticks end = std::max(ticks(note.start + note.length), start + 1);
         writeRest(start);
@@ -169,11 +185,42 @@ private:
             auto element = measure_.append_child("note");
             addPitch(element, note.pitch);
             finishNote(element, length, !isFirst, !isLast);
+            addNotations(element, isFirst ? slurEnd : nullptr, isLast && note.marks.endsPhrase);
             if (isFirst && !note.lyric.empty()) {
                 addLyric(element, note.lyric, syllabic);
             }
+            keepPiece(element, length, isFirst && note.marks.isBeamed);
             isFirst = false;
         });
+    }
+
+    // Only notes shorter than a quarter have beams.
+    void keepPiece(xml_node element, Ticks length, bool isBeamed) {
+        const bool isShort = length < divisions_;
+        const bool isJoined = isBeamed && isShort && !pieces_.empty() && pieces_.back().isShort;
+        pieces_.push_back({element, isShort, isJoined});
+    }
+
+    void writeBeams() {
+        for (std::size_t i = 0; i < pieces_.size(); ++i) {
+            const auto& piece = pieces_[i];
+            const bool leadsOn = i + 1 < pieces_.size() && pieces_[i + 1].isJoined;
+            if (piece.isJoined) {
+                addBeam(piece.element, leadsOn ? "continue" : "end");
+            } else if (leadsOn) {
+                addBeam(piece.element, "begin");
+            }
+        }
+    }
+
+    static void addBeam(xml_node note, const char* state) {
+        const auto notations = note.child("notations");
+        auto beam = note.insert_child_before("beam", notations ? notations : note.child("lyric"));
+        if (!beam) {
+            beam = note.append_child("beam");
+        }
+        beam.append_attribute("number").set_value(1);
+        beam.text().set(state);
     }
 
     void finishNote(xml_node note, Ticks length, bool endsTie = false,
@@ -189,12 +236,34 @@ private:
         addNoteType(note, static_cast<double>(length) / static_cast<double>(divisions_));
     }
 
+    static void addNotations(xml_node note, const char* slurEnd, bool endsPhrase) {
+        if (slurEnd == nullptr && !endsPhrase) {
+            return;
+        }
+        auto notations = note.append_child("notations");
+        if (slurEnd != nullptr) {
+            auto slur = notations.append_child("slur");
+            slur.append_attribute("type").set_value(slurEnd);
+            slur.append_attribute("number").set_value(1);
+        }
+        if (endsPhrase) {
+            notations.append_child("articulations").append_child("breath-mark");
+        }
+    }
+
     static void addLyric(xml_node note, const std::string& text, const char* syllabic) {
         auto lyric = note.append_child("lyric");
         lyric.append_attribute("number").set_value("1");
         addText(lyric, "syllabic", syllabic);
         addText(lyric, "text", text);
     }
+
+    // A note of the score: one of a song that reaches over bars becomes several.
+    struct Piece {
+        xml_node element;
+        bool isShort;
+        bool isJoined; // by a beam to the piece before it
+    };
 
     xml_node part_;
     const Song& song_;
@@ -203,6 +272,7 @@ private:
     Ticks measureEnd_ = 0;
     Ticks now_ = 0;
     int number_ = 0;
+    std::vector<Piece> pieces_;
 };
 
 } // namespace
