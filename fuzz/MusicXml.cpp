@@ -58,15 +58,30 @@ std::vector<std::string> described(const Song& song) {
         for (const auto& note : track.notes) {
             lines.push_back(ticks(note.start) + " " + ticks(note.length) + " " +
                             std::to_string(note.pitch) + (note.typed ? " typed " : " ") +
-                            note.lyric);
+                            (note.marks.isSlurred ? "slurred " : "") +
+                            (note.marks.endsPhrase ? "last " : "") + note.lyric);
         }
     }
     return lines;
 }
 
+// Whether each note is beamed to the one before it.
+std::vector<std::string> beamsOf(const Song& song) {
+    std::vector<std::string> beams;
+    for (const auto& track : song.tracks) {
+        for (const auto& note : track.notes) {
+            beams.emplace_back(note.marks.isBeamed ? "beamed" : "");
+        }
+    }
+    return beams;
+}
+
+// Beams of notes that are a quarter or longer, such as tied ones, are not written; all others are.
 void checkScore(const Song& song) {
     try {
-        checkEqual(described(readScore(wysim::song::musicXmlFromSong(song))), described(song));
+        const auto again = readScore(wysim::song::musicXmlFromSong(song));
+        checkEqual(described(again), described(song));
+        checkEqual(beamsOf(readScore(wysim::song::musicXmlFromSong(again))), beamsOf(again));
     } catch (const wysim::song::BadInput& error) {
         fail(std::string("a score that was written is refused: ") + error.what());
     }
