@@ -182,7 +182,7 @@ TEST(Refusal, OfJsonSaysWhere) {
               "expected true or false as 'typed', found number at note 1 at track 1");
     for (const auto& [member, found] : std::vector<std::pair<std::string, std::string>>{
              {"\"slurred\":1", "'slurred', found number"},
-             {"\"beamed\":\"yes\"", "'beamed', found string"},
+             {R"("beamed":"yes")", "'beamed', found string"},
              {"\"endsPhrase\":null", "'endsPhrase', found null"}}) {
         EXPECT_EQ(refusalOfJson(replaced("\"pitch\":62", "\"pitch\":62," + member)),
                   "expected true or false as " + found + " at note 2 at track 1");

@@ -49,7 +49,8 @@ bool isBeamed(xml_node note) {
 bool endsPhrase(xml_node note) {
     for (const auto notations : note.children("notations")) {
         for (const auto articulations : notations.children("articulations")) {
-            if (articulations.child("breath-mark") || articulations.child("caesura")) {
+            if (!articulations.child("breath-mark").empty() ||
+                !articulations.child("caesura").empty()) {
                 return true;
             }
         }

@@ -87,7 +87,7 @@ void ScoreVoice::beginSlur(const std::string& number) {
 void ScoreVoice::endSlur(const std::string& number) {
     const auto begun = openSlurs_.find(number);
     if (begun != openSlurs_.end()) {
-        slurs_.push_back({begun->second, notes_.back().note.start});
+        slurs_.emplace_back(begun->second, notes_.back().note.start);
         openSlurs_.erase(begun);
     }
 }
