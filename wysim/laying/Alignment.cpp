@@ -36,8 +36,9 @@ constexpr double kSkipNote = 0.7;       // for each of its notes
 // What is this much worse than the best so far is given up. The best may be one that sings the text
 // too slowly, which is seen at its end only: with 20, some scores with phrasing slurs go wrong.
 constexpr double kMargin = 40;
-// With 200, a text of 6,000 syllables under 5,000 notes loses five more; more than this gains none.
-constexpr std::size_t kMostStates = 500;
+// Keeps a long melody quick. With 200, a text of 6,000 syllables under 5,000 notes loses five more;
+// with 2,000 it keeps no more and takes three times as long.
+constexpr std::size_t kMostStates = 300;
 
 enum class Step : std::uint8_t { Begin, Join, Hold, Rest };
 
@@ -51,6 +52,14 @@ struct State {
     double outlook; // the cost with that of leaving what has no room in the rest of the melody
 };
 
+// What is kept of a state to find the way back.
+struct Trace {
+    std::uint32_t syllable;
+    std::uint16_t previous;
+    std::uint8_t heldBy;
+    Step step;
+};
+
 // Goes from note to note with all that may be sung until then (Viterbi's algorithm).
 class Aligner {
 public:
@@ -61,14 +70,15 @@ public:
     std::vector<PlacedWord> run() {
         for (const auto& note : melody_) {
             now_.clear();
-            if (states_.empty()) {
+            if (traces_.empty()) {
                 beginText(note);
             } else {
                 goOn(note);
             }
             prune();
             join();
-            states_.push_back(now_);
+            before_ = now_;
+            traces_.push_back(tracesOf(now_));
         }
         return placedWords();
     }
@@ -76,8 +86,8 @@ public:
 private:
     // A state that leads to another, and its place among those of its note.
     struct From {
-        State state;
-        std::uint32_t place;
+        State state = {};
+        std::uint32_t place = 0;
     };
 
     const LatticeWord& wordOf(const State& state) const {
@@ -86,7 +96,7 @@ private:
 
     // Gives up what is much worse than the best, and all but a number of the best.
     void prune() {
-        const auto notesLeft = melody_.size() - states_.size() - 1;
+        const auto notesLeft = melody_.size() - traces_.size() - 1;
         for (auto& state : now_) {
             state.outlook = state.cost + costOfLeaving(state, notesLeft);
         }
@@ -104,7 +114,7 @@ private:
             now_.erase(end, now_.end());
         }
         for (std::size_t place = 0; place < now_.size(); ++place) {
-            keyOf(now_[place]) = {states_.size() + 1, place};
+            keyOf(now_[place]) = {traces_.size() + 1, place};
         }
     }
 
@@ -119,8 +129,8 @@ private:
              double cost) {
         const State state{syllable, static_cast<std::uint8_t>(heldBy), step, previous, cost, 0};
         auto& [note, place] = keyOf(state);
-        if (note != states_.size() + 1) {
-            note = states_.size() + 1;
+        if (note != traces_.size() + 1) {
+            note = traces_.size() + 1;
             place = now_.size();
             now_.push_back(state);
         } else if (cost < now_[place].cost) {
@@ -135,9 +145,8 @@ private:
     }
 
     void goOn(const MelodyNote& note) {
-        const auto& before = states_.back();
-        for (std::uint32_t place = 0; place < before.size(); ++place) {
-            const From from{before[place], place};
+        for (std::uint32_t place = 0; place < before_.size(); ++place) {
+            const From from{before_[place], place};
             if (from.state.step == Step::Rest) {
                 goOnResting(from, note);
             } else {
@@ -268,20 +277,28 @@ private:
         return left > room ? kLeaveSyllable * static_cast<double>(left - room) : 0;
     }
 
-    // The cheapest states from the last note to the first, with the indexes of their notes.
-    std::vector<std::pair<State, std::size_t>> cheapestPath() const {
-        const auto& last = states_.back();
-        const auto cheapest =
-            std::min_element(last.begin(), last.end(), [this](const auto& one, const auto& other) {
+    static std::vector<Trace> tracesOf(const std::vector<State>& states) {
+        std::vector<Trace> traces(states.size());
+        std::transform(states.begin(), states.end(), traces.begin(), [](const State& state) {
+            return Trace{state.syllable, static_cast<std::uint16_t>(state.previous), state.heldBy,
+                         state.step};
+        });
+        return traces;
+    }
+
+    // The cheapest way to sing the melody, from the last note to the first, with their indexes.
+    std::vector<std::pair<Trace, std::size_t>> cheapestPath() const {
+        const auto cheapest = std::min_element(
+            before_.begin(), before_.end(), [this](const State& one, const State& other) {
                 return one.cost + costOfLeaving(one, 0) < other.cost + costOfLeaving(other, 0);
             });
-        auto place = static_cast<std::size_t>(cheapest - last.begin());
-        std::vector<std::pair<State, std::size_t>> path;
-        for (auto note = states_.size(); note > 0;) {
-            const auto& state = states_[note - 1][place];
-            path.emplace_back(state, note - 1);
-            place = state.previous;
-            note -= state.step == Step::Join ? 0 : 1;
+        auto place = static_cast<std::size_t>(cheapest - before_.begin());
+        std::vector<std::pair<Trace, std::size_t>> path;
+        for (auto note = traces_.size(); note > 0;) {
+            const auto& trace = traces_[note - 1][place];
+            path.emplace_back(trace, note - 1);
+            place = trace.previous;
+            note -= trace.step == Step::Join ? 0 : 1;
         }
         return path;
     }
@@ -290,22 +307,22 @@ private:
         auto path = cheapestPath();
         std::reverse(path.begin(), path.end());
         std::vector<PlacedWord> placed;
-        for (const auto& [state, note] : path) {
-            const auto& syllable = syllables_[state.syllable];
-            const auto& word = words_[syllable.word];
-            if (state.step == Step::Hold) {
+        for (const auto& [trace, note] : path) {
+            if (trace.step == Step::Hold) {
                 ++placed.back().notesOfSyllables.back();
-            } else if (state.step != Step::Rest) {
+            } else if (trace.step != Step::Rest) {
+                const auto& syllable = syllables_[trace.syllable];
                 if (syllable.number == 0) {
+                    const auto& word = words_[syllable.word];
                     placed.push_back({word.line,
                                       word.indexInLine,
                                       syllable.way,
-                                      static_cast<HeldBy>(state.heldBy),
+                                      static_cast<HeldBy>(trace.heldBy),
                                       note,
                                       {},
                                       {}});
                 }
-                addSyllable(state.step == Step::Join, placed.back());
+                addSyllable(trace.step == Step::Join, placed.back());
             }
         }
         return placed;
@@ -321,8 +338,9 @@ private:
     const std::vector<LatticeSyllable>& syllables_;
     const std::vector<LatticeWord>& words_;
     const std::vector<MelodyNote>& melody_;
-    std::vector<std::vector<State>> states_; // of each note
-    std::vector<State> now_;                 // of the note that is being sung
+    std::vector<std::vector<Trace>> traces_; // of each note so far
+    std::vector<State> before_;              // of the last of them
+    std::vector<State> now_;                 // of the next one
     // For each syllable, sung or rested after, and each way to hold: the number of the last note
     // that had such a state, from 1, and its place among those of that note.
     std::vector<std::pair<std::size_t, std::size_t>> places_;

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wysim/laying/LaidText.h"
 
-#include "wysim/laying/Alignment.h"
 #include "wysim/song/BadInput.h"
 #include "wysim/words/Holds.h"
 #include "wysim/words/Wording.h"
 
+#include <utf8cpp/utf8.h>
+
+#include <algorithm>
 #include <numeric>
 #include <utility>
 
@@ -13,9 +15,7 @@ namespace wybeta::wysim::laying {
 
 namespace {
 
-std::size_t sumOf(const std::vector<std::size_t>& counts) {
-    return std::accumulate(counts.begin(), counts.end(), std::size_t{0});
-}
+using song::BadInput;
 
 // The syllables of a way to sing that have notes, those that share one joined.
 Syllables syllablesOn(const WayToSing& way, const std::vector<bool>& joins) {
@@ -30,87 +30,122 @@ Syllables syllablesOn(const WayToSing& way, const std::vector<bool>& joins) {
     return syllables;
 }
 
-class TextLaying {
-public:
-    TextLaying(words::LyricReader& reader, bool usesGuesses)
-        : reader_(reader), ways_(reader, usesGuesses), fitter_(reader, {true, usesGuesses}) {}
-
-    LaidText run(const std::vector<std::string>& text, const song::Song& song, std::size_t track) {
-        const auto lines = linesToLay(text, ways_, reader_);
-        const auto melody = melodyOf(song, track);
-        if (lines.empty()) {
-            throw song::BadInput::expectedFound("a text with words", "none");
-        }
-        if (melody.empty()) {
-            throw song::BadInput::expectedFound("a track with notes", "none");
-        }
-        auto laid = unlaid(lines);
-        for (const auto& placed : align(lines, melody)) {
-            lay(lines[placed.line].words[placed.word], placed, laid);
-        }
-        return laid;
+words::Holds holdsOf(const PlacedWord& placed) {
+    words::Holds holds;
+    for (const auto notes : placed.notesOfSyllables) {
+        holds.push_back(notes - 1);
     }
+    return holds;
+}
 
-private:
-    static LaidText unlaid(const std::vector<LineToLay>& lines) {
-        LaidText laid;
-        for (const auto& line : lines) {
-            laid.lines.push_back({line.number, laid.words.size(), line.words.size()});
-            for (const auto& word : line.words) {
-                laid.words.push_back({line.number, word.column, word.text, !word.ways.empty()});
-                laid.lines.back().syllables +=
-                    word.ways.empty() ? 0 : word.ways.front().syllables.size();
-            }
+// No line of it is laid yet.
+LaidText unlaid(const std::vector<LineToLay>& lines) {
+    LaidText laid;
+    for (const auto& line : lines) {
+        laid.lines.push_back({line.number, laid.words.size(), line.words.size()});
+        for (const auto& word : line.words) {
+            laid.words.push_back(
+                {line.number, word.column, word.text, word.lyric, !word.ways.empty()});
+            laid.lines.back().syllables +=
+                word.ways.empty() ? 0 : word.ways.front().syllables.size();
         }
-        return laid;
     }
+    return laid;
+}
 
-    void lay(const WordToLay& word, const PlacedWord& placed, LaidText& laid) {
-        auto& line = laid.lines[placed.line];
-        auto& laidWord = laid.words[line.firstWord + placed.word];
-        const auto& way = word.ways[placed.way];
-        auto typed = fitted(word, way, placed);
-        line.syllables += placed.joins.size();
-        line.syllables -= word.ways.front().syllables.size();
-        line.onNotes += placed.joins.size();
-        line.notes += sumOf(placed.notesOfSyllables);
-        line.heldBy = placed.heldBy;
-        laidWord.note = placed.note + 1;
-        laidWord.typed = std::move(typed.first);
-        laidWord.carried = std::move(typed.second);
-        laidWord.notesOfSyllables = placed.notesOfSyllables;
+void count(const WordToLay& word, const PlacedWord& placed, const LaidWord& laid, LaidLine& line) {
+    const auto sung = word.ways[placed.way].syllables.size();
+    line.syllables = line.syllables - word.ways.front().syllables.size() + sung;
+    line.onNotes += placed.joins.size();
+    line.notes += laid.notes();
+    line.heldBy = placed.heldBy;
+}
+
+void expectUtf8(std::string_view line, std::size_t number) {
+    const auto* const bad = utf8::find_invalid(line.data(), line.data() + line.size());
+    if (bad != line.data() + line.size()) {
+        const auto column = utf8::distance(line.data(), bad) + 1;
+        throw BadInput::expectedFound("a text in UTF-8", "other bytes in line " +
+                                                             std::to_string(number) + ", column " +
+                                                             std::to_string(column));
     }
-
-    // What to type, and what the notes then carry.
-    std::pair<std::string, Syllables> fitted(const WordToLay& word, const WayToSing& way,
-                                             const PlacedWord& placed) {
-        const auto syllables = syllablesOn(way, placed.joins);
-        const bool isPlain = !way.isOwn && syllables == way.syllables;
-        if (isPlain) {
-            const auto& found = fitter_.fit(
-                {1, 1, word.lyric, sumOf(placed.notesOfSyllables), placed.notesOfSyllables});
-            if (isFitted(found.outcome)) {
-                return {found.text, found.syllables};
-            }
-        }
-        words::Holds holds;
-        for (const auto notes : placed.notesOfSyllables) {
-            holds.push_back(notes - 1);
-        }
-        auto held = words::withHolds(syllables, holds);
-        return {words::withBracket(word.lyric, held), std::move(held)};
-    }
-
-    words::LyricReader& reader_;
-    WaysToSing ways_;
-    words::WordFitter fitter_;
-};
+}
 
 } // namespace
 
-LaidText layText(const std::vector<std::string>& text, const song::Song& song, std::size_t track,
-                 words::LyricReader& reader, bool usesGuesses) {
-    return TextLaying(reader, usesGuesses).run(text, song, track);
+std::size_t LaidWord::notes() const {
+    return std::accumulate(notesOfSyllables.begin(), notesOfSyllables.end(), std::size_t{0});
+}
+
+std::vector<std::string> linesOf(std::string_view text) {
+    if (text.size() > kLargestText) {
+        throw BadInput::expectedFound("a text of at most 256 KiB",
+                                      std::to_string((text.size() + 1023) / 1024) + " KiB");
+    }
+    std::vector<std::string> lines;
+    for (bool isLast = false; !isLast;) {
+        const auto end = text.find('\n');
+        isLast = end == std::string_view::npos;
+        const auto line = words::withoutReturn(text.substr(0, end));
+        expectUtf8(line, lines.size() + 1);
+        lines.emplace_back(line);
+        text.remove_prefix(isLast ? text.size() : end + 1);
+    }
+    if (lines.size() > kMostLines && !(lines.size() == kMostLines + 1 && lines.back().empty())) {
+        throw BadInput::expectedFound("a text of at most 10000 lines",
+                                      std::to_string(lines.size()));
+    }
+    return lines;
+}
+
+LaidText TextLaying::lay(const std::vector<std::string>& text, const song::Song& song,
+                         std::size_t track) {
+    return laid(linesToLay(text, ways_, reader_), song, track, true);
+}
+
+LaidText TextLaying::place(const std::vector<std::string>& text, const song::Song& song,
+                           std::size_t track) {
+    return laid(linesToLay(text, ways_, reader_), song, track, false);
+}
+
+LaidText TextLaying::laid(const std::vector<LineToLay>& lines, const song::Song& song,
+                          std::size_t track, bool isTyped) {
+    if (lines.empty()) {
+        throw BadInput::expectedFound("a text with words", "none");
+    }
+    const auto melody = melodyOf(song, track);
+    if (melody.empty()) {
+        throw BadInput::expectedFound("a track with notes", "none");
+    }
+    auto laid = unlaid(lines);
+    for (const auto& placed : align(lines, melody)) {
+        const auto& word = lines[placed.line].words[placed.word];
+        auto& line = laid.lines[placed.line];
+        auto& laidWord = laid.words[line.firstWord + placed.word];
+        laidWord.note = placed.note + 1;
+        laidWord.notesOfSyllables = placed.notesOfSyllables;
+        if (isTyped) {
+            typeWord(word, placed, laidWord);
+        }
+        count(word, placed, laidWord, line);
+    }
+    return laid;
+}
+
+// By hyphens and other entries where the dictionary has the syllables, or else in a bracket.
+void TextLaying::typeWord(const WordToLay& word, const PlacedWord& placed, LaidWord& laid) {
+    const auto& way = word.ways[placed.way];
+    const auto syllables = syllablesOn(way, placed.joins);
+    if (!way.isOwn && syllables == way.syllables) {
+        const auto& found = fitter_.fit({1, 1, word.lyric, laid.notes(), placed.notesOfSyllables});
+        if (isFitted(found.outcome)) {
+            laid.typed = found.text;
+            laid.carried = found.syllables;
+            return;
+        }
+    }
+    laid.carried = words::withHolds(syllables, holdsOf(placed));
+    laid.typed = words::withBracket(word.lyric, laid.carried);
 }
 
 } // namespace wybeta::wysim::laying

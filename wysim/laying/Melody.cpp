@@ -61,7 +61,7 @@ void divide(const song::Song& song, const std::vector<SongNote>& notes, std::siz
 } // namespace
 
 std::string nameOf(HeldBy way) {
-    static constexpr const char* kNames[] = {"slurs", "slurs and beams", "nothing", "beams"};
+    static constexpr const char* kNames[] = {"slurs", "slurs and beams", "no marks", "beams"};
     return kNames[static_cast<std::size_t>(way)];
 }
 

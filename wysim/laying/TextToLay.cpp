@@ -4,6 +4,7 @@
 #include "lyrics/BracketedPhonemes.h"
 #include "lyrics/KanaPhonemeTable.h"
 #include "text/Splitting.h"
+#include "wysim/song/Song.h"
 #include "wysim/words/CharacterKinds.h"
 #include "wysim/words/LyricText.h"
 #include "wysim/words/Readings.h"
@@ -57,6 +58,15 @@ bool hasSymbol(const Entries& entries, std::string_view symbol) {
 bool isSung(std::string_view symbol) {
     return words::isSymbol(symbol) || hasSymbol(lyrics::KanaPhonemeTable::singles(), symbol) ||
            hasSymbol(lyrics::KanaPhonemeTable::pairs(), symbol);
+}
+
+// Characters that no lyric can hold become blanks.
+std::u32string lyricCharacters(std::string_view line) {
+    auto characters = words::charactersOf(line);
+    std::replace_if(
+        characters.begin(), characters.end(),
+        [](char32_t character) { return !song::isTextCharacter(character); }, U' ');
+    return characters;
 }
 
 // "[Chorus]", whose symbols are none that are sung.
@@ -218,7 +228,8 @@ std::vector<LineToLay> linesToLay(const std::vector<std::string>& text, WaysToSi
         if (isHeading(text[i])) {
             continue;
         }
-        auto found = LineCutter(words::charactersOf(text[i]), ways, reader).cut();
+        const auto line = lyricCharacters(text[i]);
+        auto found = LineCutter(line, ways, reader).cut();
         if (!found.empty()) {
             lines.push_back({i + 1, std::move(found)});
         }

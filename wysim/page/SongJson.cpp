@@ -2,6 +2,7 @@
 #include "wysim/page/SongJson.h"
 
 #include "wysim/picture/NoteText.h"
+#include "wysim/session/Laying.h"
 #include "wysim/song/Pitch.h"
 #include "wysim/song/Song.h"
 #include "wysim/words/CheckReport.h"
@@ -139,6 +140,52 @@ std::string checkJson(const words::CheckedLyric& checked, const session::Syllabl
     const ordered_json check = {
         {"lyric", checked.text}, {"syllables", syllables}, {"lost", lost}, {"findings", findings}};
     return check.dump();
+}
+
+std::string linesJson(const std::vector<CountedLine>& lines) {
+    auto list = ordered_json::array();
+    for (const auto& [line, unsung] : lines) {
+        auto words = ordered_json::array();
+        for (const auto& [word, check] : unsung) {
+            words.push_back({{"word", word.text}, {"column", word.column}});
+            if (!check.findings.empty()) {
+                const auto& finding = check.findings.front();
+                words.back()["sentence"] = words::sentenceOn(finding);
+                words.back()["reason"] = words::nameOf(finding.reason);
+                words.back()["suggestions"] = words::suggestionsJson(finding);
+            }
+        }
+        list.push_back({{"line", line.number},
+                        {"syllables", line.syllables},
+                        {"notes", line.notes > 0 ? ordered_json(line.notes) : ordered_json()},
+                        {"unsung", words}});
+    }
+    return ordered_json({{"lines", list}}).dump();
+}
+
+std::string laidJson(const laying::LaidText& laid, std::size_t replaced) {
+    auto rows = ordered_json::array();
+    for (const auto& line : laid.lines) {
+        auto left = ordered_json::array();
+        for (const auto& word : session::wordsLeft(laid, line)) {
+            if (word.isSung) {
+                left.push_back(word.text);
+            }
+        }
+        const auto note = session::firstNoteOf(laid, line);
+        rows.push_back({{"line", line.number},
+                        {"note", note > 0 ? ordered_json(note) : ordered_json()},
+                        {"syllables", line.syllables},
+                        {"notes", line.notes},
+                        {"heldBy", session::waysOfHolding(line)},
+                        {"left", left}});
+    }
+    const auto counts = session::countLaid(laid);
+    const ordered_json report = {
+        {"lines", laid.lines.size()}, {"asSung", counts.asSung},       {"held", counts.held},
+        {"tooLong", counts.tooLong},  {"syllables", counts.syllables}, {"onNotes", counts.onNotes},
+        {"notSung", counts.notSung},  {"replaced", replaced},          {"rows", rows}};
+    return report.dump();
 }
 
 std::string fitJson(const std::vector<session::FittedSongWord>& words) {

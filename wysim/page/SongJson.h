@@ -3,6 +3,7 @@
 // What a page is told, in JSON.
 #pragma once
 
+#include "wysim/laying/LaidText.h"
 #include "wysim/session/Fitting.h"
 #include "wysim/session/ScratchTrack.h"
 #include "wysim/session/SongEditing.h"
@@ -21,6 +22,22 @@ std::string songMembers(const session::SongEditing& editing);
 // lost for want of notes.
 std::string checkJson(const words::CheckedLyric& checked, const session::Syllables& syllables,
                       std::size_t lost);
+
+// A word of a text that is not sung, and what there is to say of it.
+struct UnsungWord {
+    laying::LaidWord word;
+    const words::CheckedLyric& check;
+};
+
+struct CountedLine {
+    laying::LaidLine line;
+    std::vector<UnsungWord> unsung;
+};
+
+std::string linesJson(const std::vector<CountedLine>& lines);
+
+// How a text was laid, and how many words it replaced.
+std::string laidJson(const laying::LaidText& laid, std::size_t replaced);
 
 std::string fitJson(const std::vector<session::FittedSongWord>& words);
 

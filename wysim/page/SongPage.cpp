@@ -4,11 +4,13 @@
 #include "wysim/page/SongJson.h"
 #include "wysim/picture/NoteText.h"
 #include "wysim/picture/SongPicture.h"
+#include "wysim/session/Laying.h"
 #include "wysim/session/Proof.h"
 #include "wysim/song/BadInput.h"
 #include "wysim/song/Example.h"
 #include "wysim/song/SongFile.h"
 #include "wysim/terminal/Progress.h"
+#include "wysim/words/LyricText.h"
 #include "wysim/words/PlainWords.h"
 #include "wysim/words/SongWords.h"
 #include "wysim/words/TextCheck.h"
@@ -98,7 +100,7 @@ bool carries(const session::SongInEditor& song, const words::SongWord& word,
 } // namespace
 
 SongPage::SongPage(const simulator::ModuleExports& module)
-    : module_(module), session_(module_.factory()) {}
+    : counting_(reader_, false), module_(module), session_(module_.factory()) {}
 
 void SongPage::close() {
     song_.reset();
@@ -204,6 +206,31 @@ std::string SongPage::fit(bool usesBrackets, bool usesGuesses) {
     });
 }
 
+std::string SongPage::lines(int track, const std::string& text) {
+    return answer([&] {
+        const auto laid = counting_.place(laying::linesOf(text),
+                                          openSong().editing.inEditor().song(), trackIndex(track));
+        std::vector<CountedLine> lines;
+        for (const auto& line : laid.lines) {
+            lines.push_back({line, unsungWords(laid, line)});
+        }
+        return linesJson(lines);
+    });
+}
+
+std::string SongPage::lay(int track, const std::string& text, bool usesGuesses) {
+    return answer([&] {
+        const auto place = trackIndex(track);
+        const auto song = openSong().editing.inEditor().song();
+        const auto laid =
+            laying::TextLaying(reader_, usesGuesses).lay(laying::linesOf(text), song, place);
+        auto project = session_.editor().openProject();
+        session::proveLaid(project, laid);
+        editing().replaceLyrics(place, session::laidLyrics(laid));
+        return songWith(R"(,"laid":)" + laidJson(laid, session::countWords(song, place)));
+    });
+}
+
 std::string SongPage::save(const std::string& kind) {
     return answer([&] {
         static const std::map<std::string, const char*> kMimeTypes = {
@@ -281,6 +308,28 @@ std::string SongPage::checkOf(std::size_t track, std::size_t note, const std::st
     const auto& syllables = proof.sung(lyric, reader_.syllablesOf(lyric));
     const auto notes = countNotesFrom(openSong().editing.inEditor(), track, note);
     return checkJson(checked, syllables, syllables.size() - std::min(notes, syllables.size()));
+}
+
+std::vector<UnsungWord> SongPage::unsungWords(const laying::LaidText& laid,
+                                              const laying::LaidLine& line) {
+    std::vector<UnsungWord> unsung;
+    for (const auto& word : session::wordsLeft(laid, line)) {
+        if (!word.isSung) {
+            unsung.push_back({word, checkOfWord(word.lyric)});
+        }
+    }
+    return unsung;
+}
+
+const words::CheckedLyric& SongPage::checkOfWord(const std::string& lyric) {
+    const auto [known, isNew] = checkedWords_.try_emplace(lyric);
+    const bool isShort = words::charactersOf(lyric).size() <= words::TextCheck::kLongestLine;
+    if (isNew && isShort) {
+        auto project = session_.editor().openProject();
+        session::Proof proof(project);
+        known->second = words::TextCheck(reader_, proof.prover()).checkLyric(lyric);
+    }
+    return known->second;
 }
 
 std::vector<session::FittedSongWord> SongPage::fitted(words::WaysToFit ways) {

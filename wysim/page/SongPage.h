@@ -5,13 +5,17 @@
 #include "simulator/EditorSession.h"
 #include "simulator/ModuleExports.h"
 #include "simulator/RunningModule.h"
+#include "wysim/laying/LaidText.h"
+#include "wysim/page/SongJson.h"
 #include "wysim/session/Fitting.h"
 #include "wysim/session/SongEditing.h"
 #include "wysim/song/Song.h"
 #include "wysim/words/LyricReader.h"
+#include "wysim/words/TextFinding.h"
 
 #include <cstddef>
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <utility>
@@ -54,6 +58,12 @@ public:
     // Types what brings each word onto its notes, in one edit; answers with how it went as "fit".
     // See words::WaysToFit.
     std::string fit(bool usesBrackets, bool usesGuesses);
+    // Answers with the "lines" of a text that have words, and changes nothing: how many "syllables"
+    // each has, how many "notes" it would take (null for none), and its "unsung" words.
+    std::string lines(int track, const std::string& text);
+    // Lays the text under the track in one edit, in place of all words there; answers with how it
+    // went as "laid".
+    std::string lay(int track, const std::string& text, bool usesGuesses);
     // Answers with the "name", the "mime" type and the "text" of a file of the kind "musicxml",
     // "json" or "svg".
     std::string save(const std::string& kind);
@@ -87,8 +97,13 @@ private:
 
     std::string checkOf(std::size_t track, std::size_t note, const std::string& lyric);
     std::vector<session::FittedSongWord> fitted(words::WaysToFit ways);
+    std::vector<UnsungWord> unsungWords(const laying::LaidText& laid, const laying::LaidLine& line);
+    // What to say of a word of a text that is not sung; the answer is kept.
+    const words::CheckedLyric& checkOfWord(const std::string& lyric);
 
     words::LyricReader reader_;
+    laying::TextLaying counting_; // of texts that are not laid yet
+    std::map<std::string, words::CheckedLyric> checkedWords_;
     simulator::RunningModule module_;
     simulator::EditorSession session_;
     std::unique_ptr<OpenSong> song_; // null until one is opened

@@ -3,6 +3,7 @@
 
 #include "simulator/Editor.h"
 #include "simulator/RunningModule.h"
+#include "wysim/laying/LaidText.h"
 #include "wysim/program/CommandLine.h"
 #include "wysim/program/TextFile.h"
 #include "wysim/session/Comparison.h"
@@ -12,6 +13,7 @@
 #include "wysim/session/Session.h"
 #include "wysim/song/BadInput.h"
 #include "wysim/song/Example.h"
+#include "wysim/song/NumberText.h"
 #include "wysim/song/Song.h"
 #include "wysim/song/SongFile.h"
 #include "wysim/terminal/Console.h"
@@ -22,10 +24,12 @@
 #include "wysim/words/TextCheck.h"
 #include "wysim/words/Wording.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <exception>
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <stdexcept>
 #include <utility>
 
@@ -125,43 +129,68 @@ void expectWords(const song::Song& song) {
     }
 }
 
+// Writes the song with its words typed, and its picture, as far as they are asked for.
+void writeSong(const CommandLine& line, const song::Song& typed, simulator::Editor& editor,
+               std::ostream& out) {
+    if (line.save) {
+        write(*line.save, song::songFileText(std::filesystem::u8path(*line.save), typed), out);
+    }
+    if (line.svg) {
+        write(*line.svg, session::fittedPicture(editor, typed), out);
+    }
+}
+
 int runFit(const CommandLine& line, const song::Song& song, simulator::Editor& editor,
            words::LyricReader& reader, terminal::Progress& progress, std::ostream& out) {
     expectWords(song);
     const auto words =
         session::fitWords(editor, reader, words::withPlainWords(reader, song), line.ways, progress);
     out << session::fittingTable(words);
-    const auto fitted = session::fittedSong(song, words);
-    if (line.save) {
-        write(*line.save, song::songFileText(std::filesystem::u8path(*line.save), fitted), out);
-    }
-    if (line.svg) {
-        write(*line.svg, session::fittedPicture(editor, fitted), out);
-    }
+    writeSong(line, session::fittedSong(song, words), editor, out);
     out << session::fittingTotals(words, line.ways);
     return session::areAllFitted(words) ? kDone : kWordsLeft;
 }
 
+// The index of a track that is named, or else counted from 1.
+std::size_t trackNamed(const std::optional<std::string>& named, const song::Song& song) {
+    const auto& tracks = song.tracks;
+    const auto found = std::find_if(tracks.begin(), tracks.end(),
+                                    [&named](const auto& track) { return track.name == named; });
+    if (!named || found != tracks.end()) {
+        return named ? static_cast<std::size_t>(found - tracks.begin()) : 0;
+    }
+    const auto number = song::parseInteger(*named);
+    if (!number || *number < 1 || static_cast<std::size_t>(*number) > tracks.size()) {
+        throw song::BadInput::expectedFound("the name of a track or a number from 1 to " +
+                                                std::to_string(tracks.size()) + " as --track",
+                                            words::inQuotes(*named));
+    }
+    return static_cast<std::size_t>(*number) - 1;
+}
+
+void printReplaced(std::size_t words, std::ostream& out) {
+    if (words > 0) {
+        out << words << (words == 1 ? " word that was there is" : " words that were there are")
+            << " replaced\n";
+    }
+}
+
 int runLay(const CommandLine& line, const song::Song& song, simulator::Editor& editor,
            words::LyricReader& reader, const Streams& streams) {
-    const auto text = readTextLines(line.text, streams.in);
-    const std::size_t track = 0;
-    const auto laid = laying::layText(text, song, track, reader, line.ways.guesses);
+    const auto text = laying::linesOf(readText(line.text, streams.in));
+    const auto track = trackNamed(line.track, song);
+    const auto laid = laying::TextLaying(reader, line.ways.guesses).lay(text, song, track);
     session::proveLaid(editor, laid);
-    streams.out << session::layingTable(laid);
+    auto& out = streams.out;
+    printReplaced(session::countWords(song, track), out);
+    out << session::layingTable(laid);
     const auto typed = session::laidSong(song, track, laid);
-    if (line.save) {
-        write(*line.save, song::songFileText(std::filesystem::u8path(*line.save), typed),
-              streams.out);
-    }
-    if (line.svg) {
-        write(*line.svg, session::fittedPicture(editor, typed), streams.out);
-    }
+    writeSong(line, typed, editor, out);
     if (line.json) {
-        write(*line.json, session::layingJson(laid, song.tracks[track].name), streams.out);
+        write(*line.json, session::layingJson(laid, track), out);
     }
-    streams.out << session::layingTotals(laid);
-    return session::isAllLaid(laid) ? kDone : kWordsLeft;
+    out << session::layingTotals(laid);
+    return session::countLaid(laid).isAllLaid() ? kDone : kWordsLeft;
 }
 
 int runOnSong(const CommandLine& line, const song::Song& song, simulator::Editor& editor,
@@ -193,10 +222,13 @@ int runCheck(const CommandLine& line, const std::vector<std::string>& text,
 
 // Never writes over what was read.
 void expectOtherFiles(const CommandLine& line) {
-    for (const auto& written : {line.svg, line.save}) {
+    for (const auto& written : {line.svg, line.save, line.json}) {
         if (written) {
-            song::expectOtherFile(std::filesystem::u8path(*written),
-                                  std::filesystem::u8path(line.file));
+            const auto path = std::filesystem::u8path(*written);
+            song::expectOtherFile(path, std::filesystem::u8path(line.file));
+            if (!line.text.empty()) {
+                song::expectOtherFile(path, std::filesystem::u8path(line.text));
+            }
         }
     }
 }

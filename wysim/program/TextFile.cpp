@@ -5,6 +5,7 @@
 #include "wysim/words/Wording.h"
 
 #include <filesystem>
+#include <sstream>
 #include <string_view>
 #include <system_error>
 
@@ -15,20 +16,17 @@ namespace {
 // Some editors put it in front of a text in UTF-8.
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
-std::vector<std::string> readLines(std::istream& text) {
-    std::vector<std::string> lines;
-    std::size_t size = 0;
-    for (std::string line; std::getline(text, line);) {
-        size += line.size() + 1;
-        if (size > kLargestText) {
-            throw song::BadInput::expectedFound("a text of at most 1 MiB", "a larger one");
-        }
-        if (lines.empty() && line.compare(0, kByteOrderMark.size(), kByteOrderMark) == 0) {
-            line.erase(0, kByteOrderMark.size());
-        }
-        lines.emplace_back(words::withoutReturn(line));
+std::string readAll(std::istream& stream) {
+    std::string text(kLargestText + 1, '\0');
+    stream.read(text.data(), static_cast<std::streamsize>(text.size()));
+    text.resize(static_cast<std::size_t>(stream.gcount()));
+    if (text.size() > kLargestText) {
+        throw song::BadInput::expectedFound("a text of at most 1 MiB", "a larger one");
     }
-    return lines;
+    if (text.compare(0, kByteOrderMark.size(), kByteOrderMark) == 0) {
+        text.erase(0, kByteOrderMark.size());
+    }
+    return text;
 }
 
 } // namespace
@@ -43,12 +41,21 @@ std::ifstream openTextFile(const std::string& name, const std::string& expected)
     return file;
 }
 
-std::vector<std::string> readTextLines(const std::string& name, std::istream& standardInput) {
+std::string readText(const std::string& name, std::istream& standardInput) {
     if (name == "-") {
-        return readLines(standardInput);
+        return readAll(standardInput);
     }
     auto file = openTextFile(name, "a text that can be read");
-    return readLines(file);
+    return readAll(file);
+}
+
+std::vector<std::string> readTextLines(const std::string& name, std::istream& standardInput) {
+    std::istringstream text(readText(name, standardInput));
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(text, line);) {
+        lines.emplace_back(words::withoutReturn(line));
+    }
+    return lines;
 }
 
 } // namespace wybeta::wysim::program

@@ -14,6 +14,10 @@ constexpr std::size_t kLargestText = std::size_t{1024} * 1024;
 // Throws BadInput, which says what was expected there, when there is no such file.
 std::ifstream openTextFile(const std::string& name, const std::string& expected);
 
+// The text of a file, or of standard input when the name is "-". Throws BadInput when there is no
+// such file or its text is larger than allowed.
+std::string readText(const std::string& name, std::istream& standardInput);
+
 // The lines of a text file, or of standard input when the name is "-". Throws BadInput when there
 // is no such file or its text is larger than allowed. The lines by themselves are not looked at.
 std::vector<std::string> readTextLines(const std::string& name, std::istream& standardInput);

@@ -74,6 +74,27 @@ void SongEditing::typeAll(const std::vector<TypedLyric>& lyrics) {
     }
 }
 
+void SongEditing::replaceLyrics(std::size_t track, const std::vector<LaidLyric>& lyrics) {
+    std::vector<bool> begins(song_.countNotes(track));
+    for (const auto& [note, text, notesOfSyllables] : lyrics) {
+        song::checkText(text);
+        auto place = note;
+        for (const auto notes : notesOfSyllables) {
+            begins[place] = true;
+            place += notes;
+        }
+    }
+    std::vector<Change> changes;
+    for (std::size_t i = 0; i < begins.size(); ++i) {
+        changes.push_back(clearing(song_.note(track, i)));
+        changes.push_back(dividing(song_.note(track, i), begins[i]));
+    }
+    for (const auto& lyric : lyrics) {
+        changes.push_back(typing(song_.note(track, lyric.note), lyric.text));
+    }
+    edit(std::move(changes));
+}
+
 std::size_t SongEditing::add(std::size_t track, const song::SongNote& note) {
     song::checkNote(note);
     const auto index = placeFor(note, song_, track);

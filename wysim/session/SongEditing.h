@@ -18,6 +18,13 @@ struct TypedLyric {
     std::string text;
 };
 
+// A lyric that begins at a note of a track, and how many notes each of its syllables takes.
+struct LaidLyric {
+    std::size_t note;
+    std::string text;
+    std::vector<std::size_t> notesOfSyllables;
+};
+
 // A person's edits on a song, each of which can be taken back. A mistake throws BadInput, and then
 // nothing has changed. Tracks and notes are named by their indexes, and have to be there.
 class SongEditing {
@@ -31,6 +38,8 @@ public:
     void type(std::size_t track, std::size_t note, const std::string& lyric);
     // All in one edit; without any there is none.
     void typeAll(const std::vector<TypedLyric>& lyrics);
+    // Takes all lyrics off the notes of a track and types these, in the order of their notes.
+    void replaceLyrics(std::size_t track, const std::vector<LaidLyric>& lyrics);
     // Puts the note in its place, types its lyric unless that is empty, and returns its index.
     std::size_t add(std::size_t track, const song::SongNote& note);
     // Gives the note another start, length and pitch, and returns its index then. The lyric stays.

@@ -10,8 +10,20 @@ namespace wybeta::wysim::session {
 
 namespace {
 
-// An attribute of the editor's own, which the extension does not ask for.
+// Attributes of the editor's own, which the extension does not ask for.
 constexpr auto kTypedLyric = "typed lyric";
+constexpr auto kBeginsSyllable = "begins a syllable";
+
+std::string syllableMark(bool beginsSyllable) {
+    return beginsSyllable ? "yes" : "";
+}
+
+// Sets an attribute of the editor's own.
+simulator::Change setting(simulator::Event& note, const char* attribute, const std::string& text) {
+    const simulator::Handle<simulator::Event> event(&note);
+    return {[event, attribute, text] { event->setText(attribute, text); },
+            [event, attribute, old = note.text(attribute)] { event->setText(attribute, old); }};
+}
 
 } // namespace
 
@@ -35,6 +47,24 @@ simulator::Change typing(simulator::Event& note, const std::string& lyric) {
                 revert();
                 event->setText(kTypedLyric, old);
             }};
+}
+
+simulator::Change clearing(simulator::Event& note) {
+    const simulator::Handle<simulator::Event> event(&note);
+    return {[event] {
+                event->setLyric("");
+                event->flagged = false;
+                event->setText(kTypedLyric, "");
+            },
+            [event, lyric = note.lyric(), flagged = note.flagged, typed = note.text(kTypedLyric)] {
+                event->setLyric(lyric);
+                event->flagged = flagged;
+                event->setText(kTypedLyric, typed);
+            }};
+}
+
+simulator::Change dividing(simulator::Event& note, bool beginsSyllable) {
+    return setting(note, kBeginsSyllable, syllableMark(beginsSyllable));
 }
 
 SongInEditor::SongInEditor(simulator::Editor& editor, const song::Song& song) {
@@ -66,7 +96,8 @@ void SongInEditor::addTrack(simulator::Editor& editor, const song::SongTrack& tr
         } else {
             event->setLyric(note.lyric);
         }
-        drawings_[event.get()] = {note.beginsSyllable, note.marks};
+        event->setText(kBeginsSyllable, syllableMark(note.beginsSyllable));
+        marks_[event.get()] = note.marks;
         part->add(event);
     }
     parts_.push_back(part);
@@ -81,10 +112,14 @@ simulator::Event& SongInEditor::note(std::size_t track, std::size_t index) const
 
 song::SongNote SongInEditor::songNote(std::size_t track, std::size_t index) const {
     const auto& event = note(track, index);
-    const auto found = drawings_.find(&event);
-    const auto drawing = found == drawings_.end() ? Drawing() : found->second;
-    return {event.startInPart, event.duration,         event.pitch,  event.lyric(),
-            event.flagged,     drawing.beginsSyllable, drawing.marks};
+    const auto marks = marks_.find(&event);
+    return {event.startInPart,
+            event.duration,
+            event.pitch,
+            event.lyric(),
+            event.flagged,
+            !event.text(kBeginsSyllable).empty(),
+            marks == marks_.end() ? song::NoteMarks() : marks->second};
 }
 
 song::Song SongInEditor::typedSong() const {

@@ -41,12 +41,6 @@ public:
     void setTypedLyric(std::size_t track, std::size_t index, const std::string& lyric) const;
 
 private:
-    // What the score that was opened draws at a note.
-    struct Drawing {
-        bool beginsSyllable = false;
-        song::NoteMarks marks;
-    };
-
     void addTrack(simulator::Editor& editor, const song::SongTrack& track,
                   std::vector<simulator::Change>& typing);
 
@@ -54,7 +48,7 @@ private:
     std::vector<simulator::Handle<simulator::Part>> parts_;
     // Of the notes of the opened song. They live as long as this: those that are removed are kept
     // by the history.
-    std::unordered_map<const simulator::Event*, Drawing> drawings_;
+    std::unordered_map<const simulator::Event*, song::NoteMarks> marks_;
 };
 
 // A note for the editor, without its lyric.
@@ -63,5 +57,12 @@ simulator::Handle<simulator::Event> makeNote(const simulator::SharedState& state
 
 // What typing a lyric into a note of a song changes.
 simulator::Change typing(simulator::Event& note, const std::string& lyric);
+
+// What it changes to take the lyric off a note, typed or not.
+simulator::Change clearing(simulator::Event& note);
+
+// What it changes when the note begins a syllable of a melody that is known to be so divided, or
+// does not.
+simulator::Change dividing(simulator::Event& note, bool beginsSyllable);
 
 } // namespace wybeta::wysim::session
