@@ -11,8 +11,8 @@ import ja from "../../web/page/texts/ja.js";
 
 const JAPANESE = { locale: "ja-JP" };
 const BUTTONS = {
-  en: ["Open", "Save", "Undo", "Redo", "Play", "Stop", "Fit", "Add note", "Delete note"],
-  ja: ["開く", "保存", "元に戻す", "やり直す", "再生", "停止", "楽譜に合わせる", "音符を追加", "音符を削除"],
+  en: ["Open", "Save", "Undo", "Redo", "Play", "Stop", "Fit", "Words", "Add note", "Delete note"],
+  ja: ["開く", "保存", "元に戻す", "やり直す", "再生", "停止", "楽譜に合わせる", "歌詞", "音符を追加", "音符を削除"],
 };
 
 describe("The page", () => {

@@ -54,6 +54,14 @@ export class Core {
     return read(this.#page.fit(brackets, guesses));
   }
 
+  lines(track, text) {
+    return read(this.#page.lines(track, text)).lines;
+  }
+
+  lay(track, text, { guesses = false } = {}) {
+    return read(this.#page.lay(track, text, guesses));
+  }
+
   save(kind) {
     return read(this.#page.save(kind));
   }

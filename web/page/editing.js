@@ -2,7 +2,7 @@
 import { Mistake } from "./core.js";
 import { say } from "./language.js";
 import { endOf } from "./layout.js";
-import { checkReport, fitReport, warningsReport } from "./reports.js";
+import { checkReport, fitReport, layReport, warningsReport } from "./reports.js";
 import { UnsungWords } from "./unsung-words.js";
 
 const FIRST_NOTE = { start: 0, length: 1, pitch: 60 };
@@ -123,6 +123,35 @@ export class Editing {
       this.#message.show(() =>
         fitReport(song.fit, ways, (ref) => this.#roll.focus(ref), (more) => this.fit(more)));
     }));
+  }
+
+  /**
+   * Lays a text under the melody of a track. `unsung` are its words that are not sung as they are.
+   * Says whether it was laid.
+   */
+  lay(track, text, unsung) {
+    return this.#attempt(() =>
+      this.#laid(track, this.#core.lay(track, text), unsung, () => this.#layByGuesses(track, text, unsung)));
+  }
+
+  // In place of the edit before, so that there is one to take back.
+  #layByGuesses(track, text, unsung) {
+    this.#attempt(() => {
+      this.#core.undo();
+      try {
+        this.#laid(track, this.#core.lay(track, text, { guesses: true }), unsung);
+      } catch (mistake) {
+        this.#core.redo();
+        throw mistake;
+      }
+      this.#stayAt(this.#roll.chosen);
+    });
+  }
+
+  #laid(track, song, unsung, layByGuesses) {
+    this.#edited(song);
+    this.#message.show(() =>
+      layReport(song.laid, unsung, (note) => this.#roll.focus({ track, note }), layByGuesses));
   }
 
   #opened(song) {

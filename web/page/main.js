@@ -14,6 +14,7 @@ import { RollKeys } from "./roll-keys.js";
 import { Toolbar } from "./toolbar.js";
 import { Typing } from "./typing.js";
 import { Unsaved } from "./unsaved.js";
+import { WordsSheet } from "./words-sheet.js";
 
 const NEW_NOTE_GRID = 0.5; // in quarter notes
 
@@ -32,7 +33,9 @@ class Page {
     this.#core = core;
     this.editing = new Editing(core, this.#roll, message,
       (song, isOpened) => this.#songChanged(song, isOpened));
-    this.typing = new Typing(this.#roll, this.editing);
+    this.sheet = new WordsSheet(find("#sheet"), find("[data-action=words]"),
+      { core, roll: this.#roll, editing: this.editing, message });
+    this.typing = new Typing(this.#roll, this.editing, (text) => this.sheet.take(text));
     this.playing = new Playing(this.#roll, (isPlaying) => this.#playingChanged(isPlaying));
     this.toolbar = new Toolbar(document, this.#actions());
     const dragging = new Dragging(this.#roll, (ref, note) => this.editing.move(ref, note));
@@ -44,6 +47,7 @@ class Page {
     this.#keepUnsaved();
     this.#translate();
     this.editing.openExample(language());
+    this.sheet.restore();
   }
 
   #actions() {
@@ -58,6 +62,9 @@ class Page {
       play: () => this.playing.play(),
       stop: () => this.playing.stop(),
       fit: () => this.editing.fit(),
+      words: () => this.sheet.open(),
+      closeWords: () => this.sheet.close(),
+      lay: () => this.sheet.lay(),
       addNote: () => this.editing.addAfter(chosen()),
       deleteNote: () => this.editing.remove(chosen()),
       closeIntro: () => {
@@ -116,6 +123,7 @@ class Page {
     this.#unsaved[isOpened ? "opened" : "edited"](song);
     this.playing.stop();
     this.typing.close();
+    this.sheet.songChanged();
     this.toolbar.enable("undo", song.canUndo);
     this.toolbar.enable("redo", song.canRedo);
     this.#title = song.name;
@@ -137,6 +145,7 @@ class Page {
     this.toolbar.translate();
     this.#roll.translate();
     this.#showTitle();
+    this.sheet.translate();
     message.translate();
   }
 
@@ -164,11 +173,11 @@ class Page {
     this.editing.add(track, { start, length, pitch });
   }
 
-  // In the text field these keys are the field's own.
+  // In a text field these keys are the field's own.
   #listenToHistoryKeys() {
     document.addEventListener("keydown", (event) => {
       const key = event.key.toLowerCase();
-      if (!(event.ctrlKey || event.metaKey) || event.altKey || event.target.id === "lyric") {
+      if (!(event.ctrlKey || event.metaKey) || event.altKey || event.target.matches("#lyric, #words")) {
         return;
       }
       if (key === "y" || (key === "z" && event.shiftKey)) {

@@ -23,7 +23,8 @@ export class Message {
   }
 }
 
-function paragraphElement({ sentence, actions = [] }) {
+/** A sentence, and the actions that it offers. */
+export function paragraphElement({ sentence, actions = [] }) {
   const paragraph = document.createElement("p");
   paragraph.append(sentence);
   for (const action of actions) {

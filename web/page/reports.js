@@ -6,6 +6,7 @@ import { findingSentence, leftSentence, say, sayCount } from "./language.js";
 // What the line under the roll has room for.
 const MOST_FINDINGS = 4;
 const MOST_LEFT = 3;
+const MOST_WORDS = 8;
 
 const WAYS_TO_FIT = ["hyphens", "otherEntries", "brackets", "guesses"];
 
@@ -14,15 +15,7 @@ const WAYS_TO_FIT = ["hyphens", "otherEntries", "brackets", "guesses"];
  * have been meant in another way. `type(text)` types another text into the same note.
  */
 export function checkReport(check, type) {
-  const paragraphOf = (finding) => ({
-    sentence: findingSentence(finding),
-    actions: finding.suggestions.map((suggestion) => ({
-      text: suggestion.text,
-      label: say(suggestion.guess ? "typeGuess" : "typeSuggestion", { suggestion: suggestion.text }),
-      isGuess: suggestion.guess === true,
-      run: () => type(corrected(check.lyric, finding, suggestion)),
-    })),
-  });
+  const paragraphOf = (finding) => findingParagraph(finding, check.lyric, type);
   const unsung = check.findings.filter(({ sung }) => !sung);
   const others = check.findings.filter(({ sung }) => sung);
   return [
@@ -31,6 +24,35 @@ export function checkReport(check, type) {
     ...summary(check, unsung.length > 0),
     ...firstOf(others, MOST_FINDINGS, paragraphOf),
   ];
+}
+
+/** The words of a line that are not sung. `type(text)` puts another text in the place of the line. */
+export function unsungReport({ text, unsung }, type) {
+  return firstOf(unsung, MOST_FINDINGS, (finding) => findingParagraph(finding, text, type));
+}
+
+/** How many syllables a line has, and how many notes it goes to. */
+export function lineCounts({ syllables, notes }) {
+  const surplus = notes === null ? 0 : syllables - notes;
+  return [
+    sayCount("syllables", syllables),
+    notes === null ? say("noPhraseLeft") : sayCount("notes", notes),
+    ...(surplus > 0 ? [sayCount("surplus", surplus)] : []),
+  ].join(say("listComma"));
+}
+
+/** How many there are of all in the lines of a text. */
+export function linesTotals(lines) {
+  const sum = (numberOf) => lines.reduce((total, line) => total + numberOf(line), 0);
+  const unsung = sum((line) => line.unsung.length);
+  return [
+    say("linesTotals", {
+      lines: sayCount("linesCount", lines.length),
+      syllables: sayCount("syllables", sum(({ syllables }) => syllables)),
+      notes: sayCount("notes", sum(({ notes }) => notes ?? 0)),
+    }),
+    ...(unsung > 0 ? [say("sentence", { text: sayCount("notSungCount", unsung) })] : []),
+  ].join(say("betweenSentences"));
 }
 
 /**
@@ -71,6 +93,54 @@ function fitTotals(fit) {
   ];
 }
 
+/**
+ * What came of laying a text with these words that are not sung as they are. `goTo(note)` goes to the
+ * first note of a line; `layByGuesses()` lays the text again, where that was not tried yet.
+ */
+export function layReport(laid, unsung, goTo, layByGuesses) {
+  const tooLong = laid.rows.filter(({ left }) => left.length > 0);
+  const canGuess = layByGuesses && unsung.some(({ suggestions }) => suggestions.length > 0);
+  return [
+    { sentence: layTotals(laid).join(say("betweenSentences")) },
+    ...firstOf(tooLong, MOST_LEFT, (row) => leftOfLine(row, goTo)),
+    ...(laid.notSung > 0 ? [{
+      sentence: notSungWords(laid.notSung, unsung),
+      actions: canGuess ? [{ text: say("fitByGuesses"), run: layByGuesses }] : [],
+    }] : []),
+  ];
+}
+
+function layTotals({ lines, syllables, onNotes, held, replaced }) {
+  const told = (name, count) => (count > 0 ? [sayCount(name, count)] : []);
+  const laid = onNotes === syllables ? "laid" : "laidInPart";
+  return [
+    say(syllables === 0 ? "laidUnsung" : laid, {
+      lines: sayCount("linesCount", lines), syllables: sayCount("syllables", syllables), onNotes,
+    }),
+    ...told("heldLines", held),
+    ...told("replacedWords", replaced),
+  ];
+}
+
+function leftOfLine({ line, note, notes, left }, goTo) {
+  const name = notes === null ? "lineWithoutPhrase" : "lineTooLong";
+  const words = firstWords(left, " ");
+  return {
+    sentence: say(name, { line, words }),
+    actions: notes === null ? [] : [{ text: say("goToLine", { line }), run: () => goTo(note) }],
+  };
+}
+
+function notSungWords(count, unsung) {
+  const list = firstWords([...new Set(unsung.map(({ word }) => word))], say("listComma"));
+  return say("notSungWords", { words: sayCount("notSungCount", count), list });
+}
+
+function firstWords(words, between) {
+  const told = words.slice(0, MOST_WORDS);
+  return [...told, ...(words.length > told.length ? ["…"] : [])].join(between);
+}
+
 /** What was noticed when a song was opened. */
 export function warningsReport(warnings) {
   return firstOf(warnings, MOST_FINDINGS, (sentence) => ({ sentence }));
@@ -80,6 +150,18 @@ function firstOf(items, most, paragraphOf) {
   const more = items.length - most;
   const told = items.slice(0, most).map(paragraphOf);
   return more > 0 ? [...told, { sentence: say("more", { count: more }) }] : told;
+}
+
+function findingParagraph(finding, lyric, type) {
+  return {
+    sentence: findingSentence(finding),
+    actions: finding.suggestions.map((suggestion) => ({
+      text: suggestion.text,
+      label: say(suggestion.guess ? "typeGuess" : "typeSuggestion", { suggestion: suggestion.text }),
+      isGuess: suggestion.guess === true,
+      run: () => type(corrected(lyric, finding, suggestion)),
+    })),
+  };
 }
 
 // Columns count characters, as the lyric's iterator does.

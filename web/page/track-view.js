@@ -61,13 +61,16 @@ export class TrackView {
   }
 
   translate() {
-    const name = this.#track.name || say("trackNumber", { number: this.#number });
-    this.#heading.textContent = name;
-    this.#list.setAttribute("aria-label", name);
+    this.#heading.textContent = this.name;
+    this.#list.setAttribute("aria-label", this.name);
     this.#track.notes.forEach((note, i) =>
       this.#views[i].describe(note, this.#rows.barAt(note.start)));
     this.#list.querySelectorAll(".gap").forEach((gap) =>
       (gap.textContent = say("emptyBars", gap.dataset)));
+  }
+
+  get name() {
+    return this.#track.name || say("trackNumber", { number: this.#number });
   }
 
   get notes() {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import { say } from "./language.js";
+import { hasSeveralLines } from "./text-lines.js";
 
 const LEAST_WIDTH = 150;
 
@@ -7,6 +8,7 @@ const LEAST_WIDTH = 150;
 export class Typing {
   #roll;
   #commands;
+  #takeLines;
   #field = document.createElement("input");
   #hint = document.createElement("span");
   #under = document.createElement("div");
@@ -17,11 +19,13 @@ export class Typing {
 
   /**
    * `commands.type(ref, text)` gets what was typed, `commands.keep(ref)` hears that nothing was; each
-   * says whether the field may close.
+   * says whether the field may close. `takeLines(text)` gets several lines that are pasted, which one
+   * note has no use for.
    */
-  constructor(roll, commands) {
+  constructor(roll, commands, takeLines) {
     this.#roll = roll;
     this.#commands = commands;
+    this.#takeLines = takeLines;
     this.#field.id = "lyric";
     this.#field.autocomplete = "off";
     this.#field.autocapitalize = "off";
@@ -35,6 +39,7 @@ export class Typing {
     this.#under.addEventListener("pointerdown", (event) => event.preventDefault());
     this.#under.addEventListener("mousedown", (event) => event.preventDefault());
     this.#field.addEventListener("keydown", (event) => this.#keyPressed(event));
+    this.#field.addEventListener("paste", (event) => this.#pasted(event));
     this.#field.addEventListener("blur", ({ relatedTarget }) => this.#left(relatedTarget));
     roll.element.addEventListener("redrawn", () => this.#putOverNote());
   }
@@ -95,6 +100,15 @@ export class Typing {
       if (event.key !== "Tab") {
         event.preventDefault();
       }
+    }
+  }
+
+  #pasted(event) {
+    const text = event.clipboardData?.getData("text/plain") ?? "";
+    if (hasSeveralLines(text)) {
+      event.preventDefault();
+      this.finish();
+      this.#takeLines(text);
     }
   }
 
