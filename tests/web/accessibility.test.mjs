@@ -40,7 +40,27 @@ describe("The checker of accessibility", () => {
     });
   }
 
+  for (const locale of ["en-GB", "ja-JP"]) {
+    it(`objects to nothing in the sheet with the words, ${locale}`, async () => {
+      page = await openPage({ locale });
+      await openSong(page, songOf([emptyNotes(4), emptyNotes(4)]));
+      await page.locator("[data-action=words]").click();
+      assert.deepEqual(await objections(page), []);
+      for (const text of ["love", "love\nthe beutiful yeet and more of that\nla la", "love\n".repeat(10_001)]) {
+        await page.locator("#words").evaluate((field, value) => {
+          field.value = value;
+          field.dispatchEvent(new Event("input"));
+        }, text);
+        await page.waitForFunction((count) => document.querySelectorAll("[data-line]").length === count,
+          text.length > 100 ? 0 : text.split("\n").length);
+        assert.deepEqual(await objections(page), []);
+      }
+    });
+  }
+
   it("objects to nothing in the question about unsaved changes", async () => {
+    page = await openPage();
+    await type(page, 1, "love");
     await chooseFile(page, `${PROJECT}wysim/songs/gloria.musicxml`);
     assert.equal(await page.getByRole("dialog").count(), 1);
     assert.deepEqual(await objections(page), []);
