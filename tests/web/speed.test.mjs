@@ -3,7 +3,7 @@
 // Machines differ, so times are told and not held to; what is held is that little is drawn anew.
 import assert from "node:assert/strict";
 import { describe, it } from "node:test";
-import { lyrics, noteAt, openPage, openSong, songOf, useBrowser } from "./browser.mjs";
+import { button, lyrics, noteAt, openPage, openSong, songOf, useBrowser } from "./browser.mjs";
 
 const NOTES = 5000;
 
@@ -32,6 +32,59 @@ describe(`A song of ${NOTES} notes`, () => {
     assert.ok(changed.length <= 4, `changed: ${changed}`);
   });
 });
+
+describe("A text of 600 lines", () => {
+  useBrowser();
+
+  it("is counted after each key, and laid under 5,000 notes, without much being drawn anew", async (test) => {
+    const page = await openPage();
+    await openSong(page, songOf([Array.from({ length: NOTES }, (_, i) => ({ start: i + Math.floor(i / 8) }))]));
+    await button(page, "Words").click();
+    const first = await page.evaluate(writeAndWait, "twinkle twinkle little star now\n".repeat(600));
+    test.diagnostic(`counted after ${first.took} ms`);
+    const keys = [];
+    for (const letter of "abcdefgh") {
+      keys.push(await page.evaluate(typeAndWait, letter));
+    }
+    test.diagnostic(`counted after a key: ${keys.map(({ took }) => took).join(", ")} ms`);
+    assert.ok(keys.every(({ drawn }) => drawn <= 2), `drawn: ${keys.map(({ drawn }) => drawn)}`);
+    const laid = await timeOf(async () => {
+      await page.locator("#words").press("Control+Enter");
+      await page.waitForFunction(() => document.querySelector("#sheet").hidden);
+      await page.evaluate(() => new Promise(requestAnimationFrame));
+    });
+    test.diagnostic(`laid after ${laid} ms`);
+    assert.ok((await lyrics(page)).filter((lyric) => lyric !== "").length >= 4700);
+  });
+});
+
+/** Puts a text into the sheet: the time until it is counted and drawn. */
+async function writeAndWait(text) {
+  const field = document.querySelector("#words");
+  field.value = text;
+  field.focus();
+  field.setSelectionRange(0, 0);
+  const start = performance.now();
+  field.dispatchEvent(new Event("input"));
+  await new Promise((resolve) =>
+    new MutationObserver(resolve).observe(document.querySelector("#lines"), { childList: true }));
+  await new Promise((resolve) => requestAnimationFrame(() => setTimeout(resolve)));
+  return { took: Math.round(performance.now() - start) };
+}
+
+/** Types a word in the page itself: the time until it is counted and drawn, and how many rows are new. */
+async function typeAndWait(letter) {
+  let drawn = 0;
+  const counted = new Promise((resolve) => new MutationObserver((records) => {
+    drawn += records.reduce((sum, { addedNodes }) => sum + addedNodes.length, 0);
+    resolve();
+  }).observe(document.querySelector("#lines"), { childList: true }));
+  const start = performance.now();
+  document.execCommand("insertText", false, `${letter} `);
+  await counted;
+  await new Promise((resolve) => requestAnimationFrame(() => setTimeout(resolve)));
+  return { took: Math.round(performance.now() - start), drawn };
+}
 
 async function timeOf(act) {
   const start = performance.now();

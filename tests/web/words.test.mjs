@@ -467,6 +467,47 @@ describe("The text of the sheet", () => {
   });
 });
 
+describe("In a window of any size, the sheet", () => {
+  useBrowser();
+
+  for (const [width, height] of [[360, 640], [800, 600], [1000, 700], [1500, 900]]) {
+    it(`covers nothing of the melody and has its buttons in sight, ${width} × ${height}`, async () => {
+      const page = await openPage({ viewport: { width, height } });
+      await openSong(page, songOf([emptyNotes(400)]));
+      await write(page, `${VERSE}\n`.repeat(30));
+      await page.locator("#words").press("Control+Home");
+      for (const line of [1, 2]) {
+        await row(page, line).locator(".counts").click();
+        assert.equal(await row(page, line).getAttribute("aria-current"), "true");
+      }
+      const [sheet, roll] = await Promise.all(
+        ["#sheet", "#roll"].map((selector) => page.locator(selector).boundingBox()));
+      assert.ok(sheet.x + sheet.width <= roll.x || sheet.y + sheet.height <= roll.y);
+      assert.equal(sheet.x + sheet.width <= roll.x, width >= 1000);
+      assert.ok(await page.evaluate(() => document.documentElement.scrollWidth) <= width);
+      const lay = await button(page, "Lay").evaluate((element) => {
+        const { left, right, top, bottom } = element.getBoundingClientRect();
+        return document.elementFromPoint((left + right) / 2, (top + bottom) / 2) === element;
+      });
+      assert.ok(lay);
+      await noteAt(page, 1).click();
+      assert.ok(await page.locator("#lyric").isVisible());
+    });
+  }
+
+  it("stays beside the notes that the page is scrolled to", async () => {
+    const page = await openPage();
+    await openSong(page, songOf([emptyNotes(400)]));
+    await write(page, VERSE);
+    await page.evaluate(() => scrollTo(0, 1e6));
+    const isInSight = await words(page).evaluate((field) => {
+      const { left, top } = field.getBoundingClientRect();
+      return document.elementFromPoint(left + 9, top + 9) === field;
+    });
+    assert.ok(isInSight);
+  });
+});
+
 describe("On a telephone, the sheet", () => {
   const PHONE = { viewport: { width: 360, height: 640 }, hasTouch: true, isMobile: true };
   let page;

@@ -6,8 +6,10 @@ import { LineRows } from "./line-rows.js";
 import { lineCounts, linesTotals } from "./reports.js";
 import { lineAt, limitBeyond, linesOf, rangeOf } from "./text-lines.js";
 
-const LONGEST_WAIT = 500; // milliseconds, for what there is to say of a text
-const PAUSE = 1000; // milliseconds without a key, after which that is read out
+const SHORT = 50; // milliseconds, for an answer
+const FRAME = 20;
+const LONGEST_WAIT = 500;
+const PAUSE = 1000; // without a key, after which the answer is read out
 const MOST_TYPED_LINES = 200; // Chromium takes 0.1 seconds for them, and eight for 2,000
 
 /** The sheet beside the melody, with a text that is laid under it and a row for each of its lines. */
@@ -23,7 +25,8 @@ export class WordsSheet {
   #lines = [];
   #mistake; // a sentence
   #asked = {}; // for what there was an answer, or a limit
-  #took = 0; // milliseconds, to get the last answer
+  #took = 0; // milliseconds, to get and to show the last answer
+  #answeredAt = 0;
   #timer;
   #pause;
 
@@ -43,7 +46,8 @@ export class WordsSheet {
 
   open() {
     this.#show();
-    this.#find("h2").scrollIntoView({ block: "nearest" });
+    const isBesideRoll = getComputedStyle(this.#element).position === "sticky";
+    this.#find("h2").scrollIntoView({ block: isBesideRoll ? "nearest" : "start" });
     this.#field.focus();
   }
 
@@ -148,6 +152,7 @@ export class WordsSheet {
       const { begin } = rangeOf(this.#field.value, Number(row.dataset.line));
       this.#field.focus();
       this.#field.setSelectionRange(begin, begin);
+      this.#markLine();
     }
   }
 
@@ -161,11 +166,12 @@ export class WordsSheet {
     keptText.save(this.#field.value, !this.#element.hidden);
   }
 
-  // The longer an answer takes, the fewer are asked for, so that keys do not wait.
+  // Answers that take long are as far apart, and the key is seen before.
   #askSoon() {
     clearTimeout(this.#timer);
     if (!this.#element.hidden) {
-      this.#timer = setTimeout(() => this.#ask(), Math.min(this.#took, LONGEST_WAIT));
+      const rest = Math.min(this.#took, LONGEST_WAIT) - (performance.now() - this.#answeredAt);
+      this.#timer = setTimeout(() => this.#ask(), this.#took < SHORT ? 0 : Math.max(rest, FRAME));
     }
   }
 
@@ -181,7 +187,8 @@ export class WordsSheet {
     const start = performance.now();
     this.#answer(asked);
     this.#tell();
-    this.#took = performance.now() - start;
+    this.#answeredAt = performance.now();
+    this.#took = this.#answeredAt - start;
   }
 
   #answer({ text, track }) {
