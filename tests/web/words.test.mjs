@@ -46,7 +46,7 @@ async function writeAtOnce(page, text) {
 }
 
 async function counted(page) {
-  await page.evaluate(() => new Promise((resolve) => setTimeout(resolve, 60)));
+  await page.waitForSelector("#lines-box[aria-busy=false]", { state: "attached" });
 }
 
 /** Each row as its line, its syllables and its notes. */
@@ -177,10 +177,10 @@ describe("The sheet with the words", () => {
     assert.equal(await row(page, 2).getAttribute("aria-current"), "true");
     await row(page, 1).locator(".counts").click();
     assert.equal(await words(page).evaluate((field) => field.selectionStart), 0);
-    await page.keyboard.press("End");
-    await counted(page);
-    assert.equal(await row(page, 1).getAttribute("aria-current"), "true");
+    await page.waitForSelector("[data-line='1'][aria-current]");
     assert.equal(await row(page, 2).getAttribute("aria-current"), null);
+    await page.keyboard.press("ArrowDown");
+    await page.waitForSelector("[data-line='2'][aria-current]");
   });
 
   it("lays the text as one edit, and gives the focus back", async () => {

@@ -2,6 +2,8 @@
 import { paragraphElement } from "./message.js";
 import { lineCounts, unsungReport } from "./reports.js";
 
+const LONGEST = 200; // characters of a line that are shown
+
 /** What there is to say of one line of a text: its syllables, its notes, and its words that are not sung. */
 export class LineRow {
   #line;
@@ -55,14 +57,15 @@ function isSame(a, b) {
 function textElement({ text, unsung }) {
   const element = document.createElement("span");
   element.className = "line";
-  const characters = [...text];
+  const all = [...text];
+  const characters = all.slice(0, LONGEST);
   let end = 0;
-  for (const { column, word } of unsung) {
+  for (const { column, word } of unsung.filter(({ column }) => column <= LONGEST)) {
     const mark = document.createElement("mark");
     mark.textContent = word;
     element.append(characters.slice(end, column - 1).join(""), mark);
     end = column - 1 + [...word].length;
   }
-  element.append(characters.slice(end).join(""));
+  element.append(characters.slice(end).join(""), all.length > LONGEST ? "…" : "");
   return element;
 }

@@ -172,12 +172,19 @@ export class WordsSheet {
     if (!this.#element.hidden) {
       const rest = Math.min(this.#took, LONGEST_WAIT) - (performance.now() - this.#answeredAt);
       this.#timer = setTimeout(() => this.#ask(), this.#took < SHORT ? 0 : Math.max(rest, FRAME));
+      this.#markBusy(true);
     }
+  }
+
+  // Whether there is still to be said what has changed.
+  #markBusy(isBusy) {
+    this.#find("#lines-box").setAttribute("aria-busy", String(isBusy));
   }
 
   // What there is to say of the text as it is now.
   #ask() {
     clearTimeout(this.#timer);
+    this.#markBusy(false);
     const asked = { text: this.#field.value, track: this.#track };
     if (this.#element.hidden || (asked.text === this.#asked.text && asked.track === this.#asked.track)) {
       return;
