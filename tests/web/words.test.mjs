@@ -172,6 +172,15 @@ describe("The sheet with the words", () => {
     assert.equal(await words(page).inputValue(), "😀 beutiful star\nlove");
   });
 
+  it("shows the beginning of a long line in its row", async () => {
+    await write(page, `${"la ".repeat(300)}xyzzy`);
+    const shown = await row(page, 1).locator(".line").innerText();
+    assert.match(shown, /^la la .*…$/);
+    assert.ok(shown.length < 250);
+    assert.match(await row(page, 1).innerText(), /300 syllables, 7 notes/);
+    assert.match(await row(page, 1).innerText(), /"xyzzy" is not sung/);
+  });
+
   it("goes to the line whose row is clicked, and marks the row of the line that is edited", async () => {
     await write(page, VERSE);
     assert.equal(await row(page, 2).getAttribute("aria-current"), "true");

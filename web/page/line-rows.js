@@ -37,7 +37,7 @@ export class LineRows {
 
   /** Marks the row of the line of that number, or of one before it, and brings it into sight. */
   mark(number) {
-    const index = Math.max(this.#lines.findLastIndex(({ line }) => line <= number), 0);
+    const index = Math.max(this.#lines.filter(({ line }) => line <= number).length - 1, 0);
     if (index < this.#first || index >= this.#first + this.#rows.length) {
       const first = Math.max(index - DRAWN / 2, 0);
       this.#draw(first, first + DRAWN);
