@@ -31,6 +31,8 @@ EMSCRIPTEN_BINDINGS(wy_beta) {
         .function("redo", &SongPage::redo)
         .function("check", &SongPage::check)
         .function("fit", &SongPage::fit)
+        .function("lines", &SongPage::lines)
+        .function("lay", &SongPage::lay)
         .function("save", &SongPage::save);
     emscripten::class_<LinkedPage, emscripten::base<SongPage>>("SongPage").constructor<>();
 }
