@@ -24,9 +24,10 @@ constexpr double kWordIntoPhrase = 3;   // a word does
 constexpr double kKanaIntoPhrase = 0.3; // a run of kana does, which is several words
 constexpr double kPhraseInLine = 0.3;   // a phrase begins within a line
 constexpr double kLineInPhrase = 4;     // a line begins within a phrase
-constexpr double kUnsurePhrase = 0.2;   // the share of this where no rest or mark shows the phrase
+constexpr double kUnsurePhrase = 0.2;   // the share of costs of phrases that no rest or mark shows
+constexpr double kUnsureLine = 0.5;     // and of that of lines within them
 constexpr double kOtherHolds = 2;       // a line has its notes held otherwise than the one before
-constexpr double kHoldsOrder = 0.3;     // for each way to hold notes that comes before
+constexpr double kHoldsOrder = 0.5;     // for each way to hold notes that comes before
 constexpr double kWeakWord = 0.2;       // a word begins between the beats
 constexpr double kLeaveLine = 4;        // a line is left for the next one
 constexpr double kLeaveSyllable = 2;    // for each syllable without a note
@@ -65,6 +66,7 @@ class Aligner {
 public:
     Aligner(const SyllableLattice& lattice, const std::vector<MelodyNote>& melody)
         : syllables_(lattice.syllables()), words_(lattice.words()), melody_(melody),
+          lineInPhrase_(kLineInPhrase * shareOfPhrases()),
           places_(2 * kWaysToHold * syllables_.size(), {0, 0}) {}
 
     std::vector<PlacedWord> run() {
@@ -89,6 +91,15 @@ private:
         State state = {};
         std::uint32_t place = 0;
     };
+
+    // How many phrases there are for a line, at most one.
+    double shareOfPhrases() const {
+        const auto phrases = std::count_if(melody_.begin(), melody_.end(),
+                                           [](const auto& note) { return note.beginsPhrase; });
+        const auto lines = std::count_if(words_.begin(), words_.end(),
+                                         [](const auto& word) { return word.beginsLine; });
+        return std::min(1.0, static_cast<double>(phrases) / static_cast<double>(lines));
+    }
 
     const LatticeWord& wordOf(const State& state) const {
         return words_[syllables_[state.syllable].word];
@@ -164,7 +175,7 @@ private:
             beginSyllable(from.state.syllable + 1, from.state.heldBy, from, note,
                           from.state.cost + atPhrase(note, into));
         } else if (word.endsLine) {
-            beginLine(word.nextLine, from, note, note.beginsPhrase ? 0 : kLineInPhrase);
+            beginLine(word.nextLine, from, note, costOfLine(note));
         } else {
             beginWord(syllable.word + std::size_t{1}, from.state.heldBy, from, note,
                       from.state.cost + atPhrase(note, kPhraseInLine));
@@ -212,15 +223,22 @@ private:
         }
     }
 
+    // What speaks against beginning a line at the note.
+    double costOfLine(const MelodyNote& note) const {
+        if (note.beginsPhrase) {
+            return note.isPhraseSure ? 0 : kUnsurePhrase;
+        }
+        return lineInPhrase_ * (note.isPhraseSure ? 1 : kUnsureLine);
+    }
+
     // If there is a line with that word.
     void beginLine(std::size_t word, const From& from, const MelodyNote& note, double cost) {
         if (word == words_.size()) {
             return;
         }
-        const double unsure = note.beginsPhrase && !note.isPhraseSure ? kUnsurePhrase : 0;
         for (std::size_t heldBy = 0; heldBy < kWaysToHold; ++heldBy) {
             const double change = heldBy == from.state.heldBy ? 0 : kOtherHolds;
-            beginWord(word, heldBy, from, note, from.state.cost + cost + unsure + change);
+            beginWord(word, heldBy, from, note, from.state.cost + cost + change);
         }
     }
 
@@ -232,7 +250,7 @@ private:
         const auto left = syllablesLeft(state) + word.leftInLine;
         if (left > 0) {
             beginLine(word.nextLine, from, note,
-                      kLeaveLine + kLeaveSyllable * static_cast<double>(left));
+                      costOfLine(note) + kLeaveLine + kLeaveSyllable * static_cast<double>(left));
             return;
         }
         const double cost = word.leftInText > 0 ? kSkipPhrase + kSkipNote : 0;
@@ -250,7 +268,7 @@ private:
         const double cost = wordOf(state).leftInText > 0 ? kSkipNote : 0;
         put(state.syllable, state.heldBy, Step::Rest, from.place, state.cost + cost);
         if (note.beginsPhrase) {
-            beginLine(wordOf(state).nextLine, from, note, 0);
+            beginLine(wordOf(state).nextLine, from, note, costOfLine(note));
         }
     }
 
@@ -338,6 +356,7 @@ private:
     const std::vector<LatticeSyllable>& syllables_;
     const std::vector<LatticeWord>& words_;
     const std::vector<MelodyNote>& melody_;
+    double lineInPhrase_;                    // less where lines have to share phrases
     std::vector<std::vector<Trace>> traces_; // of each note so far
     std::vector<State> before_;              // of the last of them
     std::vector<State> now_;                 // of the next one

@@ -77,7 +77,7 @@ std::size_t LaidWord::notes() const {
     return std::accumulate(notesOfSyllables.begin(), notesOfSyllables.end(), std::size_t{0});
 }
 
-std::vector<std::string> linesOf(std::string_view text) {
+std::vector<std::string> linesOfText(std::string_view text) {
     if (text.size() > kLargestText) {
         throw BadInput::expectedFound("a text of at most 256 KiB",
                                       std::to_string((text.size() + 1023) / 1024) + " KiB");

@@ -56,7 +56,7 @@ constexpr std::size_t kLargestText = std::size_t{256} * 1024; // in bytes
 constexpr std::size_t kMostLines = 10'000;
 
 // The lines of a text. Throws BadInput when it is too large or no UTF-8, saying where.
-std::vector<std::string> linesOf(std::string_view text);
+std::vector<std::string> linesOfText(std::string_view text);
 
 // Lays texts under melodies, and keeps what it has found out of their words.
 class TextLaying {

@@ -51,6 +51,7 @@ void divide(const song::Song& song, const std::vector<SongNote>& notes, std::siz
         return !song::isBefore(length, isLong);
     });
     for (auto i = begin + 1; i < end; ++i) {
+        melody[i].isPhraseSure = false;
         const bool isFree = !melody[i].looksHeld[static_cast<std::size_t>(HeldBy::SlursAndBeams)];
         melody[i].beginsPhrase =
             isFree && (areSomeLong ? !song::isBefore(notes[i - 1].length, isLong)
@@ -71,7 +72,6 @@ std::vector<MelodyNote> melodyOf(const song::Song& song, std::size_t track) {
     for (std::size_t i = 0; i < notes.size(); ++i) {
         auto& note = melody[i];
         note.beginsPhrase = i == 0 || endsPhrase(notes[i - 1], notes[i]);
-        note.isPhraseSure = note.beginsPhrase;
         const auto& marks = notes[i].marks;
         note.looksHeld = {marks.isSlurred, marks.isSlurred || marks.isBeamed, false,
                           marks.isBeamed};

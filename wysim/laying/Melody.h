@@ -22,7 +22,8 @@ std::string nameOf(HeldBy way);
 
 struct MelodyNote {
     bool beginsPhrase = false;
-    bool isPhraseSure = false; // of a note that begins a phrase: whether a rest or a mark shows it
+    // Whether rests or marks show where the phrase of the note begins and ends.
+    bool isPhraseSure = true;
     std::array<bool, kWaysToHold> looksHeld = {};
     bool repeatsPitch = false; // of the note before it
     double length = 1;

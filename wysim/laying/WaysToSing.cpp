@@ -20,10 +20,10 @@ using words::Symbols;
 
 constexpr double kShorterEntry = 0.5;
 constexpr double kLongerEntry = 1.5;
-constexpr double kUsualJoin = 1;    // "flow'r", "ev'ry"
+constexpr double kUsualJoin = 0.8;  // "flow'r", "ev'ry"
 constexpr double kSeldomJoin = 1.5; // "giv'n"
 constexpr double kKanaJoin = 0.5;
-constexpr double kExtraSyllable = 1.5; // "blessèd"
+constexpr double kExtraSyllable = 1.2; // "blessèd"
 
 bool isOneOf(std::string_view symbol, std::initializer_list<std::string_view> set) {
     return std::find(set.begin(), set.end(), symbol) != set.end();
@@ -72,11 +72,14 @@ bool endsWith(std::string_view text, std::string_view end) {
 // The word with its "-ed" as a syllable: "blessèd".
 std::optional<Syllables> withSoundedEnding(std::string_view lyric, const Syllables& syllables) {
     auto symbols = words::symbolsOf(syllables.empty() ? std::string() : syllables.back());
-    if (!endsWith(lyric, "ed") || symbols.size() < 3 || !isOneOf(symbols.back(), {"d", "t"}) ||
-        endsWith(syllables.back(), "ih d") || endsWith(syllables.back(), "ah d")) {
+    if (!endsWith(lyric, "ed") || endsWith(lyric, "eed") || symbols.size() < 3 ||
+        !isOneOf(symbols.back(), {"d", "t"})) {
         return std::nullopt;
     }
     symbols.pop_back();
+    if (isOneOf(symbols.back(), {"ah", "eh", "ih"})) {
+        return std::nullopt; // it is sounded already, as in "wanted" and "red"
+    }
     std::string onset;
     if (!isVowel(symbols.back())) {
         onset = symbols.back() + " ";
@@ -107,7 +110,10 @@ std::vector<WayToSing> WaysToSing::find(const std::string& lyric) {
     std::vector<WayToSing> ways;
     if (lyrics::findBracketedPhonemes(lyric)) {
         auto syllables = reader_.syllablesOf(lyric);
-        if (!syllables.empty()) {
+        const bool isEmpty = std::any_of(syllables.begin(), syllables.end(), [](const auto& one) {
+            return words::symbolsOf(one).empty();
+        });
+        if (!syllables.empty() && !isEmpty) {
             ways.push_back(wayOf(std::move(syllables), 0, false));
         }
     } else if (reader_.singsAllOf(lyric)) {

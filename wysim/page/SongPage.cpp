@@ -208,7 +208,7 @@ std::string SongPage::fit(bool usesBrackets, bool usesGuesses) {
 
 std::string SongPage::lines(int track, const std::string& text) {
     return answer([&] {
-        const auto laid = counting_.place(laying::linesOf(text),
+        const auto laid = counting_.place(laying::linesOfText(text),
                                           openSong().editing.inEditor().song(), trackIndex(track));
         std::vector<CountedLine> lines;
         for (const auto& line : laid.lines) {
@@ -223,7 +223,7 @@ std::string SongPage::lay(int track, const std::string& text, bool usesGuesses) 
         const auto place = trackIndex(track);
         const auto song = openSong().editing.inEditor().song();
         const auto laid =
-            laying::TextLaying(reader_, usesGuesses).lay(laying::linesOf(text), song, place);
+            laying::TextLaying(reader_, usesGuesses).lay(laying::linesOfText(text), song, place);
         auto project = session_.editor().openProject();
         session::proveLaid(project, laid);
         editing().replaceLyrics(place, session::laidLyrics(laid));

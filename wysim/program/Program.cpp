@@ -177,7 +177,7 @@ void printReplaced(std::size_t words, std::ostream& out) {
 
 int runLay(const CommandLine& line, const song::Song& song, simulator::Editor& editor,
            words::LyricReader& reader, const Streams& streams) {
-    const auto text = laying::linesOf(readText(line.text, streams.in));
+    const auto text = laying::linesOfText(readText(line.text, streams.in));
     const auto track = trackNamed(line.track, song);
     const auto laid = laying::TextLaying(reader, line.ways.guesses).lay(text, song, track);
     session::proveLaid(editor, laid);
