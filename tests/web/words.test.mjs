@@ -412,10 +412,13 @@ describe("The text of the sheet", () => {
   it("is kept with the last key, however soon the page is loaded again", async () => {
     page = await openPage();
     await button(page, "Words").click();
-    await page.evaluate(() => {
+    const kept = await page.evaluate(() => {
       document.execCommand("insertText", false, "love");
-      location.reload();
+      dispatchEvent(new Event("pagehide"));
+      return Object.values(sessionStorage).join("");
     });
+    assert.match(kept, /love/);
+    await page.reload();
     await page.waitForFunction(() => document.querySelector("#words")?.value === "love");
   });
 
