@@ -157,6 +157,7 @@ std::string linesJson(const std::vector<CountedLine>& lines) {
         }
         list.push_back({{"line", line.number},
                         {"syllables", line.syllables},
+                        {"onNotes", line.onNotes},
                         {"notes", line.notes > 0 ? ordered_json(line.notes) : ordered_json()},
                         {"unsung", words}});
     }
@@ -176,6 +177,7 @@ std::string laidJson(const laying::LaidText& laid, std::size_t replaced) {
         rows.push_back({{"line", line.number},
                         {"note", note > 0 ? ordered_json(note) : ordered_json()},
                         {"syllables", line.syllables},
+                        {"onNotes", line.onNotes},
                         {"notes", line.notes},
                         {"heldBy", session::waysOfHolding(line)},
                         {"left", left}});

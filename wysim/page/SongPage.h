@@ -59,7 +59,8 @@ public:
     // See words::WaysToFit.
     std::string fit(bool usesBrackets, bool usesGuesses);
     // Answers with the "lines" of a text that have words, and changes nothing: how many "syllables"
-    // each has, how many "notes" it would take (null for none), and its "unsung" words.
+    // each has, how many of them would come "onNotes", how many "notes" they would take (null for
+    // none), and its "unsung" words.
     std::string lines(int track, const std::string& text);
     // Lays the text under the track in one edit, in place of all words there; answers with how it
     // went as "laid".
