@@ -44,6 +44,7 @@ describe("A text of 600 lines", () => {
     test.diagnostic(`counted after ${first.took} ms`);
     const keys = [];
     for (const letter of "abcdefgh") {
+      await page.waitForTimeout(200);
       keys.push(await page.evaluate(typeAndWait, letter));
     }
     test.diagnostic(`counted after a key: ${keys.map(({ took }) => took).join(", ")} ms`);

@@ -20,7 +20,7 @@ export class LineRow {
     this.element.append(this.#place, " ", textElement(line), " ", counts);
     this.element.append(...unsungReport(line, (text) => replace(this.#line.line, line.text, text))
       .map(paragraphElement));
-    this.element.classList.toggle("too-long", line.syllables > (line.notes ?? 0));
+    this.element.classList.toggle("too-long", line.onNotes < line.syllables);
     this.element.dataset.syllables = line.syllables;
     this.element.dataset.notes = line.notes ?? 0;
     this.number(line.line);
@@ -49,8 +49,8 @@ export class LineRow {
 }
 
 function isSame(a, b) {
-  return a.text === b.text && a.syllables === b.syllables && a.notes === b.notes &&
-    JSON.stringify(a.unsung) === JSON.stringify(b.unsung);
+  return a.text === b.text && a.syllables === b.syllables && a.onNotes === b.onNotes &&
+    a.notes === b.notes && JSON.stringify(a.unsung) === JSON.stringify(b.unsung);
 }
 
 // Columns count characters.

@@ -15,7 +15,8 @@ const WAYS_TO_FIT = ["hyphens", "otherEntries", "brackets", "guesses"];
  * have been meant in another way. `type(text)` types another text into the same note.
  */
 export function checkReport(check, type) {
-  const paragraphOf = (finding) => findingParagraph(finding, check.lyric, type);
+  const paragraphOf = (finding) => findingParagraph(finding,
+    (suggestion) => type(corrected(check.lyric, finding, suggestion)));
   const unsung = check.findings.filter(({ sung }) => !sung);
   const others = check.findings.filter(({ sung }) => sung);
   return [
@@ -28,17 +29,18 @@ export function checkReport(check, type) {
 
 /** The words of a line that are not sung. `type(text)` puts another text in the place of the line. */
 export function unsungReport({ text, unsung }, type) {
-  return firstOf(unsung, MOST_FINDINGS, (finding) => findingParagraph(finding, text, type));
+  // Each word is a lyric of its own.
+  return firstOf(unsung, MOST_FINDINGS, (finding) => findingParagraph(finding,
+    (suggestion) => type(corrected(text, finding, { text: suggestion.text }))));
 }
 
-/** How many syllables a line has, and how many notes it goes to. */
-export function lineCounts({ syllables, notes }) {
-  const surplus = notes === null ? 0 : syllables - notes;
-  return [
-    sayCount("syllables", syllables),
-    notes === null ? say("noPhraseLeft") : sayCount("notes", notes),
-    ...(surplus > 0 ? [sayCount("surplus", surplus)] : []),
-  ].join(say("listComma"));
+/** How many syllables a line has, how many notes they go to, and how many have no notes. */
+export function lineCounts({ syllables, onNotes, notes }) {
+  const surplus = syllables - onNotes;
+  const told = notes !== null
+    ? [sayCount("notes", notes), ...(surplus > 0 ? [sayCount("surplus", surplus)] : [])]
+    : surplus > 0 ? [say("noPhraseLeft")] : [];
+  return [sayCount("syllables", syllables), ...told].join(say("listComma"));
 }
 
 /** How many there are of all in the lines of a text. */
@@ -98,8 +100,8 @@ function fitTotals(fit) {
  * first note of a line; `layByGuesses()` lays the text again, where that was not tried yet.
  */
 export function layReport(laid, unsung, goTo, layByGuesses) {
-  const tooLong = laid.rows.filter(({ left }) => left.length > 0);
-  const canGuess = layByGuesses && unsung.some(({ suggestions }) => suggestions.length > 0);
+  const tooLong = laid.rows.filter(({ syllables, onNotes }) => onNotes < syllables);
+  const canGuess = layByGuesses && unsung.some(({ suggestions = [] }) => suggestions.length > 0);
   return [
     { sentence: layTotals(laid).join(say("betweenSentences")) },
     ...firstOf(tooLong, MOST_LEFT, (row) => leftOfLine(row, goTo)),
@@ -122,12 +124,13 @@ function layTotals({ lines, syllables, onNotes, held, replaced }) {
   ];
 }
 
-function leftOfLine({ line, note, notes, left }, goTo) {
-  const name = notes === null ? "lineWithoutPhrase" : "lineTooLong";
+function leftOfLine({ line, note, left, syllables, onNotes }, goTo) {
   const words = firstWords(left, " ");
+  const surplus = sayCount("syllables", syllables - onNotes);
+  const name = note === null ? "lineWithoutPhrase" : words === "" ? "lineCutShort" : "lineTooLong";
   return {
-    sentence: say(name, { line, words }),
-    actions: notes === null ? [] : [{ text: say("goToLine", { line }), run: () => goTo(note) }],
+    sentence: say(name, { line, words, surplus }),
+    actions: note === null ? [] : [{ text: say("goToLine", { line }), run: () => goTo(note) }],
   };
 }
 
@@ -152,14 +155,16 @@ function firstOf(items, most, paragraphOf) {
   return more > 0 ? [...told, { sentence: say("more", { count: more }) }] : told;
 }
 
-function findingParagraph(finding, lyric, type) {
+// Of a word that is too long to be looked into, there is no more to say than that it is not sung.
+function findingParagraph(finding, take) {
+  const { reason, word, suggestions = [] } = finding;
   return {
-    sentence: findingSentence(finding),
-    actions: finding.suggestions.map((suggestion) => ({
+    sentence: reason === undefined ? notSungWords(1, [{ word }]) : findingSentence(finding),
+    actions: suggestions.map((suggestion) => ({
       text: suggestion.text,
       label: say(suggestion.guess ? "typeGuess" : "typeSuggestion", { suggestion: suggestion.text }),
       isGuess: suggestion.guess === true,
-      run: () => type(corrected(lyric, finding, suggestion)),
+      run: () => take(suggestion),
     })),
   };
 }

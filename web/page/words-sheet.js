@@ -201,7 +201,7 @@ export class WordsSheet {
   #answer({ text, track }) {
     this.#lines = [];
     this.#mistake = undefined;
-    if (limitBeyond(text) !== undefined || !this.#hasNotes || text === "") {
+    if (limitBeyond(text) !== undefined || !this.#hasNotes || text.trim() === "") {
       return;
     }
     try {

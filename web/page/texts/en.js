@@ -164,6 +164,7 @@ export default {
   },
   replacedWords: { one: "1 word was replaced.", other: "{count} words were replaced." },
   lineTooLong: "Line {line} is too long: “{words}” has no notes.",
+  lineCutShort: "Line {line} is too long by {surplus}.",
   lineWithoutPhrase: "No phrase is left for line {line}: “{words}” has no notes.",
   goToLine: "Go to line {line}",
   notSungWords: "{words}: {list}.",

@@ -172,6 +172,7 @@ export default {
   heldLines: { other: "{count} 行では、音節を後の音符に伸ばしています。" },
   replacedWords: { other: "{count} 語を置き換えました。" },
   lineTooLong: "{line} 行目は長すぎます。「{words}」には音符がありません。",
+  lineCutShort: "{line} 行目は {surplus}分だけ長すぎます。",
   lineWithoutPhrase: "{line} 行目のフレーズが残っていません。「{words}」には音符がありません。",
   goToLine: "{line} 行目へ移動",
   notSungWords: "{words}: {list}。",
