@@ -12,8 +12,9 @@ namespace wybeta::wysim::laying {
 
 namespace {
 
-// What speaks against a step. The unit is what speaks against a syllable more or less than the
-// dictionary has. Composers' scores were laid as well when each of these was changed by a third.
+// What speaks against a step. The unit is about what speaks against a syllable more or less than the
+// dictionary has. A third more or less of one of these moves fewer than two of a hundred words
+// (docs/laying.md).
 constexpr double kBeginOnHeld = 4;      // a syllable begins on a note that looks held
 constexpr double kHoldFree = 2.5;       // one is held over a note that does not
 constexpr double kHoldRepeated = 2;     // the more if that repeats the pitch
