@@ -28,13 +28,14 @@ constexpr auto kDescription =
     "Without a song, an example is opened. Without --script or --svg you type commands at a\n"
     "prompt; 'help' lists them. The subcommands do one piece of work and end; each has a\n"
     "--help.\n\n"
-    "A melody without words gets them in a session. Open it, type each word into its first\n"
-    "note (type 1 Glo-ria: a hyphen holds a syllable over one more note), see with 'show'\n"
-    "what each note carries, and 'save song.musicxml'. 'fit' is for a song that has its words.";
+    "A melody without words gets them by 'lay', from a text with a line for each phrase. Or open\n"
+    "it, type each word into its first note (type 1 Glo-ria: a hyphen holds a syllable over one\n"
+    "more note), see with 'show' what each note carries, and 'save song.musicxml'. 'fit' is for a\n"
+    "song that has its words.";
 constexpr auto kExitStatuses =
-    "Exit status: 0 done, 3 done but words are left that 'fit' could not fit or that 'check'\n"
-    "says are not sung, 2 a mistake in a file, a command or an option, 1 the module could not be\n"
-    "loaded or did something that it must not.";
+    "Exit status: 0 done, 3 done but words are left that 'fit' could not fit, that 'lay' found no\n"
+    "notes for or that are not sung, 2 a mistake in a file, a command or an option, 1 the module\n"
+    "could not be loaded or did something that it must not.";
 
 fs::path programFolder() {
 #ifdef _WIN32
@@ -146,7 +147,7 @@ private:
         auto& fit = addCommand(Command::Fit, "fit",
                                "Find what to type so that each syllable comes out on its notes");
         addFile(fit, "SONG",
-                "The song whose words are fitted; a melody gets them in a session first");
+                "The song whose words are fitted; a melody gets them by 'lay' first");
         addVerse(fit);
         fit.add_flag("--brackets", line_.ways.brackets,
                      "Write phonemes in brackets where nothing else fits");
