@@ -180,8 +180,24 @@ TEST_F(LayCommand, NeverWritesOverTheSongOrTheText) {
         EXPECT_EQ(run.status, 2) << option;
         EXPECT_NE(run.err.find("another file to write"), std::string::npos) << run.err;
     }
-    EXPECT_EQ(lay("C4", "love", {"--json", path("text.txt")}).status, 2);
+    EXPECT_EQ(lay("C4", "love", {"--json", path("text.txt")}).err,
+              "wysim: expected a file of its own to write, found another for " + path("text.txt") +
+                  ".\n");
     EXPECT_EQ(bytesOf(folder.file("text.txt")), "love");
+}
+
+TEST_F(LayCommand, NeverWritesOneFileOverAnother) {
+    EXPECT_EQ(lay("C4", "love", {"--save", path("a.json"), "--json", path("a.json")}).status, 2);
+    EXPECT_FALSE(std::filesystem::exists(folder.file("a.json")));
+}
+
+TEST_F(LayCommand, NamesAWordThatIsCutOff) {
+    const auto run = lay("C4", "darling");
+    EXPECT_NE(
+        run.out.find("  1     1           2          1      as sung          darling\u2026\n"),
+        std::string::npos)
+        << run.out;
+    EXPECT_EQ(run.status, 3);
 }
 
 TEST_F(LayCommand, HasTheNotesOfSyllablesForAFitOfTheSavedSong) {

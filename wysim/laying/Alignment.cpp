@@ -12,26 +12,25 @@ namespace wybeta::wysim::laying {
 
 namespace {
 
-// What speaks against a step. The unit is about what speaks against a syllable more or less than the
-// dictionary has. A third more or less of one of these moves fewer than two of a hundred words
+// What speaks against a step. The unit is about what speaks against a syllable more or less than
+// the dictionary has. A third more or less of one of these moves fewer than two of a hundred words
 // (docs/laying.md).
 constexpr double kBeginOnHeld = 4;      // a syllable begins on a note that looks held
 constexpr double kHoldFree = 2.5;       // one is held over a note that does not
 constexpr double kHoldRepeated = 2;     // the more if that repeats the pitch
-constexpr double kHoldLineEnd = -1;     // the less at the end of a line
-constexpr double kHoldTextEnd = 1;      // instead of these, after the text
+constexpr double kHoldLineEnd = 1.1;    // instead of these, at the end of a line
 constexpr double kHoldIntoPhrase = 8;   // a syllable goes on after a rest
 constexpr double kWordIntoPhrase = 3;   // a word does
 constexpr double kKanaIntoPhrase = 0.3; // a run of kana does, which is several words
 constexpr double kPhraseInLine = 0.3;   // a phrase begins within a line
-constexpr double kLineInPhrase = 4;     // a line begins within a phrase
+constexpr double kLineInPhrase = 5;     // a line begins within a phrase
 constexpr double kUnsurePhrase = 0.2;   // the share of costs of phrases that no rest or mark shows
 constexpr double kUnsureLine = 0.5;     // and of that of lines within them
 constexpr double kOtherHolds = 2;       // a line has its notes held otherwise than the one before
 constexpr double kHoldsOrder = 0.5;     // for each way to hold notes that comes before
 constexpr double kWeakWord = 0.2;       // a word begins between the beats
 constexpr double kLeaveLine = 4;        // a line is left for the next one
-constexpr double kLeaveSyllable = 2;    // for each syllable without a note
+constexpr double kLeaveSyllable = 6;    // for each syllable without a note
 constexpr double kSkipPhrase = 2;       // a phrase between two lines has no words
 constexpr double kSkipNote = 0.7;       // for each of its notes
 
@@ -41,6 +40,9 @@ constexpr double kMargin = 40;
 // Keeps a long melody quick. With 200, a text of 6,000 syllables under 5,000 notes loses five more;
 // with 2,000 it keeps no more and takes three times as long.
 constexpr std::size_t kMostStates = 300;
+
+// With those that sing further syllables on the same note.
+constexpr std::size_t kMostJoined = 4 * kMostStates;
 
 enum class Step : std::uint8_t { Begin, Join, Hold, Rest };
 
@@ -58,7 +60,6 @@ struct State {
 struct Trace {
     std::uint32_t syllable;
     std::uint16_t previous;
-    std::uint8_t heldBy;
     Step step;
 };
 
@@ -200,10 +201,7 @@ private:
         if (!note.looksHeld[state.heldBy]) {
             const bool isWordEnd = syllables_[state.syllable].isLast;
             const bool isLineEnd = isWordEnd && wordOf(state).endsLine;
-            const bool isTextEnd = isLineEnd && wordOf(state).leftInText == 0;
-            cost += isTextEnd ? kHoldTextEnd
-                              : kHoldFree + (note.repeatsPitch ? kHoldRepeated : 0) +
-                                    (isLineEnd ? kHoldLineEnd : 0);
+            cost += isLineEnd ? kHoldLineEnd : kHoldFree + (note.repeatsPitch ? kHoldRepeated : 0);
         }
         put(state.syllable, state.heldBy, Step::Hold, from.place, cost);
     }
@@ -275,7 +273,7 @@ private:
 
     // Sings further syllables on the note on which one has just begun.
     void join() {
-        for (std::uint32_t place = 0; place < now_.size(); ++place) {
+        for (std::uint32_t place = 0; place < now_.size() && now_.size() < kMostJoined; ++place) {
             const auto state = now_[place];
             const bool begins = state.step == Step::Begin || state.step == Step::Join;
             if (!begins || syllables_[state.syllable].isLast) {
@@ -299,8 +297,7 @@ private:
     static std::vector<Trace> tracesOf(const std::vector<State>& states) {
         std::vector<Trace> traces(states.size());
         std::transform(states.begin(), states.end(), traces.begin(), [](const State& state) {
-            return Trace{state.syllable, static_cast<std::uint16_t>(state.previous), state.heldBy,
-                         state.step};
+            return Trace{state.syllable, static_cast<std::uint16_t>(state.previous), state.step};
         });
         return traces;
     }
@@ -333,13 +330,7 @@ private:
                 const auto& syllable = syllables_[trace.syllable];
                 if (syllable.number == 0) {
                     const auto& word = words_[syllable.word];
-                    placed.push_back({word.line,
-                                      word.indexInLine,
-                                      syllable.way,
-                                      static_cast<HeldBy>(trace.heldBy),
-                                      note,
-                                      {},
-                                      {}});
+                    placed.push_back({word.line, word.indexInLine, syllable.way, note, {}, {}});
                 }
                 addSyllable(trace.step == Step::Join, placed.back());
             }

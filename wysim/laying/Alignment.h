@@ -14,8 +14,7 @@ namespace wybeta::wysim::laying {
 struct PlacedWord {
     std::size_t line = 0; // indexes
     std::size_t word = 0;
-    std::size_t way = 0; // of the word's ways to sing
-    HeldBy heldBy = HeldBy::Slurs;
+    std::size_t way = 0;                       // of the word's ways to sing
     std::size_t note = 0;                      // the first, as an index
     std::vector<std::size_t> notesOfSyllables; // of those that have notes; at least one
     std::vector<bool>

@@ -53,12 +53,26 @@ LaidText unlaid(const std::vector<LineToLay>& lines) {
     return laid;
 }
 
+// What shows that the notes of a word after the first of each syllable are held.
+void countHeld(const LaidWord& word, const std::vector<song::SongNote>& notes, LaidLine& line) {
+    auto note = *word.note - 1;
+    for (const auto count : word.notesOfSyllables) {
+        for (std::size_t i = 1; i < count; ++i) {
+            const auto& marks = notes[note + i].marks;
+            ++(marks.isSlurred  ? line.heldBySlurs
+               : marks.isBeamed ? line.heldByBeams
+                                : line.heldFreely);
+        }
+        note += count;
+    }
+}
+
 void count(const WordToLay& word, const PlacedWord& placed, const LaidWord& laid, LaidLine& line) {
-    const auto sung = word.ways[placed.way].syllables.size();
-    line.syllables = line.syllables - word.ways.front().syllables.size() + sung;
-    line.onNotes += placed.joins.size();
+    const auto onNotes = placed.notesOfSyllables.size();
+    const auto left = word.ways[placed.way].syllables.size() - placed.joins.size();
+    line.syllables = line.syllables - word.ways.front().syllables.size() + onNotes + left;
+    line.onNotes += onNotes;
     line.notes += laid.notes();
-    line.heldBy = placed.heldBy;
 }
 
 void expectUtf8(std::string_view line, std::size_t number) {
@@ -91,9 +105,9 @@ std::vector<std::string> linesOfText(std::string_view text) {
         lines.emplace_back(line);
         text.remove_prefix(isLast ? text.size() : end + 1);
     }
-    if (lines.size() > kMostLines && !(lines.size() == kMostLines + 1 && lines.back().empty())) {
-        throw BadInput::expectedFound("a text of at most 10000 lines",
-                                      std::to_string(lines.size()));
+    const auto count = lines.size() - (lines.back().empty() ? 1 : 0);
+    if (count > kMostLines) {
+        throw BadInput::expectedFound("a text of at most 10000 lines", std::to_string(count));
     }
     return lines;
 }
@@ -124,10 +138,12 @@ LaidText TextLaying::laid(const std::vector<LineToLay>& lines, const song::Song&
         auto& laidWord = laid.words[line.firstWord + placed.word];
         laidWord.note = placed.note + 1;
         laidWord.notesOfSyllables = placed.notesOfSyllables;
+        laidWord.isCutOff = placed.joins.size() < word.ways[placed.way].syllables.size();
         if (isTyped) {
             typeWord(word, placed, laidWord);
         }
         count(word, placed, laidWord, line);
+        countHeld(laidWord, song.tracks[track].notes, line);
     }
     return laid;
 }

@@ -25,6 +25,7 @@ struct LaidWord {
     bool isSung = false;
     std::optional<std::size_t> note = {}; // from 1; none where the word is laid on no note
     std::vector<std::size_t> notesOfSyllables = {};
+    bool isCutOff = false;  // whether its last syllables have no notes
     std::string typed = {}; // into that note
     Syllables carried = {}; // by the notes from that one on, once it is typed
 
@@ -35,14 +36,19 @@ struct LaidLine {
     std::size_t number; // in the text, from 1
     std::size_t firstWord;
     std::size_t words;
-    std::size_t syllables = 0; // of the words that are sung
-    std::size_t onNotes = 0;   // those of them that are sung on notes
-    std::size_t notes = 0;     // of these words
-    HeldBy heldBy = HeldBy::Nothing;
+    // Of the words that are sung; those that share a note are one.
+    std::size_t syllables = 0;
+    std::size_t onNotes = 0; // those of them that have notes
+    std::size_t notes = 0;   // of these words
+    // Of the notes that hold a syllable, how many a slur shows, how many only a beam, and how many
+    // nothing does.
+    std::size_t heldBySlurs = 0;
+    std::size_t heldByBeams = 0;
+    std::size_t heldFreely = 0;
 
     bool isTooLong() const { return onNotes < syllables; }
     bool isHeld() const { return !isTooLong() && notes > onNotes; }
-    bool isAsSung() const { return !isTooLong() && !isHeld(); }
+    bool isAsSung() const { return !isTooLong() && !isHeld() && notes > 0; }
 };
 
 // A text laid under the notes of a track.

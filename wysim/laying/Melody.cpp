@@ -61,11 +61,6 @@ void divide(const song::Song& song, const std::vector<SongNote>& notes, std::siz
 
 } // namespace
 
-std::string nameOf(HeldBy way) {
-    static constexpr const char* kNames[] = {"slurs", "slurs and beams", "no marks", "beams"};
-    return kNames[static_cast<std::size_t>(way)];
-}
-
 std::vector<MelodyNote> melodyOf(const song::Song& song, std::size_t track) {
     const auto& notes = song.tracks[track].notes;
     std::vector<MelodyNote> melody(notes.size());

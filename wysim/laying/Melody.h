@@ -7,7 +7,6 @@
 
 #include <array>
 #include <cstddef>
-#include <string>
 #include <vector>
 
 namespace wybeta::wysim::laying {
@@ -16,9 +15,6 @@ namespace wybeta::wysim::laying {
 enum class HeldBy { Slurs, SlursAndBeams, Nothing, Beams };
 
 constexpr std::size_t kWaysToHold = 4;
-
-// Such as "slurs and beams".
-std::string nameOf(HeldBy way);
 
 struct MelodyNote {
     bool beginsPhrase = false;

@@ -20,6 +20,7 @@ namespace {
 
 using Text = std::u32string_view;
 
+constexpr std::u32string_view kAfterNumber = U".):．）：";
 constexpr std::u32string_view kHyphens = U"-\u00AD\u2010\u2011";
 
 bool isHyphen(char32_t character) {
@@ -33,9 +34,8 @@ bool isKana(Text text, std::size_t place) {
            (text[place] >= kFirstHalfWidth && text[place] <= kLastHalfWidth);
 }
 
-// Digits are numbers of verses, or are not sung.
 bool isDigit(char32_t character) {
-    return character >= U'0' && character <= U'9';
+    return (character >= U'0' && character <= U'9') || (character >= U'０' && character <= U'９');
 }
 
 bool isInWord(char32_t character) {
@@ -69,16 +69,20 @@ std::u32string lyricCharacters(std::string_view line) {
     return characters;
 }
 
-// "[Chorus]", whose symbols are none that are sung.
-bool isHeading(std::string_view line) {
-    line = text::trimmed(line);
-    if (line.size() < 2 || line.front() != '[' || line.back() != ']') {
-        return false;
-    }
-    auto symbols = std::string(line.substr(1, line.size() - 2));
+// Whether a bracket has phonemes and nothing else inside.
+bool isOfPhonemes(std::string_view inside) {
+    auto symbols = std::string(inside);
     std::replace(symbols.begin(), symbols.end(), ',', ' ');
     const auto pieces = text::splitText(symbols, "");
-    return std::none_of(pieces.begin(), pieces.end(), isSung);
+    return !pieces.empty() && std::all_of(pieces.begin(), pieces.end(), isSung);
+}
+
+// A heading in the brackets that Japanese texts have for it.
+bool isHeading(Text line) {
+    const auto first = line.find_first_not_of(U" \t\u3000");
+    const auto last = line.find_last_not_of(U" \t\u3000");
+    return first != Text::npos && ((line[first] == U'【' && line[last] == U'】') ||
+                                   (line[first] == U'［' && line[last] == U'］'));
 }
 
 // Cuts one line into its words.
@@ -88,6 +92,7 @@ public:
         : line_(line), ways_(ways), reader_(reader), readings_(words::findReadings(line)) {}
 
     std::vector<WordToLay> cut() {
+        passOverNumber();
         while (place_ < line_.size()) {
             if (!takeReading() && !takeBracket() && !takeKana() && !takeWord()) {
                 ++place_;
@@ -108,11 +113,31 @@ private:
         return false;
     }
 
-    // Phonemes, with the word in front of them.
+    // The number of a verse: "1.", "1)" or right before a capital letter.
+    void passOverNumber() {
+        auto end = place_;
+        while (end < line_.size() && (isDigit(line_[end]) || line_[end] == U' ')) {
+            ++end;
+        }
+        const bool isNumber = end < line_.size() && end > place_ && isDigit(line_[end - 1]) &&
+                              (kAfterNumber.find(line_[end]) != Text::npos ||
+                               (line_[end] >= U'A' && line_[end] <= U'Z'));
+        place_ = isNumber ? end : place_;
+    }
+
+    // Phonemes with the word in front of them; a bracket with anything else is passed over.
     bool takeBracket() {
-        const auto end = line_.find(U']', place_);
-        if (line_[place_] != U'[' || end == Text::npos) {
+        if (line_[place_] != U'[' || hasNoMoreEnds_) {
             return false;
+        }
+        const auto end = line_.find(U']', place_);
+        hasNoMoreEnds_ = end == Text::npos;
+        if (hasNoMoreEnds_) {
+            return false;
+        }
+        if (!isOfPhonemes(words::utf8Of(line_.substr(place_ + 1, end - place_ - 1)))) {
+            place_ = end + 1;
+            return true;
         }
         const bool belongs = !words_.empty() && wordEnd_ == place_;
         const auto begin = belongs ? wordBegin_ : place_;
@@ -138,8 +163,8 @@ private:
     bool takeWord() {
         auto end = place_;
         bool hasLetters = false;
-        while (end < line_.size() && isInWord(line_[end]) && !isKana(line_, end)) {
-            hasLetters = hasLetters || (words::isOfWords(line_[end]) && !isDigit(line_[end]));
+        while (end < line_.size() && isInWord(line_[end]) && !isKana(line_, end) && !isDash(end)) {
+            hasLetters = hasLetters || words::isOfWords(line_[end]);
             ++end;
         }
         if (!hasLetters) {
@@ -147,7 +172,7 @@ private:
             return end > place_;
         }
         auto begin = place_;
-        while (isHyphen(line_[begin]) || isDigit(line_[begin])) {
+        while (isHyphen(line_[begin])) {
             ++begin;
         }
         auto last = end;
@@ -158,6 +183,11 @@ private:
         add(bare.first, bare.second, lyricOf(bare.first, bare.second), false);
         place_ = end;
         return true;
+    }
+
+    // Two hyphens stand for a dash.
+    bool isDash(std::size_t place) const {
+        return isHyphen(line_[place]) && place + 1 < line_.size() && isHyphen(line_[place + 1]);
     }
 
     // Apostrophes around a word belong to it if the dictionary says so, as in "'tis" and "o'".
@@ -214,7 +244,8 @@ private:
     words::LyricReader& reader_;
     std::vector<words::Reading> readings_;
     std::size_t place_ = 0;
-    std::size_t wordBegin_ = 0; // of the last word
+    bool hasNoMoreEnds_ = false; // of brackets
+    std::size_t wordBegin_ = 0;  // of the last word
     std::size_t wordEnd_ = 0;
     std::vector<WordToLay> words_;
 };
@@ -225,10 +256,10 @@ std::vector<LineToLay> linesToLay(const std::vector<std::string>& text, WaysToSi
                                   words::LyricReader& reader) {
     std::vector<LineToLay> lines;
     for (std::size_t i = 0; i < text.size(); ++i) {
-        if (isHeading(text[i])) {
+        const auto line = lyricCharacters(text[i]);
+        if (isHeading(line)) {
             continue;
         }
-        const auto line = lyricCharacters(text[i]);
         auto found = LineCutter(line, ways, reader).cut();
         if (!found.empty()) {
             lines.push_back({i + 1, std::move(found)});

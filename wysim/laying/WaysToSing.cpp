@@ -23,7 +23,7 @@ constexpr double kLongerEntry = 1.5;
 constexpr double kUsualJoin = 0.8;  // "flow'r", "ev'ry"
 constexpr double kSeldomJoin = 1.5; // "giv'n"
 constexpr double kKanaJoin = 0.5;
-constexpr double kExtraSyllable = 1.2; // "blessèd"
+constexpr double kExtraSyllable = 1; // "blessèd"
 
 bool isOneOf(std::string_view symbol, std::initializer_list<std::string_view> set) {
     return std::find(set.begin(), set.end(), symbol) != set.end();

@@ -170,7 +170,7 @@ std::string laidJson(const laying::LaidText& laid, std::size_t replaced) {
         auto left = ordered_json::array();
         for (const auto& word : session::wordsLeft(laid, line)) {
             if (word.isSung) {
-                left.push_back(word.text);
+                left.push_back(session::textLeft(word));
             }
         }
         const auto note = session::firstNoteOf(laid, line);

@@ -146,8 +146,7 @@ private:
     void addFit() {
         auto& fit = addCommand(Command::Fit, "fit",
                                "Find what to type so that each syllable comes out on its notes");
-        addFile(fit, "SONG",
-                "The song whose words are fitted; a melody gets them by 'lay' first");
+        addFile(fit, "SONG", "The song whose words are fitted; a melody gets them by 'lay' first");
         addVerse(fit);
         fit.add_flag("--brackets", line_.ways.brackets,
                      "Write phonemes in brackets where nothing else fits");
@@ -221,6 +220,10 @@ private:
             throw song::BadInput::expectedFound(what, found + " ('wysim --help' tells more)");
         }
         line_.file = files_.front();
+        if (line_.command == Command::Lay && line_.text.empty()) {
+            throw song::BadInput::expectedFound("one song and one text",
+                                                "no text ('wysim lay --help' tells more)");
+        }
     }
 
     // Options of a session can stand before a command as well.

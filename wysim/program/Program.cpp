@@ -31,11 +31,15 @@
 #include <functional>
 #include <optional>
 #include <stdexcept>
+#include <system_error>
 #include <utility>
+#include <vector>
 
 namespace wybeta::wysim::program {
 
 namespace {
+
+namespace fs = std::filesystem;
 
 constexpr int kDone = 0;
 constexpr int kModuleTrouble = 1;
@@ -104,7 +108,7 @@ void printSummary(const song::Song& song, const std::string& file, std::ostream&
 }
 
 void write(const std::string& file, const std::string& text, std::ostream& out) {
-    song::writeFile(std::filesystem::u8path(file), text);
+    song::writeFile(fs::u8path(file), text);
     out << "wrote " << file << "\n";
 }
 
@@ -113,7 +117,7 @@ int runSession(const CommandLine& line, const song::Song& song, simulator::Edito
     if (line.file.empty()) {
         streams.out << kExampleHint;
     }
-    session::Session session(editor, reader, song, std::filesystem::u8path(line.file), streams.out);
+    session::Session session(editor, reader, song, fs::u8path(line.file), streams.out);
     const int status = runCommands(session, line, streams);
     if (line.svg) {
         write(*line.svg, session.picture(), streams.out);
@@ -133,7 +137,7 @@ void expectWords(const song::Song& song) {
 void writeSong(const CommandLine& line, const song::Song& typed, simulator::Editor& editor,
                std::ostream& out) {
     if (line.save) {
-        write(*line.save, song::songFileText(std::filesystem::u8path(*line.save), typed), out);
+        write(*line.save, song::songFileText(fs::u8path(*line.save), typed), out);
     }
     if (line.svg) {
         write(*line.svg, session::fittedPicture(editor, typed), out);
@@ -220,16 +224,31 @@ int runCheck(const CommandLine& line, const std::vector<std::string>& text,
     return words::isAllSung(checked) ? kDone : kWordsLeft;
 }
 
-// Never writes over what was read.
+bool areOneFile(const fs::path& one, const fs::path& other) {
+    std::error_code ignored;
+    return fs::equivalent(one, other, ignored) ||
+           fs::weakly_canonical(one, ignored) == fs::weakly_canonical(other, ignored);
+}
+
+// Never writes over what was read, nor one file over another.
 void expectOtherFiles(const CommandLine& line) {
+    std::vector<fs::path> others;
+    if (!line.text.empty()) {
+        others.push_back(fs::u8path(line.text));
+    }
     for (const auto& written : {line.svg, line.save, line.json}) {
-        if (written) {
-            const auto path = std::filesystem::u8path(*written);
-            song::expectOtherFile(path, std::filesystem::u8path(line.file));
-            if (!line.text.empty()) {
-                song::expectOtherFile(path, std::filesystem::u8path(line.text));
+        if (!written) {
+            continue;
+        }
+        const auto path = fs::u8path(*written);
+        song::expectOtherFile(path, fs::u8path(line.file));
+        for (const auto& other : others) {
+            if (areOneFile(path, other)) {
+                throw song::BadInput::expectedFound("a file of its own to write",
+                                                    "another for " + *written);
             }
         }
+        others.push_back(path);
     }
 }
 
@@ -237,7 +256,7 @@ song::Song openSong(const CommandLine& line, terminal::Progress& progress, std::
     if (line.file.empty()) {
         return song::exampleSong();
     }
-    auto opened = song::readSongFile(std::filesystem::u8path(line.file), line.verse, progress);
+    auto opened = song::readSongFile(fs::u8path(line.file), line.verse, progress);
     for (const auto& warning : opened.warnings) {
         err << "wysim: " << line.file << ": " << warning << ".\n";
     }

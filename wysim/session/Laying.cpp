@@ -10,6 +10,9 @@
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
+#include <iterator>
+#include <string_view>
+#include <utility>
 
 namespace wybeta::wysim::session {
 
@@ -75,10 +78,18 @@ LayingCounts countLaid(const LaidText& laid) {
 }
 
 std::string waysOfHolding(const LaidLine& line) {
-    if (line.notes == 0) {
-        return "-";
+    if (line.notes == line.onNotes) {
+        return line.notes == 0 ? "-" : "as sung";
     }
-    return line.notes > line.onNotes ? nameOf(line.heldBy) : "as sung";
+    std::vector<std::string_view> ways;
+    for (const auto& [count, name] :
+         {std::pair(line.heldBySlurs, "slurs"), std::pair(line.heldByBeams, "beams"),
+          std::pair(line.heldFreely, "no marks")}) {
+        if (count > 0) {
+            ways.emplace_back(name);
+        }
+    }
+    return text::joinText(ways, " and ");
 }
 
 std::size_t firstNoteOf(const LaidText& laid, const LaidLine& line) {
@@ -94,8 +105,12 @@ std::vector<LaidWord> wordsLeft(const LaidText& laid, const LaidLine& line) {
     const auto first = laid.words.begin() + static_cast<std::ptrdiff_t>(line.firstWord);
     std::vector<LaidWord> left;
     std::copy_if(first, first + static_cast<std::ptrdiff_t>(line.words), std::back_inserter(left),
-                 [](const auto& word) { return !word.note; });
+                 [](const auto& word) { return !word.note || word.isCutOff; });
     return left;
+}
+
+std::string textLeft(const LaidWord& word) {
+    return word.isCutOff ? word.text + "\u2026" : word.text;
 }
 
 std::string layingTable(const LaidText& laid) {
@@ -104,7 +119,7 @@ std::string layingTable(const LaidText& laid) {
     for (const auto& line : laid.lines) {
         std::vector<std::string> left;
         for (const auto& word : wordsLeft(laid, line)) {
-            left.push_back(word.isSung ? word.text : word.text + " (not sung)");
+            left.push_back(word.isSung ? textLeft(word) : word.text + " (not sung)");
         }
         const auto note = firstNoteOf(laid, line);
         table.add({std::to_string(line.number), note == 0 ? "-" : std::to_string(note),

@@ -41,12 +41,15 @@ struct LayingCounts {
 
 LayingCounts countLaid(const LaidText& laid);
 
-// Such as "slurs and beams"; "as sung" where each syllable has one note, "-" where none has.
+// Such as "slurs and beams", or "no marks"; "as sung" where each syllable has one note, "-" where
+// none has any.
 std::string waysOfHolding(const laying::LaidLine& line);
 // The first note of a line, from 1; 0 for a line without notes.
 std::size_t firstNoteOf(const LaidText& laid, const laying::LaidLine& line);
-// The words of a line that have no notes.
+// The words of a line that have no notes, or not all that they need.
 std::vector<laying::LaidWord> wordsLeft(const LaidText& laid, const laying::LaidLine& line);
+// Such a word that is sung, "hello"; of one that is cut off, "hello…".
+std::string textLeft(const laying::LaidWord& word);
 
 // A table with a row for each line, and the line that counts them.
 std::string layingTable(const LaidText& laid);

@@ -88,6 +88,19 @@ TEST(LaidText, BeginsLinesWithPhrases) {
         << "two lines, one phrase";
 }
 
+TEST(LaidText, HasAPhraseForEachLineWhereTheyAreAsMany) {
+    EXPECT_EQ(placesOf("C4 D4 E4 F4 r C4 D4 E4 F4", "I love\nyou too"),
+              (Lines{"1:I 2:love--", "5:you 6:too--"}));
+}
+
+TEST(LaidText, LeavesNoWordWhileThereAreNotes) {
+    EXPECT_EQ(placesOf("C4 D4 =E4:0.5 =F4:0.5 r C4 D4 =E4:0.5 =F4:0.5 =G4:0.5", "happy love again"),
+              Lines{"1:happy 3:love- 5:again---"});
+    const auto found = laid("C4:2 D4 E4:2 F4:2 C4 D4 E4 F4 C4 D4 E4 F4 C4 D4",
+                            "love\nbeautiful\nbeautiful\nlight");
+    EXPECT_FALSE(found.lines.back().isTooLong());
+}
+
 TEST(LaidText, LeavesNotesAfterTheTextAlone) {
     EXPECT_EQ(placesOf("C4 D4 r E4 F4 r G4 A4", "love me"), Lines{"1:love 2:me"});
 }
@@ -157,10 +170,37 @@ TEST(LaidText, CountsWhatEachLineHas) {
     EXPECT_EQ(found.lines[1].number, 3U);
     EXPECT_EQ(found.lines[0].syllables, 2U);
     EXPECT_EQ(found.lines[0].notes, 3U);
-    EXPECT_EQ(found.lines[0].heldBy, HeldBy::Slurs);
+    EXPECT_EQ(found.lines[0].heldBySlurs, 1U);
+    EXPECT_EQ(found.lines[0].heldFreely, 0U);
     EXPECT_TRUE(found.lines[0].isHeld());
     EXPECT_TRUE(found.lines[1].isAsSung());
     EXPECT_FALSE(found.words[3].isSung);
+}
+
+TEST(LaidText, CountsSyllablesThatShareANoteAsOne) {
+    const auto found = laid("C4 D4 E4 r F4 G4", "heaven is love\nmy love");
+    EXPECT_EQ(found.lines[0].syllables, 3U);
+    EXPECT_TRUE(found.lines[0].isAsSung());
+}
+
+TEST(LaidText, SaysOfAHeldSyllableWhatShowsIt) {
+    const auto line = laid("C4 ~D4 E4 =F4 G4 A4", "sweet love me").lines[0];
+    EXPECT_EQ(line.heldBySlurs, 1U);
+    EXPECT_EQ(line.heldByBeams, 1U);
+    EXPECT_EQ(line.heldFreely, 1U);
+}
+
+TEST(LaidText, HasNeitherHeldNorSungALineOfUnsungWords) {
+    const auto line = laid("C4 D4", "yeet\nlove").lines[0];
+    EXPECT_FALSE(line.isAsSung() || line.isHeld() || line.isTooLong());
+}
+
+TEST(LaidText, OfAKanaThatGoesOnForEverEnds) {
+    std::string text = "\u3042";
+    for (int i = 0; i < 20'000; ++i) {
+        text += "\u30FC";
+    }
+    EXPECT_TRUE(laid("C4", text).lines[0].isTooLong());
 }
 
 std::string refusalOf(const std::string& melody, const std::string& text) {

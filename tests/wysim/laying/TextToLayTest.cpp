@@ -72,6 +72,13 @@ TEST(TextToLay, HasBracketsOfPhonemesWithTheWordBeforeThem) {
     EXPECT_EQ(cutWords("[s a,k u]"), "[s a,k u]");
 }
 
+TEST(TextToLay, PassesOverOtherBrackets) {
+    EXPECT_EQ(cutWords("Oh baby [x2]"), "Oh|baby");
+    EXPECT_EQ(cutWords("love[2] me []"), "love|me");
+    EXPECT_EQ(cutWords("[Verse a] love"), "love");
+    EXPECT_EQ(cutWords("love [me"), "love|me");
+}
+
 TEST(TextToLay, PassesOverEmptyLinesAndHeadingsAndCountsThem) {
     const auto lines =
         cutLines({"", "[Chorus]", "love", " [Verse 2: Anna] ", "--", "[s a,k u]", "me"});
@@ -85,7 +92,23 @@ TEST(TextToLay, PassesOverEmptyLinesAndHeadingsAndCountsThem) {
 TEST(TextToLay, PassesOverTheNumbersOfVerses) {
     EXPECT_EQ(cutWords("1. When I"), "When|I");
     EXPECT_EQ(cutWords("2.There's"), "There's");
-    EXPECT_EQ(cutWords("12"), "");
+    EXPECT_EQ(cutWords("3) When"), "When");
+    EXPECT_EQ(cutWords("1When I"), "When|I");
+}
+
+TEST(TextToLay, HasOtherNumbersAsWordsThatAreNotSung) {
+    EXPECT_EQ(cutWords("100 years"), "100?|years");
+    EXPECT_EQ(cutWords("7th heaven"), "7th?|heaven");
+    EXPECT_EQ(cutWords("12"), "12?");
+}
+
+TEST(TextToLay, HasTwoHyphensForADash) {
+    EXPECT_EQ(cutWords("hello--world"), "hello|world");
+}
+
+TEST(TextToLay, PassesOverHeadingsInJapaneseBrackets) {
+    EXPECT_EQ(cutWords("\u3010\u30B5\u30D3\u3011"), "");
+    EXPECT_EQ(cutWords("\uFF3BChorus\uFF3D"), "");
 }
 
 TEST(TextToLay, TellsWhereAWordIsInItsLine) {
