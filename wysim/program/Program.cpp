@@ -12,6 +12,7 @@
 #include "wysim/session/Proof.h"
 #include "wysim/session/Session.h"
 #include "wysim/song/BadInput.h"
+#include "wysim/song/FileBytes.h"
 #include "wysim/song/Example.h"
 #include "wysim/song/NumberText.h"
 #include "wysim/song/Song.h"

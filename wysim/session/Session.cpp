@@ -5,6 +5,7 @@
 #include "wysim/session/Proof.h"
 #include "wysim/session/SongChanges.h"
 #include "wysim/song/BadInput.h"
+#include "wysim/song/FileBytes.h"
 #include "wysim/song/NumberText.h"
 #include "wysim/song/Pitch.h"
 #include "wysim/song/SongFile.h"

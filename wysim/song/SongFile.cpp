@@ -2,6 +2,7 @@
 #include "wysim/song/SongFile.h"
 
 #include "wysim/song/BadInput.h"
+#include "wysim/song/FileBytes.h"
 #include "wysim/song/JsonSong.h"
 #include "wysim/song/MusicXmlReader.h"
 #include "wysim/song/MusicXmlWriter.h"
@@ -11,8 +12,6 @@
 
 #include <algorithm>
 #include <cctype>
-#include <cstdint>
-#include <fstream>
 #include <new>
 #include <system_error>
 
@@ -21,34 +20,6 @@ namespace wybeta::wysim::song {
 namespace {
 
 namespace fs = std::filesystem;
-
-void expectSize(std::uintmax_t size) {
-    if (size > kLargestSongFile) {
-        throw BadInput::expectedFound("a file of at most 256 MiB", std::to_string(size) + " bytes");
-    }
-}
-
-std::string readBytes(const fs::path& path) {
-    std::error_code error;
-    if (fs::is_directory(path, error)) {
-        throw BadInput::expectedFound("a file", "a folder");
-    }
-    std::ifstream file(path, std::ios::binary | std::ios::ate);
-    if (!file) {
-        throw BadInput::expectedFound("a file that can be read", "none");
-    }
-    const auto size = static_cast<std::streamoff>(file.tellg());
-    if (size < 0) {
-        throw BadInput::expectedFound("a file of at most 256 MiB", "no size");
-    }
-    expectSize(static_cast<std::uintmax_t>(size));
-    std::string bytes(static_cast<std::size_t>(size), '\0');
-    file.seekg(0);
-    if (!file.read(bytes.data(), static_cast<std::streamsize>(size))) {
-        throw BadInput::expectedFound("a file that can be read", "an error while reading it");
-    }
-    return bytes;
-}
 
 bool isMusicXml(std::string_view ending) {
     return ending == ".musicxml" || ending == ".xml";
@@ -106,24 +77,6 @@ OpenedSong readNamed(const fs::path& name, Read read) {
     }
 }
 
-// The file that a symbolic link leads to; any other path as it is.
-fs::path targetOf(const fs::path& path, std::error_code& error) {
-    std::error_code ignored;
-    return fs::is_symlink(path, ignored) ? fs::canonical(path, error) : path;
-}
-
-// A name beside the file that nothing has yet.
-fs::path unusedDraft(const fs::path& path) {
-    auto draft = path;
-    draft += ".part";
-    std::error_code ignored;
-    for (int number = 2; fs::exists(fs::symlink_status(draft, ignored)); ++number) {
-        draft = path;
-        draft += ".part" + std::to_string(number);
-    }
-    return draft;
-}
-
 } // namespace
 
 std::string endingOf(const fs::path& path) {
@@ -146,14 +99,14 @@ OpenedSong songFromBytes(const std::string& bytes, const std::string& ending,
 OpenedSong readSongFile(const fs::path& path, std::optional<int> verse,
                         terminal::Progress& progress) {
     return readNamed(path, [&](const std::string& ending) {
-        return songFromBytes(readBytes(path), ending, verse, progress);
+        return songFromBytes(readFile(path, kLargestSongFile), ending, verse, progress);
     });
 }
 
 OpenedSong songFromFile(const fs::path& name, const std::string& bytes, std::optional<int> verse,
                         terminal::Progress& progress) {
     return readNamed(name, [&](const std::string& ending) {
-        expectSize(bytes.size());
+        expectSize(bytes.size(), kLargestSongFile);
         return songFromBytes(bytes, ending, verse, progress);
     });
 }
@@ -175,27 +128,6 @@ void expectOtherFile(const fs::path& path, const fs::path& song) {
     if (fs::equivalent(path, song, ignored)) {
         throw BadInput::expectedFound("another file to write than the song that was opened",
                                       path.u8string());
-    }
-}
-
-void writeFile(const fs::path& path, std::string_view text) {
-    std::error_code error;
-    const auto target = targetOf(path, error);
-    const auto draft = unusedDraft(target);
-    if (!error) {
-        std::ofstream file(draft, std::ios::binary);
-        file.write(text.data(), static_cast<std::streamsize>(text.size()));
-        if (!file.flush()) {
-            error = std::make_error_code(std::errc::io_error);
-        }
-    }
-    if (!error) {
-        fs::rename(draft, target, error);
-    }
-    if (error) {
-        std::error_code ignored;
-        fs::remove(draft, ignored);
-        throw BadInput::expectedFound("to write " + path.u8string(), "that it cannot be written");
     }
 }
 

@@ -8,7 +8,6 @@
 #include <filesystem>
 #include <optional>
 #include <string>
-#include <string_view>
 
 namespace wybeta::wysim::song {
 
@@ -35,10 +34,6 @@ std::string songFileText(const std::filesystem::path& path, const Song& song);
 
 // Throws BadInput when both paths lead to the same file: a song is never written over.
 void expectOtherFile(const std::filesystem::path& path, const std::filesystem::path& song);
-
-// Replaces the file by the text, or leaves it as it was and throws BadInput. Where the path is a
-// symbolic link, the file is the one that it leads to.
-void writeFile(const std::filesystem::path& path, std::string_view text);
 
 // The ending of a file's name in small letters, such as ".json".
 std::string endingOf(const std::filesystem::path& path);
