@@ -9,9 +9,11 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <fstream>
 #include <regex>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace wybeta::tests {
@@ -249,6 +251,73 @@ TEST(Program, WritesNoPictureOverTheSong) {
     EXPECT_EQ(run.out, "");
     EXPECT_EQ(bytesOf(song), bytes);
 }
+
+TEST(Program, WritesFilesToStandardOutputAndTellsTheRestBesideThem) {
+    const auto song = dataFile("plain.musicxml").u8string();
+    const auto fit = runProgram({"fit", song, "--save", "-"});
+    EXPECT_EQ(fit.status, 0) << fit.err;
+    EXPECT_EQ(refusalOfBytes(fit.out), "");
+    EXPECT_NE(fit.err.find("words: "), std::string::npos) << fit.err;
+    EXPECT_EQ(fit.err.find("wrote"), std::string::npos) << fit.err;
+
+    const TemporaryFolder folder;
+    const auto saved = folder.file("song.json");
+    const auto picture = runProgram({"fit", song, "--svg", "-", "--save", saved.u8string()});
+    EXPECT_EQ(picture.out.substr(0, 4), "<svg");
+    EXPECT_EQ(picture.out.substr(picture.out.size() - 7), "</svg>\n");
+    EXPECT_NE(picture.err.find("wrote " + saved.u8string()), std::string::npos) << picture.err;
+
+    const auto laid = runProgram({"lay", song, "-", "--json", "-"}, "la la\n");
+    EXPECT_EQ(laid.out.substr(0, 1), "{");
+    EXPECT_EQ(laid.out.substr(laid.out.size() - 2), "}\n");
+    EXPECT_NE(laid.err.find("lines: 1, "), std::string::npos) << laid.err;
+
+    const auto session = runProgram({song, "--svg", "-", "--script", "-"}, "show 1\n");
+    EXPECT_EQ(session.out.substr(0, 4), "<svg");
+    EXPECT_NE(session.err.find("> show 1\n"), std::string::npos) << session.err;
+}
+
+TEST(Program, WritesOneFileToStandardOutput) {
+    const auto song = dataFile("plain.musicxml").u8string();
+    const auto run = runProgram({"fit", song, "--save", "-", "--svg", "-"});
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.out, "");
+    EXPECT_EQ(run.err, "wysim: expected one file for standard output, found 2.\n");
+}
+
+#ifndef _WIN32
+TEST(Program, WritesToNoDevice) {
+    const TemporaryFolder folder;
+    const auto song = dataFile("plain.musicxml").u8string();
+    const auto link = folder.file("link.svg").u8string();
+    std::filesystem::create_symlink("/dev/full", link);
+    for (const auto& [arguments, device] :
+         std::vector<std::pair<std::vector<std::string>, std::string>>{
+             {{"lay", song, "-", "--json", "/dev/full"}, "/dev/full"},
+             {{"fit", song, "--svg", link}, link},
+             {{song, "--svg", link}, link}}) {
+        const auto run = runProgram(arguments, "la\n");
+        EXPECT_EQ(run.status, 2);
+        EXPECT_EQ(run.err,
+                  "wysim: expected an ordinary file to write, found a device at " + device + ".\n");
+        EXPECT_TRUE(std::filesystem::is_character_file(device));
+    }
+}
+
+TEST(Program, EndsWithOneWhenStandardOutputIsFull) {
+    std::istringstream in;
+    std::ofstream full("/dev/full");
+    std::ostringstream err;
+    const auto status =
+        wysim::program::runWysim({"--module=" + modulePath().u8string(), "fit",
+                                  dataFile("plain.musicxml").u8string(), "--save", "-"},
+                                 {in, full, err});
+    EXPECT_EQ(status, 1);
+    const std::string expected =
+        "wysim: expected to write the output, found that it cannot be written.\n";
+    EXPECT_NE(err.str().find(expected), std::string::npos) << err.str();
+}
+#endif
 
 TEST(Program, TakesTheVerse) {
     const auto run = runProgram({dataFile("verses.musicxml").u8string(), "--verse", "2"}, "show 1");

@@ -212,6 +212,13 @@ TEST(SessionCommands, SaveRefusesTheSongThatWasOpened) {
     EXPECT_EQ(bytesOf(song), bytes);
 }
 
+TEST(SessionCommands, SaveWritesNothingBetweenTheAnswers) {
+    const auto run = session("save -");
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.err, "wysim: standard input, line 1: expected the name of a file, found '-', and "
+                       "standard output is for what a session tells; nothing changed.\n");
+}
+
 TEST(SessionCommands, SaveLeavesOtherFilesBesideItAsTheyAre) {
     const TemporaryFolder folder;
     const auto other = folder.write("song.json.part", "mine");

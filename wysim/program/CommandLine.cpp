@@ -71,7 +71,7 @@ int verseFrom(const std::string& text, const std::string& song) {
 
 void expectEnding(const std::optional<std::string>& file, const std::vector<std::string>& endings,
                   const char* expected) {
-    if (file &&
+    if (file && *file != kStandardOutput &&
         std::count(endings.begin(), endings.end(), song::endingOf(fs::u8path(*file))) == 0) {
         throw song::BadInput::expectedFound(expected, words::inQuotes(*file));
     }
@@ -152,7 +152,8 @@ private:
                      "Write phonemes in brackets where nothing else fits");
         fit.add_flag("--guess", line_.ways.guesses,
                      "Write phonemes in brackets for words that are not sung, guessed if need be");
-        fit.add_option("--save", line_.save, "Write the song with the fitted words typed")
+        fit.add_option("--save", line_.save,
+                       "Write the song with the fitted words typed; - is standard output")
             ->type_name("FILE");
         addPicture(fit);
     }
@@ -175,10 +176,12 @@ private:
         addVerse(lay);
         lay.add_flag("--guess", line_.ways.guesses,
                      "Lay words that are not sung with phonemes in brackets, guessed if need be");
-        lay.add_option("--save", line_.save, "Write the song with the words typed")
+        lay.add_option("--save", line_.save,
+                       "Write the song with the words typed; - is standard output")
             ->type_name("FILE");
         addPicture(lay);
-        lay.add_option("--json", line_.json, "Write where each word is laid")->type_name("FILE");
+        lay.add_option("--json", line_.json, "Write where each word is laid; - is standard output")
+            ->type_name("FILE");
     }
 
     CLI::App& addCommand(Command command, const char* name, const char* description) {
@@ -200,7 +203,8 @@ private:
     }
     void addPicture(CLI::App& app) {
         app.add_option("--svg", line_.svg,
-                       "Write a picture of the song, before and after, at the end")
+                       "Write a picture of the song, before and after, at the end; - is standard "
+                       "output")
             ->type_name("FILE");
     }
     void addModule(CLI::App& app) {

@@ -6,13 +6,17 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace wybeta::wysim::program {
 
 enum class Command { Open, Compare, Fit, Check, Lay };
 
-// What wysim is asked to do.
+// Stands for standard output in the place of a file to write.
+constexpr std::string_view kStandardOutput = "-";
+
+// What wysim is asked to do. A file to write may be kStandardOutput.
 struct CommandLine {
     Command command = Command::Open;
     std::string module; // empty: the one that was built with the program

@@ -12,8 +12,9 @@
 #include "wysim/session/Proof.h"
 #include "wysim/session/Session.h"
 #include "wysim/song/BadInput.h"
-#include "wysim/song/FileBytes.h"
 #include "wysim/song/Example.h"
+#include "wysim/song/FileBytes.h"
+#include "wysim/song/MusicXmlWriter.h"
 #include "wysim/song/NumberText.h"
 #include "wysim/song/Song.h"
 #include "wysim/song/SongFile.h"
@@ -32,6 +33,7 @@
 #include <functional>
 #include <optional>
 #include <stdexcept>
+#include <string_view>
 #include <system_error>
 #include <utility>
 #include <vector>
@@ -108,20 +110,41 @@ void printSummary(const song::Song& song, const std::string& file, std::ostream&
         << (song.tracks.size() == 1 ? "" : "s") << ", " << countNotes(song) << " notes\n";
 }
 
-void write(const std::string& file, const std::string& text, std::ostream& out) {
-    song::writeFile(fs::u8path(file), text);
-    out << "wrote " << file << "\n";
+// The streams of a run that may write a file to standard output. What it tells goes to standard
+// error then, as its 'out'.
+struct RunStreams : Streams {
+    std::ostream& standardOutput;
+
+    void write(const std::string& file, std::string_view text) const {
+        if (file == kStandardOutput) {
+            standardOutput << text;
+        } else {
+            song::writeFile(fs::u8path(file), text);
+            out << "wrote " << file << "\n";
+        }
+    }
+};
+
+RunStreams streamsOf(const CommandLine& line, const Streams& streams) {
+    const auto files = {line.svg, line.save, line.json};
+    const auto count = std::count(files.begin(), files.end(), std::string(kStandardOutput));
+    if (count > 1) {
+        throw song::BadInput::expectedFound("one file for standard output", std::to_string(count));
+    }
+    return {{streams.in, count == 0 ? streams.out : streams.err, streams.err,
+             streams.isInputTerminal, streams.isErrorTerminal, streams.closesAtEnd},
+            streams.out};
 }
 
 int runSession(const CommandLine& line, const song::Song& song, simulator::Editor& editor,
-               words::LyricReader& reader, const Streams& streams) {
+               words::LyricReader& reader, const RunStreams& streams) {
     if (line.file.empty()) {
         streams.out << kExampleHint;
     }
     session::Session session(editor, reader, song, fs::u8path(line.file), streams.out);
     const int status = runCommands(session, line, streams);
     if (line.svg) {
-        write(*line.svg, session.picture(), streams.out);
+        streams.write(*line.svg, session.picture());
     }
     return status;
 }
@@ -134,25 +157,31 @@ void expectWords(const song::Song& song) {
     }
 }
 
+// Standard output has no ending that would choose between the kinds of files.
+std::string textToSave(const std::string& file, const song::Song& song) {
+    return file == kStandardOutput ? song::musicXmlFromSong(song)
+                                   : song::songFileText(fs::u8path(file), song);
+}
+
 // Writes the song with its words typed, and its picture, as far as they are asked for.
 void writeSong(const CommandLine& line, const song::Song& typed, simulator::Editor& editor,
-               std::ostream& out) {
+               const RunStreams& streams) {
     if (line.save) {
-        write(*line.save, song::songFileText(fs::u8path(*line.save), typed), out);
+        streams.write(*line.save, textToSave(*line.save, typed));
     }
     if (line.svg) {
-        write(*line.svg, session::fittedPicture(editor, typed), out);
+        streams.write(*line.svg, session::fittedPicture(editor, typed));
     }
 }
 
 int runFit(const CommandLine& line, const song::Song& song, simulator::Editor& editor,
-           words::LyricReader& reader, terminal::Progress& progress, std::ostream& out) {
+           words::LyricReader& reader, terminal::Progress& progress, const RunStreams& streams) {
     expectWords(song);
     const auto words =
         session::fitWords(editor, reader, words::withPlainWords(reader, song), line.ways, progress);
-    out << session::fittingTable(words);
-    writeSong(line, session::fittedSong(song, words), editor, out);
-    out << session::fittingTotals(words, line.ways);
+    streams.out << session::fittingTable(words);
+    writeSong(line, session::fittedSong(song, words), editor, streams);
+    streams.out << session::fittingTotals(words, line.ways);
     return session::areAllFitted(words) ? kDone : kWordsLeft;
 }
 
@@ -181,7 +210,7 @@ void printReplaced(std::size_t words, std::ostream& out) {
 }
 
 int runLay(const CommandLine& line, const song::Song& song, simulator::Editor& editor,
-           words::LyricReader& reader, const Streams& streams) {
+           words::LyricReader& reader, const RunStreams& streams) {
     const auto text = laying::linesOfText(readText(line.text, streams.in));
     const auto track = trackNamed(line.track, song);
     const auto laid = laying::TextLaying(reader, line.ways.guesses).lay(text, song, track);
@@ -190,16 +219,16 @@ int runLay(const CommandLine& line, const song::Song& song, simulator::Editor& e
     printReplaced(session::countWords(song, track), out);
     out << session::layingTable(laid);
     const auto typed = session::laidSong(song, track, laid);
-    writeSong(line, typed, editor, out);
+    writeSong(line, typed, editor, streams);
     if (line.json) {
-        write(*line.json, session::layingJson(laid, track), out);
+        streams.write(*line.json, session::layingJson(laid, track));
     }
     out << session::layingTotals(laid);
     return session::countLaid(laid).isAllLaid() ? kDone : kWordsLeft;
 }
 
 int runOnSong(const CommandLine& line, const song::Song& song, simulator::Editor& editor,
-              terminal::Progress& progress, const Streams& streams) {
+              terminal::Progress& progress, const RunStreams& streams) {
     words::LyricReader reader;
     printSummary(song, line.file, streams.out);
     switch (line.command) {
@@ -208,7 +237,7 @@ int runOnSong(const CommandLine& line, const song::Song& song, simulator::Editor
             session::compareWords(editor, reader, song, progress));
         return kDone;
     case Command::Fit:
-        return runFit(line, song, editor, reader, progress, streams.out);
+        return runFit(line, song, editor, reader, progress, streams);
     case Command::Lay:
         return runLay(line, song, editor, reader, streams);
     default:
@@ -238,7 +267,7 @@ void expectOtherFiles(const CommandLine& line) {
         others.push_back(fs::u8path(line.text));
     }
     for (const auto& written : {line.svg, line.save, line.json}) {
-        if (!written) {
+        if (!written || *written == kStandardOutput) {
             continue;
         }
         const auto path = fs::u8path(*written);
@@ -283,9 +312,10 @@ int run(const CommandLine& line, const Streams& streams) {
             return runCheck(line, text, editor, progress, streams.out);
         });
     }
+    const auto runStreams = streamsOf(line, streams);
     const auto song = openSong(line, progress, streams.err);
     return useModule(line, [&](simulator::Editor& editor) {
-        return runOnSong(line, song, editor, progress, streams);
+        return runOnSong(line, song, editor, progress, runStreams);
     });
 }
 

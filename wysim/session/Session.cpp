@@ -273,6 +273,10 @@ void Session::save(Arguments arguments) {
     if (arguments.empty()) {
         throw song::BadInput::expectedFound("the name of a file", "nothing");
     }
+    if (arguments == "-") {
+        throw song::BadInput::expectedFound("the name of a file",
+                                            "'-', and standard output is for what a session tells");
+    }
     const auto path = std::filesystem::u8path(std::string(arguments));
     song::expectOtherFile(path, file_);
     const auto text =
