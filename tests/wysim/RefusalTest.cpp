@@ -80,7 +80,7 @@ std::string refusalOfNote(const std::string& old, const std::string& other) {
     auto note = noteOf("C4", 1);
     note.replace(note.find(old), old.size(), other);
     auto sentence = refusalOfBytes(scoreOf({note}));
-    const std::string place = " at line 4, column 2";
+    const std::string place = ", in measure 1 of 'Voice' at line 4, column 2";
     const auto end = sentence.size() - std::min(sentence.size(), place.size());
     EXPECT_EQ(sentence.substr(end), place);
     return sentence.erase(end);
@@ -114,13 +114,15 @@ TEST(Refusal, OfNumbersThatCannotBeRead) {
         return refusalOfBytes(scoreOf({"<attributes>" + element + "</attributes>"}));
     };
     EXPECT_EQ(attributes("<divisions>0</divisions>"),
-              "expected divisions above 0, found 0 at line 4, column 14");
-    EXPECT_EQ(attributes("<divisions/>"),
-              "expected a number as divisions, found nothing at line 4, column 14");
-    EXPECT_EQ(attributes("<transpose><chromatic>x</chromatic></transpose>"),
-              "expected a number as chromatic, found 'x' at line 4, column 25");
+              "expected divisions above 0, found 0, in measure 1 of 'Voice' at line 4, column 14");
+    EXPECT_EQ(attributes("<divisions/>"), "expected a number as divisions, found nothing, in "
+                                          "measure 1 of 'Voice' at line 4, column 14");
+    EXPECT_EQ(
+        attributes("<transpose><chromatic>x</chromatic></transpose>"),
+        "expected a number as chromatic, found 'x', in measure 1 of 'Voice' at line 4, column 25");
     EXPECT_EQ(attributes("<transpose><octave-change>11</octave-change></transpose>"),
-              "expected a transposition of at most 127 semitones, found 132 at line 4, column 14");
+              "expected a transposition of at most 127 semitones, found 132, in measure 1 of "
+              "'Voice' at line 4, column 14");
 }
 
 // An error or a song, whatever a file holds; anything else would end the test program.

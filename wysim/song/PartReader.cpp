@@ -86,8 +86,7 @@ void readTies(xml_node element, ScoreNote& note) {
 } // namespace
 
 PartReader::PartReader(const XmlDocument& document, int verse, ScoreWarnings& warnings)
-    : document_(document), verse_(verse), warnings_(warnings), isOwn_(isOwnScore(document.root())) {
-}
+    : verse_(verse), warnings_(warnings), isOwn_(isOwnScore(document.root())) {}
 
 void PartReader::readMeasure(xml_node measure) {
     start_ = end_;
@@ -147,7 +146,7 @@ void PartReader::readDivisions(xml_node divisions) {
     divisions_ = number(divisions);
     if (divisions_ <= 0) {
         throw BadInput::expectedFound("divisions above 0",
-                                      textOf(divisions) + document_.place(divisions));
+                                      textOf(divisions) + warnings_.placeOf(divisions));
     }
 }
 
@@ -169,7 +168,7 @@ void PartReader::readTransposition(xml_node transpose) {
     const double sum = (semitones ? number(semitones) : 0) + 12 * (octaves ? number(octaves) : 0);
     if (std::abs(sum) > kHighestPitch) {
         throw BadInput::expectedFound("a transposition of at most 127 semitones",
-                                      formatNumber(sum) + document_.place(transpose));
+                                      formatNumber(sum) + warnings_.placeOf(transpose));
     }
     transposition_ = static_cast<int>(std::lround(sum));
 }
@@ -265,7 +264,7 @@ int PartReader::readPitch(xml_node element) {
     const auto natural = parsePitch(step + octave);
     const auto alter = pitch.child("alter") ? number(pitch.child("alter")) : 0;
     if (step.size() != 1 || !natural || std::abs(alter) > kHighestPitch) {
-        throw BadInput::expectedFound("a note with a pitch", "none" + document_.place(element));
+        throw BadInput::expectedFound("a note with a pitch", "none" + warnings_.placeOf(element));
     }
     return *natural + static_cast<int>(std::lround(alter)) + (pitch ? transposition_ : 0);
 }
@@ -274,7 +273,7 @@ void PartReader::checkPlaced(const SongNote& note, xml_node element) const {
     try {
         checkNote(note);
     } catch (const BadInput& error) {
-        throw BadInput(error.what() + document_.place(element));
+        throw BadInput(error.what() + warnings_.placeOf(element));
     }
 }
 
@@ -298,7 +297,7 @@ double PartReader::distanceOf(xml_node element) {
 void PartReader::goForward(xml_node element, double by) {
     if (now_ + by > kLongestSong) {
         throw BadInput::expectedFound("a time up to 1000000 quarter notes",
-                                      "one beyond" + document_.place(element));
+                                      "one beyond" + warnings_.placeOf(element));
     }
     now_ += by;
 }
@@ -310,7 +309,7 @@ std::optional<double> PartReader::quarters(xml_node element) const {
     const double duration = number(element.child("duration"), element);
     if (duration < 0) {
         throw BadInput::expectedFound("a duration of 0 or more",
-                                      formatNumber(duration) + document_.place(element));
+                                      formatNumber(duration) + warnings_.placeOf(element));
     }
     return duration / divisions_;
 }
@@ -319,7 +318,7 @@ double PartReader::number(xml_node element, xml_node near) const {
     const auto value = parseNumber(textOf(element));
     if (!value) {
         throw BadInput::expectedFound(std::string("a number as ") + element.name(),
-                                      inQuotes(textOf(element)) + document_.place(near));
+                                      inQuotes(textOf(element)) + warnings_.placeOf(near));
     }
     return *value;
 }

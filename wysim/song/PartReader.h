@@ -18,7 +18,7 @@ namespace wybeta::wysim::song {
 // Goes through a part of a score from measure to measure and sorts its notes by voice.
 class PartReader {
 public:
-    // The document and the warnings have to outlive this.
+    // The warnings have to outlive this.
     PartReader(const XmlDocument& document, int verse, ScoreWarnings& warnings);
 
     // Throws BadInput, saying where.
@@ -52,7 +52,6 @@ private:
     double number(pugi::xml_node element) const { return number(element, element); }
     double number(pugi::xml_node element, pugi::xml_node near) const;
 
-    const XmlDocument& document_;
     int verse_;
     ScoreWarnings& warnings_;
     bool isOwn_;

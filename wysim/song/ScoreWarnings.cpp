@@ -39,8 +39,9 @@ std::string ScoreWarnings::placeOf(xml_node element) const {
     }
     const auto number = onOneLine(measure.attribute("number").value());
     const auto measureText = number.empty() ? std::string() : "measure " + number + " of ";
-    return "," + (part_.empty() ? "" : " in " + measureText + inQuotes(part_)) +
-           document_.place(element);
+    const auto where =
+        (part_.empty() ? "" : " in " + measureText + inQuotes(part_)) + document_.place(element);
+    return where.empty() ? "" : "," + where;
 }
 
 } // namespace wybeta::wysim::song

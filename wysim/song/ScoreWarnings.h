@@ -28,14 +28,15 @@ public:
 
     std::vector<std::string> sentences() const;
 
+    // ", in measure 3 of 'Voice'", and the line in a file in which a person can look at it.
+    std::string placeOf(pugi::xml_node element) const;
+
 private:
     struct Kind {
         std::string sentence;
         std::size_t others;
         std::string place = {};
     };
-
-    std::string placeOf(pugi::xml_node element) const;
 
     const XmlDocument& document_;
     std::string part_;
