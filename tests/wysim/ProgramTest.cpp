@@ -10,8 +10,11 @@
 
 #include <filesystem>
 #include <fstream>
+#include <istream>
+#include <new>
 #include <regex>
 #include <sstream>
+#include <streambuf>
 #include <string>
 #include <utility>
 #include <vector>
@@ -318,6 +321,22 @@ TEST(Program, EndsWithOneWhenStandardOutputIsFull) {
     EXPECT_NE(err.str().find(expected), std::string::npos) << err.str();
 }
 #endif
+
+// A text for which there is no memory.
+class EndlessText : public std::streambuf {
+    int_type underflow() override { throw std::bad_alloc(); }
+};
+
+TEST(Program, SaysThatItIsOutOfMemory) {
+    EndlessText text;
+    std::istream in(&text);
+    in.exceptions(std::ios::badbit);
+    std::ostringstream out;
+    std::ostringstream err;
+    EXPECT_EQ(wysim::program::runWysim({"check", "-"}, {in, out, err}), 1);
+    EXPECT_EQ(err.str(),
+              "wysim: expected enough memory, found that the program is out of memory.\n");
+}
 
 TEST(Program, TakesTheVerse) {
     const auto run = runProgram({dataFile("verses.musicxml").u8string(), "--verse", "2"}, "show 1");

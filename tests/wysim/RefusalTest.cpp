@@ -6,9 +6,12 @@
 #include "wysim/song/SongFile.h"
 
 #include <gtest/gtest.h>
+#include <pugixml.hpp>
+#include <zlib.h>
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdlib>
 #include <filesystem>
 #include <string>
 #include <utility>
@@ -46,7 +49,7 @@ TEST(Refusal, OfALargeFileComesWithoutReadingIt) {
     const TemporaryFolder folder;
     const auto path = folder.write("large.musicxml", "");
     std::filesystem::resize_file(path, wysim::song::kLargestSongFile + 1);
-    EXPECT_NE(refusalOf(path).find("expected a file of at most 256 MiB, found 268435457 bytes"),
+    EXPECT_NE(refusalOf(path).find("expected a file of at most 64 MiB, found 67108865 bytes"),
               std::string::npos);
 }
 
@@ -202,9 +205,144 @@ TEST(Refusal, OfAScoreWithoutParts) {
     EXPECT_EQ(refusalOfBytes("<score-partwise/>"), "expected a song with a track, found none");
 }
 
+// A JSON text nested so deep, with more brackets in a text.
+std::string nestedJson(std::size_t depth) {
+    return std::string(depth - 1, '[') + R"({"\"[[{{": 1})" + std::string(depth - 1, ']');
+}
+
+TEST(Refusal, OfJsonNestedDeeperThanAHundred) {
+    EXPECT_EQ(refusalOfBytes(nestedJson(100), ".json"), "expected an object, found array");
+    EXPECT_EQ(refusalOfBytes(nestedJson(101), ".json"),
+              "expected JSON nested at most 100 deep, found more at line 1, column 101");
+    std::string list = "[";
+    for (int i = 0; i < 200; ++i) {
+        list += "[{}],";
+    }
+    EXPECT_EQ(refusalOfBytes(list + "1]", ".json"), "expected an object, found array");
+}
+
+TEST(Refusal, OfJsonWithMoreValuesThanMemoryIsMeantFor) {
+    std::string list = "[0";
+    for (int i = 1; i < 6'000'000; ++i) {
+        list += ",0";
+    }
+    EXPECT_EQ(refusalOfBytes(list + "]", ".json"), "expected an object, found array");
+    EXPECT_EQ(refusalOfBytes(list + ",0]", ".json"),
+              "expected JSON of at most 6000000 values, found more");
+}
+
+TEST(Refusal, OfMoreElementsThanMemoryIsMeantFor) {
+    std::string elements;
+    for (int i = 0; i < 2'000'000; ++i) {
+        elements += "<a/><b></b>";
+    }
+    EXPECT_EQ(refusalOfBytes("<c>" + elements + "</c>"),
+              "expected a MusicXML score, 'score-partwise' or 'score-timewise', found 'c'");
+    EXPECT_EQ(refusalOfBytes("<c>" + elements + elements + "</c>"),
+              "expected a score of at most 6000000 elements, found 8000001");
+}
+
+TEST(Refusal, OfWhatIsNoScoreNamesIt) {
+    const std::string expected = "expected a compressed score, found ";
+    const auto refusalOfMxl = [](const std::string& bytes) {
+        return refusalOfBytes(bytes, ".mxl");
+    };
+    const std::string svg = "<?xml version='1.0'?>\n<svg xmlns='http://www.w3.org/2000/svg'/>";
+    EXPECT_EQ(refusalOfMxl(svg), expected + "a picture (SVG)");
+    EXPECT_EQ(refusalOfMxl("\x89PNG\r\n\x1A\n<a/>"), expected + "a picture (PNG)");
+    EXPECT_EQ(refusalOfMxl("\xFF\xD8\xFF\xE0"), expected + "a picture (JPEG)");
+    EXPECT_EQ(refusalOfMxl("GIF89a"), expected + "a picture (GIF)");
+    EXPECT_EQ(refusalOfMxl("%PDF-1.7"), expected + "a PDF document");
+    EXPECT_EQ(refusalOfMxl("MThd"), expected + "a MIDI file");
+    EXPECT_EQ(refusalOfMxl("la la la"), expected + "neither a zip file nor XML");
+    EXPECT_EQ(refusalOfMxl(""), expected + "neither a zip file nor XML");
+    EXPECT_EQ(refusalOfBytes("MThd"), "expected a score in MusicXML, found a MIDI file");
+    EXPECT_EQ(refusalOfMxl(scoreWithLyric("&lt;svg")), "");
+}
+
+// The compressed score with another text of the same length in it.
+std::string storedWith(const std::string& old, const std::string& other) {
+    auto bytes = bytesOf(dataFile("stored.mxl"));
+    bytes.replace(bytes.find(old), old.size(), other);
+    const auto begin = bytes.rfind("<?xml");
+    const auto directory = bytes.find("PK\1\2");
+    const auto sum = crc32(0, reinterpret_cast<const Bytef*>(bytes.data() + begin),
+                           static_cast<uInt>(directory - begin));
+    constexpr std::size_t kSumInHeader = 14;
+    constexpr std::size_t kSumInDirectory = 16;
+    for (const auto place :
+         {bytes.rfind("PK\3\4") + kSumInHeader, bytes.rfind("PK\1\2") + kSumInDirectory}) {
+        for (std::size_t i = 0; i < 4; ++i) {
+            bytes[place + i] = static_cast<char>(sum >> 8 * i);
+        }
+    }
+    return bytes;
+}
+
+TEST(Refusal, OfACompressedScoreNamesMeasureAndPartAndNoLine) {
+    const auto refusal = [](const std::string& old, const std::string& other) {
+        return refusalOfBytes(storedWith(old, other), ".mxl");
+    };
+    EXPECT_EQ(refusal("<step>D", "<step>D"), "");
+    EXPECT_EQ(refusal("<step>D", "<step>H"),
+              "expected a note with a pitch, found none, in measure 1 of 'Part 1'");
+    EXPECT_EQ(refusal("<divisions>2<", "<divisions>x<"),
+              "expected a number as divisions, found 'x', in measure 1 of 'Part 1'");
+    EXPECT_EQ(refusal("</measure>", "</mEasure>"),
+              "expected well-formed XML, found start-end tags mismatch");
+    EXPECT_EQ(refusal("<step>D", "<step>\xFF"), "expected a text in UTF-8, found other bytes");
+}
+
+TEST(Refusal, OfACompressedScoreThatUnpacksToMoreThanTheLimit) {
+    auto bytes = bytesOf(dataFile("compressed.mxl"));
+    constexpr std::size_t kSize = 24;
+    bytes.replace(bytes.rfind("PK\1\2") + kSize, 4, {"\1\0\0\4", 4});
+    EXPECT_EQ(refusalOfBytes(bytes, ".mxl"),
+              "expected at most 67108864 bytes in 'score.xml', found 67108865");
+}
+
+// Counts the memory of the documents that are read while it lives, and can end it.
+class CountedXmlMemory {
+public:
+    explicit CountedXmlMemory(std::size_t limit) {
+        left = limit;
+        pugi::set_memory_management_functions(
+            [](std::size_t size) -> void* {
+                const bool isLeft = size <= left;
+                left -= isLeft ? size : 0;
+                return isLeft ? std::malloc(size) : nullptr;
+            },
+            std::free);
+    }
+    ~CountedXmlMemory() { pugi::set_memory_management_functions(std::malloc, std::free); }
+    CountedXmlMemory(const CountedXmlMemory&) = delete;
+    CountedXmlMemory& operator=(const CountedXmlMemory&) = delete;
+
+    inline static std::size_t left = 0;
+};
+
+TEST(Refusal, OfAScoreForWhichThereIsNoMemoryIsASentence) {
+    const TemporaryFolder folder;
+    const auto song = folder.write("song.xml", scoreWithLyric("la"));
+    const CountedXmlMemory memory(1000);
+    EXPECT_EQ(refusalOf(song), song.u8string() + ": expected enough memory, found that the "
+                                                 "program is out of memory");
+}
+
+TEST(Refusal, ComesBeforeTheMemoryOfALongScoreIsTenTimesItsText) {
+    std::string notes;
+    for (int i = 0; i < 5000; ++i) {
+        notes += noteOf("C4", 1, voiceOf(1) + lyricOf("la"));
+    }
+    const auto score = scoreOf({notes});
+    const CountedXmlMemory memory(5 * score.size());
+    EXPECT_EQ(songFrom(score).tracks.front().notes.size(), 5000U);
+}
+
 TEST(Refusal, OfDeepNestingIsNoOverflow) {
     constexpr int kDepth = 1'000'000;
-    EXPECT_NE(refusalOfBytes(std::string(kDepth, '['), ".json"), "");
+    EXPECT_EQ(refusalOfBytes(std::string(kDepth, '['), ".json"),
+              "expected JSON nested at most 100 deep, found more at line 1, column 101");
     std::string begins;
     std::string ends;
     for (int i = 0; i < kDepth; ++i) {

@@ -256,7 +256,7 @@ std::string SongPage::answer(const Work& work) {
     try {
         return work();
     } catch (const std::bad_alloc&) {
-        return errorOf("expected enough memory, found that it has run out");
+        return errorOf(song::kOutOfMemory);
     } catch (const std::exception& error) {
         return errorOf(error.what());
     }

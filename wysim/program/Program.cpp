@@ -31,6 +31,7 @@
 #include <exception>
 #include <filesystem>
 #include <functional>
+#include <new>
 #include <optional>
 #include <stdexcept>
 #include <string_view>
@@ -335,6 +336,9 @@ int runToTheEnd(const std::vector<std::string>& arguments, const Streams& stream
         streams.out.flush();
         streams.err << "wysim: " << error.what() << ".\n";
         return kBadInput;
+    } catch (const std::bad_alloc&) {
+        streams.err << "wysim: " << song::kOutOfMemory << ".\n";
+        return kModuleTrouble;
     } catch (const std::exception& error) {
         streams.out.flush();
         streams.err << "wysim: " << error.what() << ".\n";

@@ -6,6 +6,9 @@
 
 namespace wybeta::wysim::song {
 
+// What there is to say of a std::bad_alloc.
+constexpr auto kOutOfMemory = "expected enough memory, found that the program is out of memory";
+
 // What a user gave cannot be used. The text is one sentence that says what was expected, what was
 // found and where, without a full stop.
 class BadInput : public std::runtime_error {

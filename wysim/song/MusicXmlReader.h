@@ -2,6 +2,7 @@
 #pragma once
 
 #include "wysim/song/Song.h"
+#include "wysim/song/XmlDocument.h"
 #include "wysim/terminal/Progress.h"
 
 #include <optional>
@@ -16,6 +17,9 @@ namespace wybeta::wysim::song {
 //
 // Without a verse that is asked for, it is the first; where that has no words, the first that has.
 OpenedSong songFromMusicXml(const std::string& bytes, std::optional<int> verse,
+                            terminal::Progress& progress);
+// The same of a score that was compressed: what it says of a place names no line.
+OpenedSong songFromMusicXml(UnpackedXml unpacked, std::optional<int> verse,
                             terminal::Progress& progress);
 
 } // namespace wybeta::wysim::song

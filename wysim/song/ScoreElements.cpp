@@ -38,7 +38,7 @@ std::optional<int> sumOf(const std::string& beats) {
 } // namespace
 
 std::string textOf(xml_node element) {
-    std::string text;
+    std::string text = element.value();
     for (const auto piece : element.children()) {
         if (piece.type() == pugi::node_pcdata || piece.type() == pugi::node_cdata) {
             text += piece.value();
@@ -60,7 +60,7 @@ std::optional<TimeSignature> timeSignatureOf(xml_node time) {
     const auto beats = sumOf(textOf(time.child("beats")));
     const auto beatType = parseInteger(textOf(time.child("beat-type")));
     const TimeSignature signature{beats.value_or(0), beatType.value_or(0)};
-    const bool isOne = time.select_nodes("beats").size() == 1;
+    const bool isOne = !time.child("beats").next_sibling("beats");
     return isOne && isTimeSignature(signature) ? std::optional(signature) : std::nullopt;
 }
 

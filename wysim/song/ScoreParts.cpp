@@ -16,10 +16,13 @@ namespace {
 
 using pugi::xml_node;
 
-std::string partName(xml_node score, const char* id, std::size_t number) {
-    const auto listed = score.child("part-list").find_child_by_attribute("score-part", "id", id);
-    const auto name = onOneLine(textOf(listed.child("part-name")));
-    return name.empty() ? "Part " + std::to_string(number) : name;
+// The names that a score lists for its parts, by their ids.
+std::map<std::string, std::string> partNames(xml_node score) {
+    std::map<std::string, std::string> names;
+    for (const auto listed : score.child("part-list").children("score-part")) {
+        names.emplace(listed.attribute("id").value(), onOneLine(textOf(listed.child("part-name"))));
+    }
+    return names;
 }
 
 void addMeasure(xml_node measure, bool isTyped, ScorePart& part) {
@@ -30,8 +33,9 @@ void addMeasure(xml_node measure, bool isTyped, ScorePart& part) {
         }
         part.hasNotes = true;
         for (const auto lyric : note.children("lyric")) {
-            if (!readLyric(lyric, isTyped).text.empty()) {
-                part.verses.insert(verseOf(lyric));
+            const int verse = verseOf(lyric);
+            if (part.verses.count(verse) == 0 && !readLyric(lyric, isTyped).text.empty()) {
+                part.verses.insert(verse);
             }
         }
     }
@@ -67,9 +71,12 @@ std::string warningOf(int verse, bool isAskedFor, std::set<int> verses) {
 std::vector<ScorePart> partsOf(xml_node score) {
     const bool isTyped = isOwnScore(score);
     std::vector<ScorePart> parts;
+    const auto names = partNames(score);
     const auto beginPart = [&](xml_node part) {
-        const auto name = partName(score, part.attribute("id").value(), parts.size() + 1);
-        parts.push_back({name, {}, false, {}});
+        const auto listed = names.find(part.attribute("id").value());
+        const bool hasName = listed != names.end() && !listed->second.empty();
+        const auto number = std::to_string(parts.size() + 1);
+        parts.push_back({hasName ? listed->second : "Part " + number, {}, false, {}});
     };
     for (const auto part : score.children("part")) {
         beginPart(part);

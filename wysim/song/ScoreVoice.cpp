@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <iterator>
 #include <utility>
 
 namespace wybeta::wysim::song {
@@ -20,13 +21,17 @@ void takeSyllable(ScoreNote& to, ScoreNote& from) {
 // Drops each note for which merge(previous, note) returns true.
 template <class Merge>
 void mergeNeighbours(std::vector<ScoreNote>& notes, Merge merge) {
-    std::vector<ScoreNote> merged;
-    for (auto& note : notes) {
-        if (merged.empty() || !merge(merged.back(), note)) {
-            merged.push_back(std::move(note));
+    auto end = notes.begin();
+    for (auto note = notes.begin(); note != notes.end(); ++note) {
+        if (end != notes.begin() && merge(*std::prev(end), *note)) {
+            continue;
         }
+        if (end != note) {
+            *end = std::move(*note);
+        }
+        ++end;
     }
-    notes = std::move(merged);
+    notes.erase(end, notes.end());
 }
 
 // Of a note that is sung as one with another.
@@ -103,8 +108,10 @@ std::vector<SongNote> ScoreVoice::takeNotes(ScoreWarnings& warnings) {
         auto& last = notes_.back().syllable;
         last = joined(std::move(last), std::exchange(waiting_, {}));
     }
-    std::stable_sort(notes_.begin(), notes_.end(),
-                     [](const auto& a, const auto& b) { return a.note.start < b.note.start; });
+    const auto isEarlier = [](const auto& a, const auto& b) { return a.note.start < b.note.start; };
+    if (!std::is_sorted(notes_.begin(), notes_.end(), isEarlier)) {
+        std::stable_sort(notes_.begin(), notes_.end(), isEarlier);
+    }
     mergeNeighbours(notes_,
                     [&warnings](auto& top, auto& next) { return mergeChord(top, next, warnings); });
     mergeNeighbours(notes_, mergeTied);

@@ -11,6 +11,7 @@
 #include "wysim/song/ZipArchive.h"
 
 #include <algorithm>
+#include <array>
 #include <cctype>
 #include <new>
 #include <system_error>
@@ -29,6 +30,41 @@ bool isCompressed(const std::string& bytes) {
     return bytes.compare(0, 2, "PK") == 0;
 }
 
+// What else than a score a file holds, as far as people mistake it for one; empty when it may be a
+// score.
+std::string otherKindOf(const std::string& bytes) {
+    struct Kind {
+        std::string_view begins;
+        const char* name;
+    };
+    constexpr std::array<Kind, 5> kKinds = {{{"\x89PNG", "a picture (PNG)"},
+                                             {"\xFF\xD8\xFF", "a picture (JPEG)"},
+                                             {"GIF8", "a picture (GIF)"},
+                                             {"%PDF", "a PDF document"},
+                                             {"MThd", "a MIDI file"}}};
+    for (const auto& kind : kKinds) {
+        if (bytes.compare(0, kind.begins.size(), kind.begins) == 0) {
+            return kind.name;
+        }
+    }
+    const auto begin = std::string_view(bytes).substr(0, 4096);
+    const bool isSvg = begin.find("<svg") < begin.find("<score-");
+    return isSvg ? "a picture (SVG)" : "";
+}
+
+// A score that is called compressed and is not is read as well.
+void expectScore(const std::string& bytes, const std::string& ending) {
+    auto other = otherKindOf(bytes);
+    const bool isXml = bytes.substr(0, 100).find('<') != std::string::npos;
+    if (other.empty() && ending == ".mxl" && !isCompressed(bytes) && !isXml) {
+        other = "neither a zip file nor XML";
+    }
+    if (!other.empty()) {
+        throw BadInput::expectedFound(
+            ending == ".mxl" ? "a compressed score" : "a score in MusicXML", other);
+    }
+}
+
 bool mayBeScore(std::string_view name) {
     const auto ending = name.substr(std::min(name.rfind('.'), name.size()));
     return isMusicXml(ending) && name.find("META-INF/") != 0;
@@ -39,12 +75,12 @@ OpenedSong songFromZip(const std::string& bytes, std::optional<int> verse,
     constexpr auto kContainer = "META-INF/container.xml";
     const ZipArchive archive(bytes);
     const auto read = [&](const std::string& name) {
-        return songFromMusicXml(archive.unpack(name, kLargestSongFile), verse, progress);
+        return songFromMusicXml(UnpackedXml{archive.unpack(name, kLargestSongFile)}, verse,
+                                progress);
     };
     const auto names = archive.names();
     if (std::find(names.begin(), names.end(), kContainer) != names.end()) {
-        const auto container = archive.unpack(kContainer, kLargestSongFile);
-        const XmlDocument document(container);
+        const XmlDocument document(UnpackedXml{archive.unpack(kContainer, kLargestSongFile)});
         const auto files = document.root().child("rootfiles");
         return read(files.child("rootfile").attribute("full-path").value());
     }
@@ -72,8 +108,7 @@ OpenedSong readNamed(const fs::path& name, Read read) {
     } catch (const BadInput& error) {
         throw BadInput(name.u8string() + ": " + error.what());
     } catch (const std::bad_alloc&) {
-        throw BadInput(name.u8string() +
-                       ": expected a song that fits into memory, found a larger one");
+        throw BadInput(name.u8string() + ": " + kOutOfMemory);
     }
 }
 
@@ -92,6 +127,7 @@ OpenedSong songFromBytes(const std::string& bytes, const std::string& ending,
     if (ending == ".json") {
         return {songFromJson(bytes), {}};
     }
+    expectScore(bytes, ending);
     return isCompressed(bytes) ? songFromZip(bytes, verse, progress)
                                : songFromMusicXml(bytes, verse, progress);
 }

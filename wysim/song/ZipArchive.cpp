@@ -20,9 +20,11 @@ bool isStoredOrDeflated(const unz_file_info64& info) {
     return !isEncrypted && (info.compression_method == 0 || info.compression_method == Z_DEFLATED);
 }
 
-// The current file of the archive, but for an error in it as far as it can be read.
-std::string readCurrent(unzFile archive) {
+// The current file of the archive, but for an error in it as far as it can be read. It is never
+// longer than its size, so no memory goes to a text that grows.
+std::string readCurrent(unzFile archive, std::size_t unpackedSize) {
     std::string text;
+    text.reserve(unpackedSize);
     std::array<char, 65536> piece;
     int size = unzOpenCurrentFile(archive) == UNZ_OK ? 1 : 0;
     while (size > 0) {
@@ -104,7 +106,7 @@ std::string ZipArchive::unpack(const std::string& name, std::size_t limit) const
                                           inQuotes(name),
                                       std::to_string(info.uncompressed_size));
     }
-    auto text = readCurrent(archive_.get());
+    auto text = readCurrent(archive_.get(), info.uncompressed_size);
     if (unzCloseCurrentFile(archive_.get()) != UNZ_OK || text.size() != info.uncompressed_size) {
         throw BadInput::expectedFound(inQuotes(name) + " undamaged in the zip file",
                                       "other contents than its header states");
