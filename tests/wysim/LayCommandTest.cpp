@@ -2,6 +2,7 @@
 #include "tests/Options.h"
 #include "tests/wysim/ScoreFixture.h"
 #include "tests/wysim/SmallMelodies.h"
+#include "tests/wysim/SmallScores.h"
 #include "tests/wysim/SongFixture.h"
 #include "wysim/song/JsonSong.h"
 
@@ -144,6 +145,16 @@ TEST_F(LayCommand, TakesATrackByItsNameOrNumber) {
     EXPECT_EQ(run.status, 2);
     EXPECT_EQ(run.err, "wysim: expected the name of a track or a number from 1 to 3 as --track, "
                        "found '4'.\n");
+}
+
+TEST_F(LayCommand, TakesAPartWithoutWordsThatIsNamed) {
+    const auto score =
+        folder.write("score.musicxml", scoreOf({{"Voice", {noteOf("C4", 1, lyricOf("love"))}},
+                                                {"Alto", {noteOf("E4", 1) + noteOf("F4", 1)}}}));
+    const auto run = layUnder(score, "love me", {"--track", "Alto"});
+    EXPECT_EQ(run.status, 0) << run.err;
+    EXPECT_NE(run.out.find("2 tracks, 3 notes"), std::string::npos) << run.out;
+    EXPECT_NE(layUnder(score, "love", {}).out.find("1 track, 1 notes"), std::string::npos);
 }
 
 TEST_F(LayCommand, TakesTheTextFromStandardInput) {

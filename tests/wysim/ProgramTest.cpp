@@ -181,8 +181,7 @@ TEST(Program, TellsHowAMelodyGetsItsWords) {
     for (const auto* const text : {"type 1 Glo-ria", "save song.musicxml", "WyBeta.vst3 beside"}) {
         EXPECT_NE(help.find(text), std::string::npos) << text;
     }
-    EXPECT_NE(runProgram({"fit", "--help"}).out.find("a melody gets them by"),
-              std::string::npos);
+    EXPECT_NE(runProgram({"fit", "--help"}).out.find("a melody gets them by"), std::string::npos);
 }
 
 TEST(Program, ShowsTheOptionsOfACommand) {

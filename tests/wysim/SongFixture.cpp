@@ -35,7 +35,7 @@ std::string bytesOf(const fs::path& path) {
 OpenedSong openBytes(const std::string& bytes, const std::string& ending,
                      std::optional<int> verse) {
     Progress progress;
-    return songFromBytes(bytes, ending, verse, progress);
+    return songFromBytes(bytes, ending, {verse}, progress);
 }
 
 Song songFrom(const std::string& bytes, const std::string& ending) {
@@ -57,7 +57,7 @@ std::string refusalOfBytes(const std::string& bytes, const std::string& ending) 
 
 Song readSong(const fs::path& path, std::optional<int> verse) {
     Progress progress;
-    return readSongFile(path, verse, progress).song;
+    return readSongFile(path, {verse}, progress).song;
 }
 
 std::string refusalOf(const fs::path& path, std::optional<int> verse) {

@@ -123,7 +123,7 @@ std::string SongPage::open(const std::string& bytes, const std::string& fileName
     return answer([&] {
         terminal::Progress progress;
         const auto path = std::filesystem::u8path(fileName);
-        const auto opened = song::songFromFile(path, bytes, std::nullopt, progress);
+        const auto opened = song::songFromFile(path, bytes, {}, progress);
         show(opened.song, nameOf(opened.song, path));
         return songWith(R"(,"warnings":)" + nlohmann::json(opened.warnings).dump());
     });

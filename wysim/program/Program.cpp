@@ -187,20 +187,30 @@ int runFit(const CommandLine& line, const song::Song& song, simulator::Editor& e
 }
 
 // The index of a track that is named, or else counted from 1.
-std::size_t trackNamed(const std::optional<std::string>& named, const song::Song& song) {
+std::optional<std::size_t> findTrack(const std::string& named, const song::Song& song) {
     const auto& tracks = song.tracks;
     const auto found = std::find_if(tracks.begin(), tracks.end(),
                                     [&named](const auto& track) { return track.name == named; });
-    if (!named || found != tracks.end()) {
-        return named ? static_cast<std::size_t>(found - tracks.begin()) : 0;
+    if (found != tracks.end()) {
+        return static_cast<std::size_t>(found - tracks.begin());
     }
-    const auto number = song::parseInteger(*named);
-    if (!number || *number < 1 || static_cast<std::size_t>(*number) > tracks.size()) {
+    const auto number = song::parseInteger(named);
+    const bool isTrack =
+        number && *number >= 1 && static_cast<std::size_t>(*number) <= tracks.size();
+    return isTrack ? std::optional(static_cast<std::size_t>(*number) - 1) : std::nullopt;
+}
+
+std::size_t trackNamed(const std::optional<std::string>& named, const song::Song& song) {
+    if (!named) {
+        return 0;
+    }
+    const auto track = findTrack(*named, song);
+    if (!track) {
         throw song::BadInput::expectedFound("the name of a track or a number from 1 to " +
-                                                std::to_string(tracks.size()) + " as --track",
+                                                std::to_string(song.tracks.size()) + " as --track",
                                             words::inQuotes(*named));
     }
-    return static_cast<std::size_t>(*number) - 1;
+    return *track;
 }
 
 void printReplaced(std::size_t words, std::ostream& out) {
@@ -287,7 +297,11 @@ song::Song openSong(const CommandLine& line, terminal::Progress& progress, std::
     if (line.file.empty()) {
         return song::exampleSong();
     }
-    auto opened = song::readSongFile(fs::u8path(line.file), line.verse, progress);
+    const auto path = fs::u8path(line.file);
+    auto opened = song::readSongFile(path, {line.verse}, progress);
+    if (line.track && !findTrack(*line.track, opened.song)) {
+        opened = song::readSongFile(path, {line.verse, true}, progress);
+    }
     for (const auto& warning : opened.warnings) {
         err << "wysim: " << line.file << ": " << warning << ".\n";
     }

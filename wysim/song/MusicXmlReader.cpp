@@ -54,8 +54,9 @@ private:
 
 class ScoreReader {
 public:
-    ScoreReader(const XmlDocument& document, std::optional<int> verse, terminal::Progress& progress)
-        : document_(document), asked_(verse), progress_(progress), warnings_(document) {}
+    ScoreReader(const XmlDocument& document, const ScoreChoice& choice,
+                terminal::Progress& progress)
+        : document_(document), asked_(choice), progress_(progress), warnings_(document) {}
 
     OpenedSong read() {
         const auto score = document_.root();
@@ -98,9 +99,9 @@ private:
 
     // Where there are words, what is without is an accompaniment, but for the tracks of a session.
     void chooseTracks(const std::vector<ScorePart>& parts) {
-        const auto choice = chooseVerse(asked_, parts);
+        const auto choice = chooseVerse(asked_.verse, parts);
         verse_ = choice.verse;
-        takesAll_ = !choice.hasWords || isOwnScore(document_.root());
+        takesAll_ = asked_.takesAllParts || !choice.hasWords || isOwnScore(document_.root());
         if (!choice.warning.empty()) {
             warnings_.add(choice.warning);
         }
@@ -164,7 +165,7 @@ private:
     }
 
     const XmlDocument& document_;
-    std::optional<int> asked_;
+    ScoreChoice asked_;
     int verse_ = 1;
     terminal::Progress& progress_;
     Song song_;
@@ -175,16 +176,16 @@ private:
 
 } // namespace
 
-OpenedSong songFromMusicXml(const std::string& bytes, std::optional<int> verse,
+OpenedSong songFromMusicXml(const std::string& bytes, const ScoreChoice& choice,
                             terminal::Progress& progress) {
     const XmlDocument document(bytes);
-    return ScoreReader(document, verse, progress).read();
+    return ScoreReader(document, choice, progress).read();
 }
 
-OpenedSong songFromMusicXml(UnpackedXml unpacked, std::optional<int> verse,
+OpenedSong songFromMusicXml(UnpackedXml unpacked, const ScoreChoice& choice,
                             terminal::Progress& progress) {
     const XmlDocument document(std::move(unpacked));
-    return ScoreReader(document, verse, progress).read();
+    return ScoreReader(document, choice, progress).read();
 }
 
 } // namespace wybeta::wysim::song

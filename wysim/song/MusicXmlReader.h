@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "wysim/song/ScoreChoice.h"
 #include "wysim/song/Song.h"
 #include "wysim/song/XmlDocument.h"
 #include "wysim/terminal/Progress.h"
 
-#include <optional>
 #include <string>
 
 namespace wybeta::wysim::song {
@@ -16,10 +16,10 @@ namespace wybeta::wysim::song {
 // cannot be read at all.
 //
 // Without a verse that is asked for, it is the first; where that has no words, the first that has.
-OpenedSong songFromMusicXml(const std::string& bytes, std::optional<int> verse,
+OpenedSong songFromMusicXml(const std::string& bytes, const ScoreChoice& choice,
                             terminal::Progress& progress);
 // The same of a score that was compressed: what it says of a place names no line.
-OpenedSong songFromMusicXml(UnpackedXml unpacked, std::optional<int> verse,
+OpenedSong songFromMusicXml(UnpackedXml unpacked, const ScoreChoice& choice,
                             terminal::Progress& progress);
 
 } // namespace wybeta::wysim::song

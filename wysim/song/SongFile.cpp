@@ -70,12 +70,12 @@ bool mayBeScore(std::string_view name) {
     return isMusicXml(ending) && name.find("META-INF/") != 0;
 }
 
-OpenedSong songFromZip(const std::string& bytes, std::optional<int> verse,
+OpenedSong songFromZip(const std::string& bytes, const ScoreChoice& choice,
                        terminal::Progress& progress) {
     constexpr auto kContainer = "META-INF/container.xml";
     const ZipArchive archive(bytes);
     const auto read = [&](const std::string& name) {
-        return songFromMusicXml(UnpackedXml{archive.unpack(name, kLargestSongFile)}, verse,
+        return songFromMusicXml(UnpackedXml{archive.unpack(name, kLargestSongFile)}, choice,
                                 progress);
     };
     const auto names = archive.names();
@@ -123,27 +123,27 @@ std::string endingOf(const fs::path& path) {
 }
 
 OpenedSong songFromBytes(const std::string& bytes, const std::string& ending,
-                         std::optional<int> verse, terminal::Progress& progress) {
+                         const ScoreChoice& choice, terminal::Progress& progress) {
     if (ending == ".json") {
         return {songFromJson(bytes), {}};
     }
     expectScore(bytes, ending);
-    return isCompressed(bytes) ? songFromZip(bytes, verse, progress)
-                               : songFromMusicXml(bytes, verse, progress);
+    return isCompressed(bytes) ? songFromZip(bytes, choice, progress)
+                               : songFromMusicXml(bytes, choice, progress);
 }
 
-OpenedSong readSongFile(const fs::path& path, std::optional<int> verse,
+OpenedSong readSongFile(const fs::path& path, const ScoreChoice& choice,
                         terminal::Progress& progress) {
     return readNamed(path, [&](const std::string& ending) {
-        return songFromBytes(readFile(path, kLargestSongFile), ending, verse, progress);
+        return songFromBytes(readFile(path, kLargestSongFile), ending, choice, progress);
     });
 }
 
-OpenedSong songFromFile(const fs::path& name, const std::string& bytes, std::optional<int> verse,
+OpenedSong songFromFile(const fs::path& name, const std::string& bytes, const ScoreChoice& choice,
                         terminal::Progress& progress) {
     return readNamed(name, [&](const std::string& ending) {
         expectSize(bytes.size(), kLargestSongFile);
-        return songFromBytes(bytes, ending, verse, progress);
+        return songFromBytes(bytes, ending, choice, progress);
     });
 }
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "wysim/song/ScoreChoice.h"
 #include "wysim/song/Song.h"
 #include "wysim/terminal/Progress.h"
 
 #include <cstddef>
 #include <filesystem>
-#include <optional>
 #include <string>
 
 namespace wybeta::wysim::song {
@@ -19,16 +19,16 @@ constexpr std::size_t kLargestSongFile = std::size_t{64} * 1024 * 1024;
 // compressed. The verse matters to scores only; none leaves the choice to the
 // reader. Throws BadInput, saying where.
 OpenedSong songFromBytes(const std::string& bytes, const std::string& ending,
-                         std::optional<int> verse, terminal::Progress& progress);
+                         const ScoreChoice& choice, terminal::Progress& progress);
 
 // Reads a song by the ending of the file's name: .musicxml or .xml, .mxl, .json. Throws BadInput,
 // naming the file; it is larger than allowed also when its unpacked score is.
-OpenedSong readSongFile(const std::filesystem::path& path, std::optional<int> verse,
+OpenedSong readSongFile(const std::filesystem::path& path, const ScoreChoice& choice,
                         terminal::Progress& progress);
 
 // The same from the bytes of a file of that name, wherever it is.
 OpenedSong songFromFile(const std::filesystem::path& name, const std::string& bytes,
-                        std::optional<int> verse, terminal::Progress& progress);
+                        const ScoreChoice& choice, terminal::Progress& progress);
 
 // What is written to a file of that name: JSON for .json, MusicXML for .musicxml and .xml. Throws
 // BadInput for any other ending.
