@@ -112,13 +112,13 @@ describe("The sheet with the words", () => {
     await write(page, VERSE);
     await page.evaluate(() => (document.querySelector("[data-line='2']").isTheSame = true));
     await words(page).press("Control+Home");
-    await page.keyboard.type("O ");
+    await page.keyboard.insertText("O ");
     await counted(page);
     assert.deepEqual(await rows(page), [[1, 8, 7], [2, 7, 7]]);
     await page.keyboard.press("Enter");
     await counted(page);
     assert.deepEqual(await rows(page), [[1, 1, 1], [2, 7, 6], [3, 7, 7]]);
-    for (const key of ["Backspace", "Backspace", "Backspace"]) {
+    for (const key of ["Backspace", "Shift+ArrowLeft", "Shift+ArrowLeft", "Backspace"]) {
       await page.keyboard.press(key);
     }
     await counted(page);
