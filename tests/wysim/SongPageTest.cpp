@@ -350,6 +350,63 @@ TEST_F(SongPageTest, OpensAHeldVowelThatItSavedAsItWasTyped) {
     EXPECT_EQ(each(song, "typed"), (Texts{"hel-lo", "", ""}));
 }
 
+TEST_F(SongPageTest, LaysATextAsOneEdit) {
+    open(songOf({"hello*", "", "love*", "", ""}));
+    const auto before = parsed(page.song());
+    const auto song = parsed(page.lay(1, "my own\nhappy yeet love", false));
+    EXPECT_EQ(each(song, "typed"), (Texts{"my", "own", "happy", "", "love"}));
+    EXPECT_EQ(each(song, "phonemes"), (Texts{"m ay", "ow n", "hh ae", "p iy", "l ah v"}));
+    const auto& laid = song.at("laid");
+    EXPECT_EQ(laid.at("replaced"), 2);
+    EXPECT_EQ(laid.at("asSung"), 2);
+    EXPECT_EQ(laid.at("notSung"), 1);
+    EXPECT_EQ(laid.at("rows").at(1).at("note"), 3);
+    EXPECT_EQ(parsed(page.undo()).at("tracks"), before.at("tracks"));
+    EXPECT_EQ(each(parsed(page.redo()), "typed"), each(song, "typed"));
+}
+
+TEST_F(SongPageTest, LaysGuessesWhenAskedTo) {
+    open(songOf({"", ""}));
+    const auto song = parsed(page.lay(1, "yeet love", true));
+    EXPECT_EQ(each(song, "typed"), (Texts{"yeet[y iy t]", "love"}));
+    EXPECT_EQ(song.at("laid").at("notSung"), 0);
+}
+
+TEST_F(SongPageTest, FitsALaidTextToTheNotesThatItWasLaidOn) {
+    openScore("Glo- _ _ ri- a");
+    page.lay(1, "my happy own love", false);
+    const auto song = parsed(page.fit(false, false));
+    EXPECT_EQ(song.at("fit").at("asTheyAre"), song.at("fit").at("words")) << song.dump();
+}
+
+TEST_F(SongPageTest, CountsTheLinesOfATextAndChangesNothing) {
+    open(songOf({"hello*", "", ""}));
+    const auto before = page.song();
+    const auto lines = parsed(page.lines(1, "my own\n\n[Chorus]\nlove, yeet\nmore")).at("lines");
+    EXPECT_EQ(page.song(), before);
+    ASSERT_EQ(lines.size(), 3u);
+    EXPECT_EQ(lines[0], (Json{{"line", 1},
+                              {"syllables", 2},
+                              {"onNotes", 2},
+                              {"notes", 2},
+                              {"unsung", Json::array()}}));
+    EXPECT_EQ(lines[1].at("line"), 4);
+    EXPECT_EQ(lines[1].at("unsung").at(0).at("column"), 7);
+    EXPECT_EQ(lines[1].at("unsung").at(0).at("suggestions").back().at("text"), "yeet[y iy t]");
+    EXPECT_EQ(lines[2].at("notes"), nullptr);
+}
+
+TEST_F(SongPageTest, RefusesATextThatCannotBeLaid) {
+    open(songOf({"", ""}));
+    EXPECT_EQ(errorIn([&] { return page.lay(1, " ", false); }),
+              "expected a text with words, found none");
+    EXPECT_EQ(errorIn([&] { return page.lay(1, std::string(300'000, 'a'), false); }),
+              "expected a text of at most 256 KiB, found 293 KiB");
+    open(songOf({}));
+    EXPECT_EQ(errorIn([&] { return page.lines(1, "love"); }),
+              "expected a track with notes, found none");
+}
+
 TEST_F(SongPageTest, FitsNothingInASongWithoutWords) {
     open(songOf({"", ""}));
     const auto song = parsed(page.fit(true, false));
