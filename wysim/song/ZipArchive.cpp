@@ -106,7 +106,7 @@ std::string ZipArchive::unpack(const std::string& name, std::size_t limit) const
                                           inQuotes(name),
                                       std::to_string(info.uncompressed_size));
     }
-    auto text = readCurrent(archive_.get(), info.uncompressed_size);
+    auto text = readCurrent(archive_.get(), static_cast<std::size_t>(info.uncompressed_size));
     if (unzCloseCurrentFile(archive_.get()) != UNZ_OK || text.size() != info.uncompressed_size) {
         throw BadInput::expectedFound(inQuotes(name) + " undamaged in the zip file",
                                       "other contents than its header states");
