@@ -52,7 +52,7 @@ XmlDocument::XmlDocument(const std::string& bytes) : bytes_(bytes), hasPlaces_(t
     expectRead(document_.load_buffer(bytes.data(), bytes.size(), kOptions), findInvalid(bytes));
 }
 
-XmlDocument::XmlDocument(UnpackedXml unpacked) : unpacked_(std::move(unpacked.text)) {
+XmlDocument::XmlDocument(UnpackedXml&& unpacked) : unpacked_(std::move(unpacked.text)) {
     expectFewElements(unpacked_);
     const auto invalid = findInvalid(unpacked_);
     expectRead(document_.load_buffer_inplace(unpacked_.data(), unpacked_.size(), kOptions),

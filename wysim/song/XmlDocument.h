@@ -22,7 +22,7 @@ public:
     // they have to outlive this. Throws BadInput, and std::bad_alloc when there is no memory left.
     explicit XmlDocument(const std::string& bytes);
     // The same of an unpacked text, in whose place the document is: that needs no second one.
-    explicit XmlDocument(UnpackedXml unpacked);
+    explicit XmlDocument(UnpackedXml&& unpacked);
     XmlDocument(const XmlDocument&) = delete;
     XmlDocument& operator=(const XmlDocument&) = delete;
 
