@@ -329,7 +329,7 @@ TEST(Refusal, OfAScoreForWhichThereIsNoMemoryIsASentence) {
                                                  "program is out of memory");
 }
 
-TEST(Refusal, ComesBeforeTheMemoryOfALongScoreIsTenTimesItsText) {
+TEST(ScoreMemory, OfElementsIsAtMostFiveTimesTheText) {
     std::string notes;
     for (int i = 0; i < 5000; ++i) {
         notes += noteOf("C4", 1, voiceOf(1) + lyricOf("la"));
