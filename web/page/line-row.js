@@ -49,8 +49,7 @@ export class LineRow {
 }
 
 function isSame(a, b) {
-  return a.text === b.text && a.syllables === b.syllables && a.onNotes === b.onNotes &&
-    a.notes === b.notes && JSON.stringify(a.unsung) === JSON.stringify(b.unsung);
+  return JSON.stringify({ ...a, line: 0 }) === JSON.stringify({ ...b, line: 0 });
 }
 
 // Columns count characters.

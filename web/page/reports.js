@@ -15,8 +15,7 @@ const WAYS_TO_FIT = ["hyphens", "otherEntries", "brackets", "guesses"];
  * have been meant in another way. `type(text)` types another text into the same note.
  */
 export function checkReport(check, type) {
-  const paragraphOf = (finding) => findingParagraph(finding,
-    (suggestion) => type(corrected(check.lyric, finding, suggestion)));
+  const paragraphOf = (finding) => findingParagraph(finding, check.lyric, type);
   const unsung = check.findings.filter(({ sung }) => !sung);
   const others = check.findings.filter(({ sung }) => sung);
   return [
@@ -29,9 +28,7 @@ export function checkReport(check, type) {
 
 /** The words of a line that are not sung. `type(text)` puts another text in the place of the line. */
 export function unsungReport({ text, unsung }, type) {
-  // Each word is a lyric of its own.
-  return firstOf(unsung, MOST_FINDINGS, (finding) => findingParagraph(finding,
-    (suggestion) => type(corrected(text, finding, { text: suggestion.text }))));
+  return firstOf(unsung, MOST_FINDINGS, (finding) => findingParagraph(finding, text, type));
 }
 
 /** How many syllables a line has, how many notes they go to, and how many have no notes. */
@@ -39,7 +36,7 @@ export function lineCounts({ syllables, onNotes, notes }) {
   const surplus = syllables - onNotes;
   const told = notes !== null
     ? [sayCount("notes", notes), ...(surplus > 0 ? [sayCount("surplus", surplus)] : [])]
-    : surplus > 0 ? [say("noPhraseLeft")] : [];
+    : surplus > 0 ? [say("noNotesLeft")] : [];
   return [sayCount("syllables", syllables), ...told].join(say("listComma"));
 }
 
@@ -100,7 +97,7 @@ function fitTotals(fit) {
  * first note of a line; `layByGuesses()` lays the text again, where that was not tried yet.
  */
 export function layReport(laid, unsung, goTo, layByGuesses) {
-  const tooLong = laid.rows.filter(({ syllables, onNotes }) => onNotes < syllables);
+  const tooLong = laid.rows.filter(({ left }) => left.length > 0);
   const canGuess = layByGuesses && unsung.some(({ suggestions = [] }) => suggestions.length > 0);
   return [
     { sentence: layTotals(laid).join(say("betweenSentences")) },
@@ -124,12 +121,10 @@ function layTotals({ lines, syllables, onNotes, held, replaced }) {
   ];
 }
 
-function leftOfLine({ line, note, left, syllables, onNotes }, goTo) {
-  const words = firstWords(left, " ");
-  const surplus = sayCount("syllables", syllables - onNotes);
-  const name = note === null ? "lineWithoutPhrase" : words === "" ? "lineCutShort" : "lineTooLong";
+function leftOfLine({ line, note, left }, goTo) {
+  const name = note === null ? "lineWithoutNotes" : "lineTooLong";
   return {
-    sentence: say(name, { line, words, surplus }),
+    sentence: say(name, { line, words: firstWords(left, " ") }),
     actions: note === null ? [] : [{ text: say("goToLine", { line }), run: () => goTo(note) }],
   };
 }
@@ -156,7 +151,7 @@ function firstOf(items, most, paragraphOf) {
 }
 
 // Of a word that is too long to be looked into, there is no more to say than that it is not sung.
-function findingParagraph(finding, take) {
+function findingParagraph(finding, lyric, type) {
   const { reason, word, suggestions = [] } = finding;
   return {
     sentence: reason === undefined ? notSungWords(1, [{ word }]) : findingSentence(finding),
@@ -164,7 +159,7 @@ function findingParagraph(finding, take) {
       text: suggestion.text,
       label: say(suggestion.guess ? "typeGuess" : "typeSuggestion", { suggestion: suggestion.text }),
       isGuess: suggestion.guess === true,
-      run: () => take(suggestion),
+      run: () => type(corrected(lyric, finding, suggestion)),
     })),
   };
 }

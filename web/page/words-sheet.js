@@ -54,7 +54,6 @@ export class WordsSheet {
   /** Leaves the text in the sheet for the next time. */
   close() {
     this.#element.hidden = true;
-    clearTimeout(this.#pause);
     this.#keep();
     this.#button.focus();
   }
