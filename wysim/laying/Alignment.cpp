@@ -18,6 +18,7 @@ namespace {
 constexpr double kBeginOnHeld = 4;      // a syllable begins on a note that looks held
 constexpr double kHoldFree = 2.5;       // one is held over a note that does not
 constexpr double kHoldRepeated = 2;     // the more if that repeats the pitch
+constexpr double kHoldLong = -1;        // the less after a longer note
 constexpr double kHoldLineEnd = 1.1;    // instead of these, at the end of a line
 constexpr double kHoldIntoPhrase = 8;   // a syllable goes on after a rest
 constexpr double kWordIntoPhrase = 3;   // a word does
@@ -201,7 +202,9 @@ private:
         if (!note.looksHeld[state.heldBy]) {
             const bool isWordEnd = syllables_[state.syllable].isLast;
             const bool isLineEnd = isWordEnd && wordOf(state).endsLine;
-            cost += isLineEnd ? kHoldLineEnd : kHoldFree + (note.repeatsPitch ? kHoldRepeated : 0);
+            cost += isLineEnd ? kHoldLineEnd
+                              : kHoldFree + (note.repeatsPitch ? kHoldRepeated : 0) +
+                                    (note.isShorter ? kHoldLong : 0);
         }
         put(state.syllable, state.heldBy, Step::Hold, from.place, cost);
     }

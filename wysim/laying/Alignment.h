@@ -12,13 +12,13 @@ namespace wybeta::wysim::laying {
 
 // Where a word comes to be sung.
 struct PlacedWord {
-    std::size_t line = 0; // indexes
-    std::size_t word = 0;
+    std::size_t line = 0;                      // an index, as the next three
+    std::size_t word = 0;                      // in the line
     std::size_t way = 0;                       // of the word's ways to sing
-    std::size_t note = 0;                      // the first, as an index
+    std::size_t note = 0;                      // the first
     std::vector<std::size_t> notesOfSyllables; // of those that have notes; at least one
-    std::vector<bool>
-        joins; // for each syllable of the way that is sung, whether it has no note of its own
+    // For each syllable of the way that is sung, whether it shares the note of the one before it.
+    std::vector<bool> joins;
 };
 
 // Puts the words of the lines on the notes so that the least speaks against it: words come out on

@@ -71,7 +71,7 @@ std::vector<MelodyNote> melodyOf(const song::Song& song, std::size_t track) {
         note.looksHeld = {marks.isSlurred, marks.isSlurred || marks.isBeamed, false,
                           marks.isBeamed};
         note.repeatsPitch = i > 0 && notes[i - 1].pitch == notes[i].pitch;
-        note.length = notes[i].length;
+        note.isShorter = i > 0 && song::isBefore(notes[i].length, notes[i - 1].length);
         note.weight = weightOf(song, notes[i].start);
     }
     for (std::size_t begin = 0; begin < notes.size();) {

@@ -22,8 +22,8 @@ struct MelodyNote {
     bool isPhraseSure = true;
     std::array<bool, kWaysToHold> looksHeld = {};
     bool repeatsPitch = false; // of the note before it
-    double length = 1;
-    double weight = 0; // of its place in the bar: 0 for a downbeat, up to 1
+    bool isShorter = false;    // than the note before it
+    double weight = 0;         // of its place in the bar: 0 for a downbeat, up to 1
 };
 
 // Phrases end at rests, breath marks and double bars, and a long stretch without any at long notes
