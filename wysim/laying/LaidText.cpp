@@ -7,9 +7,7 @@
 
 #include <utf8cpp/utf8.h>
 
-#include <algorithm>
 #include <numeric>
-#include <utility>
 
 namespace wybeta::wysim::laying {
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wysim/laying/TextToLay.h"
 
-#include "lyrics/BracketedPhonemes.h"
 #include "lyrics/KanaPhonemeTable.h"
 #include "text/Splitting.h"
 #include "wysim/song/Song.h"
@@ -104,13 +103,14 @@ public:
 private:
     // Kanji with their reading in parentheses.
     bool takeReading() {
-        for (const auto& [begin, end, kana] : readings_) {
-            if (begin == place_) {
-                add(begin, end, kana, true);
-                return true;
-            }
+        const auto found =
+            std::find_if(readings_.begin(), readings_.end(),
+                         [this](const auto& reading) { return reading.begin == place_; });
+        if (found == readings_.end()) {
+            return false;
         }
-        return false;
+        add(found->begin, found->end, found->kana, true);
+        return true;
     }
 
     // The number of a verse: "1.", "1)" or right before a capital letter.

@@ -23,7 +23,6 @@
 #include <filesystem>
 #include <map>
 #include <new>
-#include <optional>
 #include <string_view>
 #include <utility>
 
@@ -211,6 +210,7 @@ std::string SongPage::lines(int track, const std::string& text) {
         const auto laid = counting_.place(laying::linesOfText(text),
                                           openSong().editing.inEditor().song(), trackIndex(track));
         std::vector<CountedLine> lines;
+        lines.reserve(laid.lines.size());
         for (const auto& line : laid.lines) {
             lines.push_back({line, unsungWords(laid, line)});
         }
