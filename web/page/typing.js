@@ -103,11 +103,11 @@ export class Typing {
     }
   }
 
+  // What takes the lines takes the focus too, by which the field is left.
   #pasted(event) {
     const text = event.clipboardData?.getData("text/plain") ?? "";
     if (hasSeveralLines(text)) {
       event.preventDefault();
-      this.finish();
       this.#takeLines(text);
     }
   }
