@@ -394,6 +394,7 @@ TEST_F(SongPageTest, CountsTheLinesOfATextAndChangesNothing) {
     EXPECT_EQ(lines[1].at("unsung").at(0).at("column"), 7);
     EXPECT_EQ(lines[1].at("unsung").at(0).at("suggestions").back().at("text"), "yeet[y iy t]");
     EXPECT_EQ(lines[2].at("notes"), nullptr);
+    EXPECT_EQ(parsed(page.lines(1, "[Chorus]")).at("lines"), Json::array());
 }
 
 TEST_F(SongPageTest, RefusesATextThatCannotBeLaid) {

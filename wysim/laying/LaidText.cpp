@@ -122,7 +122,7 @@ LaidText TextLaying::place(const std::vector<std::string>& text, const song::Son
 
 LaidText TextLaying::laid(const std::vector<LineToLay>& lines, const song::Song& song,
                           std::size_t track, bool isTyped) {
-    if (lines.empty()) {
+    if (isTyped && lines.empty()) {
         throw BadInput::expectedFound("a text with words", "none");
     }
     const auto melody = melodyOf(song, track);

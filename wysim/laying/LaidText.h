@@ -75,7 +75,7 @@ public:
     // Says where each word comes, and what to type there. Throws BadInput when the track has no
     // notes or the text no words.
     LaidText lay(const std::vector<std::string>& text, const song::Song& song, std::size_t track);
-    // The same without what to type.
+    // The same without what to type; a text without words has no lines.
     LaidText place(const std::vector<std::string>& text, const song::Song& song, std::size_t track);
 
 private:
