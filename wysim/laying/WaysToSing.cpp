@@ -119,7 +119,7 @@ std::vector<WayToSing> WaysToSing::find(const std::string& lyric) {
     } else if (reader_.singsAllOf(lyric)) {
         ways.push_back(wayOf(reader_.syllablesOf(lyric), 0, false));
         for (auto& entry : dictionary::findWordEntries(reader_.dictionary(), lyric)) {
-            if (!hasCount(ways, entry.syllables.size())) {
+            if (!entry.syllables.empty() && !hasCount(ways, entry.syllables.size())) {
                 const bool isShorter = entry.syllables.size() < ways.front().syllables.size();
                 ways.push_back(wayOf(std::move(entry.syllables),
                                      isShorter ? kShorterEntry : kLongerEntry, false));
