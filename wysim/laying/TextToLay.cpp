@@ -55,7 +55,9 @@ bool hasSymbol(const Entries& entries, std::string_view symbol) {
 }
 
 bool isSung(std::string_view symbol) {
-    return words::isSymbol(symbol) || hasSymbol(lyrics::KanaPhonemeTable::singles(), symbol) ||
+    constexpr std::string_view kRest = "sil";
+    return symbol == kRest || words::isSymbol(symbol) ||
+           hasSymbol(lyrics::KanaPhonemeTable::singles(), symbol) ||
            hasSymbol(lyrics::KanaPhonemeTable::pairs(), symbol);
 }
 
@@ -103,13 +105,14 @@ public:
 private:
     // Kanji with their reading in parentheses.
     bool takeReading() {
-        const auto found =
-            std::find_if(readings_.begin(), readings_.end(),
-                         [this](const auto& reading) { return reading.begin == place_; });
-        if (found == readings_.end()) {
+        while (reading_ < readings_.size() && readings_[reading_].begin < place_) {
+            ++reading_;
+        }
+        if (reading_ == readings_.size() || readings_[reading_].begin != place_) {
             return false;
         }
-        add(found->begin, found->end, found->kana, true);
+        const auto& [begin, end, kana] = readings_[reading_];
+        add(begin, end, kana, true);
         return true;
     }
 
@@ -243,6 +246,7 @@ private:
     WaysToSing& ways_;
     words::LyricReader& reader_;
     std::vector<words::Reading> readings_;
+    std::size_t reading_ = 0; // the first that begins at the place or after it
     std::size_t place_ = 0;
     bool hasNoMoreEnds_ = false; // of brackets
     std::size_t wordBegin_ = 0;  // of the last word

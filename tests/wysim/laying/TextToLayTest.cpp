@@ -70,6 +70,7 @@ TEST(TextToLay, HasBracketsOfPhonemesWithTheWordBeforeThem) {
     EXPECT_EQ(cutWords("love [s a,k u] me"), "love|[s a,k u]|me");
     EXPECT_EQ(cutWords("read[r eh d] me"), "read[r eh d]|me");
     EXPECT_EQ(cutWords("[s a,k u]"), "[s a,k u]");
+    EXPECT_EQ(cutWords("love [sil] me"), "love|[sil]|me");
 }
 
 TEST(TextToLay, PassesOverOtherBrackets) {
