@@ -302,9 +302,9 @@ describe("The sheet with the words", () => {
     }
     assert.equal(await told(page), "There are no words in the text.");
     await write(page, "[Chorus]");
-    assert.equal(await told(page), "expected a text with words, found none");
+    assert.equal(await told(page), "There are no words in the text.");
     await button(page, "Lay").click();
-    assert.equal(await status(page), "expected a text with words, found none");
+    assert.equal(await status(page), "There are no words in the text.");
     assert.equal(await words(page).inputValue(), "[Chorus]");
   });
 
