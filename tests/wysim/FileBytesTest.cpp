@@ -52,6 +52,13 @@ std::size_t countFiles(const fs::path& folder) {
         std::distance(fs::directory_iterator(folder), fs::directory_iterator()));
 }
 
+TEST(FileBytes, ReadsNoFolderAndNothingThatIsNotThere) {
+    const TemporaryFolder folder;
+    EXPECT_NE(refusalToRead(folder.file("missing")), "");
+    EXPECT_NE(refusalToRead(folder.file("")), "");
+    EXPECT_EQ(refusalToRead(folder.write("small", "love")), "");
+}
+
 TEST(FileBytes, WritesANewFileAndReplacesAnOldOne) {
     const TemporaryFolder folder;
     for (const auto& file : {folder.file("new.txt"), folder.write("old.txt", "old")}) {
