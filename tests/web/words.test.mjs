@@ -191,7 +191,7 @@ describe("The sheet with the words", () => {
     assert.match(await row(page, 1).innerText(), /"xyzzy" is not sung/);
   });
 
-  it("puts the phonemes of a proposal behind the word, or says no more of one that is too long", async () => {
+  it("puts the phonemes of a proposal after the word, or says no more of one that is too long", async () => {
     await write(page, `love, yeet, ${"x".repeat(1001)}`);
     await row(page, 1).getByRole("button", { name: "Type “yeet[y iy t]”, a guess" }).click();
     assert.match(await words(page).inputValue(), /^love, yeet\[y iy t\], x/);
@@ -409,7 +409,7 @@ describe("Lines that are pasted into a note", () => {
     assert.deepEqual(await carried(page), ["love[l ah v]"]);
   });
 
-  it("come behind the text that is there", async () => {
+  it("come after the text that is there", async () => {
     await write(page, "love");
     await noteAt(page, 1).click();
     await paste(page, "a\nb");

@@ -26,7 +26,7 @@ export class LineRow {
     this.number(line.line);
   }
 
-  /** Whether the row says the same of another line, whatever its number. */
+  /** Whether the row says the same of another line, apart from its number. */
   tellsOf(line) {
     return isSame(this.#line, line);
   }

@@ -26,7 +26,7 @@ export function checkReport(check, type) {
   ];
 }
 
-/** The words of a line that are not sung. `type(text)` puts another text in the place of the line. */
+/** The words of a line that are not sung. `type(text)` replaces the line. */
 export function unsungReport({ text, unsung }, type) {
   return firstOf(unsung, MOST_FINDINGS, (finding) => findingParagraph(finding, text, type));
 }

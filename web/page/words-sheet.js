@@ -67,7 +67,7 @@ export class WordsSheet {
     }
   }
 
-  /** Opens the sheet with a text after what stands there. */
+  /** Opens the sheet with a text after the text that is there. */
   take(text) {
     this.open();
     const { value } = this.#field;

@@ -13,7 +13,7 @@ namespace wybeta::wysim::program {
 
 enum class Command { Open, Compare, Fit, Check, Lay };
 
-// Stands for standard output in the place of a file to write.
+// Stands for standard output instead of a file to write.
 constexpr std::string_view kStandardOutput = "-";
 
 // What wysim is asked to do. A file to write may be kStandardOutput.

@@ -17,7 +17,7 @@ std::string readFile(const std::filesystem::path& path, std::size_t limit);
 // that is read-only, even where the folder would allow it.
 void writeFile(const std::filesystem::path& path, std::string_view text);
 
-// Throws BadInput when that many bytes are more than the limit, which is told in MiB.
+// Throws BadInput, which names the limit in MiB, when there are more bytes than it allows.
 void expectSize(std::size_t bytes, std::size_t limit);
 
 } // namespace wybeta::wysim::song

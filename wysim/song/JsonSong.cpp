@@ -24,7 +24,7 @@ constexpr auto kEndsPhrase = "endsPhrase";
 constexpr int kDeepest = 100;
 constexpr int kMostValues = 6'000'000;
 
-// The library builds whatever a text holds, in the worst case in 20 times its size. A song nests 4
+// The library builds any value, in up to 20 times the size of its text. A song nests 4
 // deep, and in the longest text a note and its members are 6 values of 75 bytes.
 void expectModest(const std::string& bytes) {
     int depth = 0;
