@@ -4,8 +4,8 @@ const KEY = "wy-beta-words";
 const NOTHING = { text: "", isOpen: false };
 
 /**
- * What stands in the sheet, kept by the browser for this tab, so that it is there again after a
- * reload. Where the browser keeps nothing, there is nothing then.
+ * The text of the sheet, which the browser keeps for this tab, so that a reload does not lose it. It
+ * is empty after a reload where the browser keeps nothing.
  */
 export const keptText = {
   load() {
