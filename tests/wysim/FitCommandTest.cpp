@@ -121,8 +121,8 @@ TEST_F(FitCommand, RefusesASongWithoutWords) {
     const auto run = fit("_ _", {"--save", path("fitted.json"), "--svg", path("fitted.svg")});
     EXPECT_EQ(run.status, 2);
     EXPECT_EQ(run.out, path("score.musicxml") + ": 1 track, 2 notes\n");
-    EXPECT_EQ(run.err, "wysim: expected a song with words to fit, found none; type them first, in "
-                       "a session: 'wysim SONG'.\n");
+    EXPECT_EQ(run.err, "wysim: expected a song with words to fit, found none; lay a text under "
+                       "it first: 'wysim lay SONG TEXT'.\n");
     EXPECT_FALSE(std::filesystem::exists(folder.file("fitted.json")));
     EXPECT_FALSE(std::filesystem::exists(folder.file("fitted.svg")));
 }

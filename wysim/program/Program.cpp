@@ -153,8 +153,8 @@ int runSession(const CommandLine& line, const song::Song& song, simulator::Edito
 // Without words there is nothing to fit, and nothing to write.
 void expectWords(const song::Song& song) {
     if (words::wordsOf(song).empty()) {
-        throw song::BadInput::expectedFound("a song with words to fit",
-                                            "none; type them first, in a session: 'wysim SONG'");
+        throw song::BadInput::expectedFound(
+            "a song with words to fit", "none; lay a text under it first: 'wysim lay SONG TEXT'");
     }
 }
 
