@@ -152,9 +152,7 @@ private:
                      "Write phonemes in brackets where nothing else fits");
         fit.add_flag("--guess", line_.ways.guesses,
                      "Write phonemes in brackets for words that are not sung, guessed if need be");
-        fit.add_option("--save", line_.save,
-                       "Write the song with the fitted words typed; - is standard output")
-            ->type_name("FILE");
+        addSave(fit);
         addPicture(fit);
     }
 
@@ -176,9 +174,7 @@ private:
         addVerse(lay);
         lay.add_flag("--guess", line_.ways.guesses,
                      "Lay words that are not sung with phonemes in brackets, guessed if need be");
-        lay.add_option("--save", line_.save,
-                       "Write the song with the words typed; - is standard output")
-            ->type_name("FILE");
+        addSave(lay);
         addPicture(lay);
         lay.add_option("--json", line_.json, "Write where each word is laid; - is standard output")
             ->type_name("FILE");
@@ -200,6 +196,11 @@ private:
         app.add_option("--verse", verse_,
                        "The verse of the score to sing (default: the first that has words)")
             ->type_name("N");
+    }
+    void addSave(CLI::App& app) {
+        app.add_option("--save", line_.save,
+                       "Write the song with these words typed; - is standard output")
+            ->type_name("FILE");
     }
     void addPicture(CLI::App& app) {
         app.add_option("--svg", line_.svg,
