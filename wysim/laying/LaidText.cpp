@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wysim/laying/LaidText.h"
 
+#include "wysim/laying/Melody.h"
 #include "wysim/song/BadInput.h"
 #include "wysim/words/Holds.h"
 #include "wysim/words/Wording.h"

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "wysim/laying/Alignment.h"
-#include "wysim/laying/Melody.h"
 #include "wysim/laying/TextToLay.h"
 #include "wysim/laying/WaysToSing.h"
 #include "wysim/song/Song.h"
@@ -12,6 +11,7 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace wybeta::wysim::laying {

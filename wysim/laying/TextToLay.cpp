@@ -5,6 +5,7 @@
 #include "text/Splitting.h"
 #include "wysim/song/Song.h"
 #include "wysim/words/CharacterKinds.h"
+#include "wysim/words/Letters.h"
 #include "wysim/words/LyricText.h"
 #include "wysim/words/Readings.h"
 #include "wysim/words/Sounds.h"
@@ -23,7 +24,7 @@ constexpr std::u32string_view kAfterNumber = U".):．）：";
 constexpr std::u32string_view kHyphens = U"-\u00AD\u2010\u2011";
 
 bool isHyphen(char32_t character) {
-    return kHyphens.find(character) != Text::npos;
+    return words::isOneOf(character, kHyphens);
 }
 
 bool isKana(Text text, std::size_t place) {
@@ -46,19 +47,9 @@ std::u32string inPlainCharacters(Text word) {
         words::withPlainLetters(words::withPlainApostrophes(std::u32string(word))));
 }
 
-template <class Entries>
-bool hasSymbol(const Entries& entries, std::string_view symbol) {
-    return std::any_of(entries.begin(), entries.end(), [symbol](const auto& entry) {
-        const auto symbols = text::splitText(entry.phonemes, "");
-        return std::find(symbols.begin(), symbols.end(), symbol) != symbols.end();
-    });
-}
-
 bool isSung(std::string_view symbol) {
     constexpr std::string_view kRest = "sil";
-    return symbol == kRest || words::isSymbol(symbol) ||
-           hasSymbol(lyrics::KanaPhonemeTable::singles(), symbol) ||
-           hasSymbol(lyrics::KanaPhonemeTable::pairs(), symbol);
+    return symbol == kRest || words::isSymbol(symbol) || words::isKanaSymbol(symbol);
 }
 
 // Characters that no lyric can hold become blanks.
@@ -123,7 +114,7 @@ private:
             ++end;
         }
         const bool isNumber = end < line_.size() && end > place_ && isDigit(line_[end - 1]) &&
-                              (kAfterNumber.find(line_[end]) != Text::npos ||
+                              (words::isOneOf(line_[end], kAfterNumber) ||
                                (line_[end] >= U'A' && line_[end] <= U'Z'));
         place_ = isNumber ? end : place_;
     }

@@ -108,22 +108,6 @@ bool isAsciiWord(char32_t character) {
 
 using MoraSymbols = std::vector<std::string_view>;
 
-bool isOfKana(std::string_view symbol) {
-    static const auto symbols = [] {
-        std::set<std::string_view> all;
-        const auto addAll = [&all](const auto& chart) {
-            for (const auto& entry : chart) {
-                const auto more = text::splitText(entry.phonemes, "");
-                all.insert(more.begin(), more.end());
-            }
-        };
-        addAll(lyrics::KanaPhonemeTable::singles());
-        addAll(lyrics::KanaPhonemeTable::pairs());
-        return all;
-    }();
-    return symbols.count(symbol) > 0;
-}
-
 bool isKanaVowel(std::string_view symbol) {
     constexpr std::string_view kKanaVowels[] = {"a", "i", "u", "e", "o", "wo"};
     return std::find(std::begin(kKanaVowels), std::end(kKanaVowels), symbol) !=
@@ -148,10 +132,26 @@ std::string moraeOf(const MoraSymbols& symbols) {
 
 bool hasSeveralVowels(const MoraSymbols& symbols) {
     return std::count_if(symbols.begin(), symbols.end(), isKanaVowel) > 1 &&
-           std::all_of(symbols.begin(), symbols.end(), isOfKana);
+           std::all_of(symbols.begin(), symbols.end(), isKanaSymbol);
 }
 
 } // namespace
+
+bool isKanaSymbol(std::string_view symbol) {
+    static const auto symbols = [] {
+        std::set<std::string_view> all;
+        const auto addAll = [&all](const auto& chart) {
+            for (const auto& entry : chart) {
+                const auto more = text::splitText(entry.phonemes, "");
+                all.insert(more.begin(), more.end());
+            }
+        };
+        addAll(lyrics::KanaPhonemeTable::singles());
+        addAll(lyrics::KanaPhonemeTable::pairs());
+        return all;
+    }();
+    return symbols.count(symbol) > 0;
+}
 
 std::vector<Reading> findReadings(std::u32string_view text) {
     std::vector<Reading> readings;

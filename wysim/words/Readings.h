@@ -28,6 +28,9 @@ std::vector<Reading> findReadings(std::u32string_view text);
 // there, unless a Latin letter or digit follows. Expects ordinary kana, not half-width ones.
 std::u32string withSungMarks(std::u32string text);
 
+// Whether a kana is sung with the phoneme symbol.
+bool isKanaSymbol(std::string_view symbol);
+
 // The inside of a lyric's brackets with a syllable for each mora: "s a,k u" for "s a k u", "k
 // a,cl,t a" for "k a cl t a". None if no syllable has several vowels, or one has a symbol that no
 // kana is sung with.
