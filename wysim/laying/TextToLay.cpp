@@ -155,17 +155,12 @@ private:
     }
 
     bool takeWord() {
-        auto end = place_;
-        bool hasLetters = false;
-        while (end < line_.size() && isInWord(line_[end]) && !isKana(line_, end) && !isDash(end)) {
-            hasLetters = hasLetters || words::isOfWords(line_[end]);
-            ++end;
+        const auto end = endOfWord();
+        auto begin = std::exchange(place_, end);
+        const auto word = line_.substr(begin, end - begin);
+        if (std::none_of(word.begin(), word.end(), words::isOfWords)) {
+            return begin < end;
         }
-        if (!hasLetters) {
-            place_ = std::max(end, place_);
-            return end > place_;
-        }
-        auto begin = place_;
         while (isHyphen(line_[begin])) {
             ++begin;
         }
@@ -177,6 +172,16 @@ private:
         add(bare.first, bare.second, lyricOf(bare.first, bare.second), false);
         place_ = end;
         return true;
+    }
+
+    // Where the characters end that may be a word from the place on.
+    std::size_t endOfWord() const {
+        const auto reading = reading_ < readings_.size() ? readings_[reading_].begin : line_.size();
+        auto end = place_;
+        while (end < reading && isInWord(line_[end]) && !isKana(line_, end) && !isDash(end)) {
+            ++end;
+        }
+        return end;
     }
 
     // Two hyphens stand for a dash.

@@ -63,6 +63,7 @@ TEST(TextToLay, HasOneWordForARunOfKana) {
 
 TEST(TextToLay, SingsKanjiByTheReadingAfterThem) {
     EXPECT_EQ(cutWords("桜（さくら）が"), "桜（さくら）=さくら|が");
+    EXPECT_EQ(cutWords("love桜（さくら）"), "love|桜（さくら）=さくら");
     EXPECT_EQ(cutWords("桜が"), "桜?|が");
 }
 
@@ -101,6 +102,12 @@ TEST(TextToLay, HasOtherNumbersAsWordsThatAreNotSung) {
     EXPECT_EQ(cutWords("100 years"), "100?|years");
     EXPECT_EQ(cutWords("7th heaven"), "7th?|heaven");
     EXPECT_EQ(cutWords("12"), "12?");
+}
+
+TEST(TextToLay, LosesNothingAfterMarksWithoutAWord) {
+    EXPECT_EQ(cutWords("'さくら"), "さくら");
+    EXPECT_EQ(cutWords("-さくら-"), "さくら");
+    EXPECT_EQ(cutWords("'[s a,k u]"), "[s a,k u]");
 }
 
 TEST(TextToLay, HasTwoHyphensForADash) {
